@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+inline constexpr int anyBettorNumber = 1;
+QString anyBettorName(); // "AnyBettor"
+
+// One slot of the bettor table.
+struct Bettor
+{
+    int number = 0; // 0: the slot is empty
+    QString name;
+
+    // A deleted slot has number 999 and no name; bettor 999 with a name is a bettor.
+    bool isDeleted() const { return number == 999 && name.isEmpty(); }
+    bool isEmpty() const { return number == 0; }
+    bool isBettor() const { return !isEmpty() && !isDeleted(); }
+};
+
+// The one list of bettors of the event. Slots are 1-based and in file order.
+class BettorTable
+{
+public:
+    // An empty table of \a limit slots.
+    explicit BettorTable(int limit = 0);
+
+    // Reads a Bettors file; the table grows to what the file holds. Lines that hold no bettor are
+    // kept for the next rewrite and counted.
+    static BettorTable parse(const QByteArray &bytes, int limit);
+
+    int slotCount() const { return int(m_slots.size()); }
+    const Bettor &slot(int slot) const { return m_slots[slot - 1]; }
+    void setSlot(int slot, const Bettor &bettor) { m_slots[slot - 1] = bettor; }
+
+    // The first slot with this name, exactly, or 0.
+    int slotOf(const QString &name) const;
+
+    // The name for a bettor number, or a null string when no bettor carries it.
+    QString nameOf(int number) const;
+
+    // The number of the first bettor with this name, or 0.
+    int numberOf(const QString &name) const;
+
+    // The highest bettor number, 0 when there is none.
+    int highestNumber() const;
+
+    // The number that the next new bettor gets: that of the last record read, plus 1.
+    int nextNumber = 1;
+
+    QList<QByteArray> damagedLines() const { return m_damaged; }
+
+    // The names in plain order with accents stripped.
+    QStringList sortedNames() const;
+
+    // The records of Bettors: every bettor in slot order, then the damaged lines.
+    QByteArray records() const;
+
+    // The records of Bettorsbackup: as above, but the scan stops at the first empty slot.
+    QByteArray backupRecords() const;
+
+private:
+    QList<Bettor> m_slots;
+    QList<QByteArray> m_damaged;
+};
+
+// The records of a new Bettors file: AnyBettor alone.
+QByteArray newBettorRecords();

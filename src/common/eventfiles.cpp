@@ -1,0 +1,162 @@
+#include "common/eventfiles.h"
+
+#include "common/fileerror.h"
+#include "common/init.h"
+#include "common/recordfile.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString baseName(RecordFile file)
+{
+    switch (file) {
+    case RecordFile::Horses:
+        return u"Horses"_s;
+    case RecordFile::Bets:
+        return u"Bets"_s;
+    case RecordFile::Multibets:
+        return u"Multibets"_s;
+    case RecordFile::Bettors:
+        break;
+    }
+    return u"Bettors"_s;
+}
+
+QString pathOf(const Session &session, RecordFile file, int race, const QString &twinSuffix)
+{
+    const QString suffix = file == RecordFile::Bettors ? QString() : raceName(race);
+    return session.paths.toHost(session.settings.eventDirectory + baseName(file) + twinSuffix
+                                + suffix);
+}
+
+// True when the file is not there; anything else that keeps it from being read is thrown.
+bool isMissing(const QString &path)
+{
+    try {
+        readRecordFile(path);
+    } catch (const FileError &error) {
+        if (error.number() == ErrorNumber::FileNotFound)
+            return true;
+        throw;
+    }
+    return false;
+}
+
+// A full twin whose main file is missing may be the only whole copy: out of the way with it.
+QString moveFullTwinToSaved(Session &session, const QString &twin)
+{
+    const QString copy = keepInSaved(session, twin);
+    if (copy.isEmpty())
+        return {};
+    return QFileInfo(twin).fileName() + " was moved to Saved as "_L1 + copy;
+}
+
+// Creates a missing record file and its twin with the records that a new one holds.
+QString createIfMissing(Session &session, RecordFile file, int race, const QByteArray &records,
+                        const QString &labelBase)
+{
+    QString &label = session.settings.operationLabel;
+    label = labelBase + " input-Setup"_L1;
+    if (!isMissing(mainFile(session, file, race)))
+        return {};
+    const QString twin = twinFile(session, file, race);
+    label = labelBase + "backup output-Setup"_L1;
+    QString note = moveFullTwinToSaved(session, twin);
+    label = labelBase + " output-Setup"_L1;
+    replaceRecordFile(mainFile(session, file, race), records);
+    label = labelBase + "backup output-Setup"_L1;
+    replaceRecordFile(twin, records);
+    return note;
+}
+
+} // namespace
+
+QString mainFile(const Session &session, RecordFile file, int race)
+{
+    return pathOf(session, file, race, {});
+}
+
+QString twinFile(const Session &session, RecordFile file, int race)
+{
+    return pathOf(session, file, race, u"backup"_s);
+}
+
+QString eventFolder(const Session &session)
+{
+    return session.paths.toHost(session.settings.eventDirectory);
+}
+
+QString savedFolder(const Session &session)
+{
+    return session.paths.toHost(session.settings.eventDirectory + u"Saved"_s);
+}
+
+void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
+                  const QString &label, const QString &twinLabel)
+{
+    session.settings.operationLabel = label;
+    replaceRecordFile(mainFile(session, file, race), records);
+    session.settings.operationLabel = twinLabel;
+    replaceRecordFile(twinFile(session, file, race), records);
+}
+
+QString keepInSaved(Session &session, const QString &path)
+{
+    if (QFileInfo(path).size() == 0)
+        return {};
+    const QByteArray bytes = readRecordFile(path);
+    makeFolder(savedFolder(session));
+    const QString stem = QFileInfo(path).fileName() + u' '
+                         + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_s);
+    QString name = stem;
+    for (int n = 2; QFileInfo::exists(savedFolder(session) + u'/' + name); ++n)
+        name = stem + u'-' + QString::number(n);
+    replaceRecordFile(savedFolder(session) + u'/' + name, bytes);
+    return name;
+}
+
+void keepTwinsInSaved(Session &session, RecordFile file, int race)
+{
+    keepInSaved(session, mainFile(session, file, race));
+    keepInSaved(session, twinFile(session, file, race));
+}
+
+QString CreateEventFiles(Session &session)
+{
+    saveInit(session, InitWriter::Setup, u"Init open-Setup"_s, u"Init output-Setup"_s);
+    return createMissingEventFiles(session);
+}
+
+QString createMissingEventFiles(Session &session)
+{
+    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
+    makeFolder(eventFolder(session));
+    QStringList notes;
+    for (int race = 1; race <= raceCount; ++race) {
+        notes += createIfMissing(session, RecordFile::Bets, race, {}, u"Bets"_s);
+        notes += createIfMissing(session, RecordFile::Multibets, race, {}, u"Multibets"_s);
+    }
+    session.settings.operationLabel = u"Horses directory-Setup"_s;
+    for (int race = 1; race <= raceCount; ++race) {
+        notes += createIfMissing(session, RecordFile::Horses, race, horseRecords(HorseTable()),
+                                 u"Horses"_s);
+    }
+    notes += createIfMissing(session, RecordFile::Bettors, 0, newBettorRecords(), u"Bettors"_s);
+    notes.removeAll(QString());
+    return notes.join(u'\n');
+}
+
+QString CreateMissingRaceBets(Session &session)
+{
+    const int race = session.settings.currentRace;
+    const QString twin = twinFile(session, RecordFile::Bets, race);
+    const QString note = moveFullTwinToSaved(session, twin);
+    replaceRecordFile(mainFile(session, RecordFile::Bets, race), {});
+    replaceRecordFile(twin, {});
+    return note;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "common/session.h"
+
+// Every file name of an event is built here: event directory, base name and race name, with no
+// separator. All functions throw FileError; they set the operation label as they go.
+
+// The record files of a race and those of the whole event.
+enum class RecordFile { Horses, Bets, Multibets, Bettors };
+
+// This computer's path of a record file and of its twin; Bettors has no race.
+QString mainFile(const Session &session, RecordFile file, int race);
+QString twinFile(const Session &session, RecordFile file, int race);
+
+// The event directory and its folder of kept copies, as this computer's paths.
+QString eventFolder(const Session &session);
+QString savedFolder(const Session &session);
+
+// Rewrites a record file and then its twin with the same records.
+void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
+                  const QString &label, const QString &twinLabel);
+
+// Puts a copy of a file into the Saved folder, with the time in its name. A missing or empty file
+// needs none. Returns the copy's file name, or an empty text.
+QString keepInSaved(Session &session, const QString &path);
+
+// The same for a record file and its twin, before they are shortened, deleted or replaced.
+void keepTwinsInSaved(Session &session, RecordFile file, int race);
+
+// What GO TO MENU does: Init, the event directory and every missing record file of the 12 races.
+// Existing files are never touched; a full twin of a missing file is moved to Saved first. Returns
+// a note that names what was moved, or an empty text.
+QString CreateEventFiles(Session &session);
+
+// The same without Init, for a directory whose record files may be missing.
+QString createMissingEventFiles(Session &session);
+
+// Creates the current race's Bets and Betsbackup empty; a full Betsbackup is moved to Saved first.
+// Returns a note as above.
+QString CreateMissingRaceBets(Session &session);

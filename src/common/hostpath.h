@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+// A drive that a screen can offer.
+struct Drive
+{
+    QString name;  // "C:"
+    QString label; // the volume's name, empty when it has none
+};
+
+// Where the paths of settings, Init and screens (C:\Trelawn\, \\NAME\Tshare\) are on this computer.
+//
+// Without native drives, C:, D: and E: are folders below <data folder>/drives; further single
+// capital letters there are further drives, and removable volumes take the next free letters from
+// F: on. \\NAME\Share is a mounted volume of that device, else <data folder>/network/NAME/Share.
+class HostPaths
+{
+public:
+    // \a dataFolder is the folder that holds drives/ and network/; empty means the user's own.
+    explicit HostPaths(const QString &dataFolder = {});
+
+    // The host's path for a path in backslash form. Throws FileError: 76 for an empty path, 68 for
+    // a drive that does not exist, 52 for a path that begins with neither a drive nor a computer.
+    QString toHost(const QString &path) const;
+
+    // The drives there are now, in order of their letters.
+    QList<Drive> drives() const;
+
+private:
+    QString driveRoot(QChar letter) const;
+
+    QString m_dataFolder;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "common/betrecords.h"
+#include "common/bettors.h"
+#include "common/horses.h"
+#include "common/hostpath.h"
+#include "common/pools.h"
+#include "common/settings.h"
+
+// What one run of the program shares between its screens: made once in main, handed to every screen
+// by reference. The tables hold what was last loaded for the current race.
+struct Session
+{
+    Settings settings;
+    HostPaths paths;
+    BettorTable bettors;
+    HorseTable horses;
+    BetTable bets;
+    PoolTable pools;
+};

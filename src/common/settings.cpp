@@ -1,0 +1,36 @@
+#include "common/settings.h"
+
+using namespace Qt::StringLiterals;
+
+bool Settings::receiptsPrint() const
+{
+    return receiptPrinting != "no"_L1;
+}
+
+void Settings::setReceiptPrinting(bool on)
+{
+    receiptPrinting = on ? u"yes"_s : u"no"_s;
+    if (on)
+        printerAttached = true;
+}
+
+QString Settings::raceName() const
+{
+    return ::raceName(currentRace);
+}
+
+QString raceName(int race)
+{
+    return " Race"_L1 + QString::number(race);
+}
+
+QString roundingText(int roundingIndex)
+{
+    static const QStringList texts{u"0.01"_s, u"0.10"_s, u"0.25"_s, u"0.50"_s, u"1.00"_s};
+    return texts.value(roundingIndex - 1);
+}
+
+int fontPoints(int fontIndex)
+{
+    return fontIndex >= 1 && fontIndex <= 7 ? 6 + 2 * fontIndex : 8;
+}

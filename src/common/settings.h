@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+inline constexpr int raceCount = 12;
+inline constexpr int defaultBetLimit = 20000;
+inline constexpr int defaultBettorLimit = 2000;
+
+// The settings that every screen reads. Yes/no settings hold the words "yes" and "no".
+struct Settings
+{
+    // Stored in Init.
+    QString banner;
+    QString eventDirectory; // backslash form, ends in one backslash
+    int fontIndex = 0;      // of the report font sizes, 1 = 8 points; 0 while unset
+    QString receiptPrinting;
+    int roundingIndex = 0;                          // 1 = 0.01 to 5 = 1.00; 0 while unset
+    int currentRace = 0;                            // 1 to 12; 0 while unset
+    std::array<float, 4> reserved{0.25F, 1, 5, 10}; // fields 7 to 10, kept as they were read
+    int betLimit = defaultBetLimit;
+    int bettorLimit = defaultBettorLimit;
+    float computerMode = 0; // field 14, kept as it was read
+
+    // For this run only.
+    QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
+    QString receiptFontSize;     // points, empty means 8
+    QString operationLabel;      // the file operation in progress, title of its error box
+    QString betSheetMessage;     // printed at the foot of bet sheets
+    QString betsCleared;         // "yes" once Clear ALL Bet Files was done in this run
+    bool printerAttached = true; // the start question's answer; switching receipts on makes it true
+    QString mainComputer = QStringLiteral("no");
+    QString satelliteComputer = QStringLiteral("no");
+    int networkMode = 0; // 1 while the event directory is a master computer's shared folder
+
+    // True unless receipt printing is "no": the gate of receipts and refund slips.
+    bool receiptsPrint() const;
+
+    // The gate of slips that have none of their own.
+    bool mayPrint() const { return printerAttached; }
+
+    // "yes" or "no"; switching on also lifts the answer that no printer is attached.
+    void setReceiptPrinting(bool on);
+
+    // " Race3": with its leading blank, the suffix of every file name of the race.
+    QString raceName() const;
+
+    // Banner and race name, as every screen shows them.
+    QString bannerAndRace() const { return banner + raceName(); }
+};
+
+// " Race1" to " Race12".
+QString raceName(int race);
+
+// "0.01", "0.10", "0.25", "0.50" or "1.00" for the rounding index 1 to 5.
+QString roundingText(int roundingIndex);
+
+// The report font size in points; an index outside 1 to 7 gives 8.
+int fontPoints(int fontIndex);

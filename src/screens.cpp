@@ -1,0 +1,19 @@
+#include "screens.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template<typename Screen>
+ScreenEntry screen(const QString &name, const QString &title, const QString &closeButton)
+{
+    return {name, title, closeButton,
+            [](const ScreenContext &context) -> QWidget * { return new Screen(context); }};
+}
+
+} // namespace
+
+std::vector<ScreenEntry> allScreens()
+{
+    return {};
+}

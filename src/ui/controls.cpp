@@ -1,0 +1,219 @@
+#include "ui/controls.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char altLetterProperty[] = "altLetter";
+constexpr char captionProperty[] = "caption";
+
+// The caption with its Alt letter marked, and ampersands of its own doubled.
+QString markedCaption(const QString &caption, QChar altLetter)
+{
+    qsizetype at = altLetter.isNull() ? -1 : caption.indexOf(altLetter, 0, Qt::CaseInsensitive);
+    QString marked;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (i == at)
+            marked += u'&';
+        if (caption[i] == u'&')
+            marked += u'&';
+        marked += caption[i];
+    }
+    return marked;
+}
+
+void applyCaption(QAbstractButton *button)
+{
+    const QString letter = button->property(altLetterProperty).toString();
+    button->setText(markedCaption(captionOf(button), letter.isEmpty() ? QChar() : letter.front()));
+}
+
+template<typename Widget>
+Widget *named(Widget *widget, const QString &name, const QString &toolTip)
+{
+    widget->setObjectName(name);
+    if (!toolTip.isEmpty()) {
+        // Rich text only to wrap long tips; the tip's own characters stay what they are.
+        widget->setToolTip("<span>"_L1 + toolTip.toHtmlEscaped() + "</span>"_L1);
+        widget->setAccessibleDescription(toolTip);
+    }
+    return widget;
+}
+
+} // namespace
+
+QString memberName(const QString &array, int index)
+{
+    return array + u'_' + QString::number(index);
+}
+
+QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
+                        const QString &toolTip)
+{
+    auto *button = named(new QPushButton(parent), name, toolTip);
+    setCaption(button, caption);
+    button->setAutoDefault(false);
+    return button;
+}
+
+void setCaption(QAbstractButton *button, const QString &caption)
+{
+    button->setProperty(captionProperty, caption);
+    applyCaption(button);
+}
+
+QString captionOf(const QAbstractButton *button)
+{
+    return button->property(captionProperty).toString();
+}
+
+void assignAltLetters(QWidget *screen)
+{
+    QSet<QChar> used;
+    for (QWidget *widget = screen->nextInFocusChain(); widget && widget != screen;
+         widget = widget->nextInFocusChain()) {
+        auto *button = qobject_cast<QAbstractButton *>(widget);
+        if (!button || !screen->isAncestorOf(button) || captionOf(button).isEmpty())
+            continue;
+        for (const QChar character : captionOf(button)) {
+            if (character.isLetterOrNumber() && !used.contains(character.toUpper())) {
+                used.insert(character.toUpper());
+                button->setProperty(altLetterProperty, QString(character));
+                applyCaption(button);
+                break;
+            }
+        }
+    }
+}
+
+QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text, const QString &toolTip,
+                  bool wraps)
+{
+    auto *label = named(new QLabel(parent), name, toolTip);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->setWordWrap(wraps);
+    return label;
+}
+
+QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
+                    const QString &toolTip)
+{
+    QLabel *label = makeLabel(parent, name, text, toolTip);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+QLabel *makeNoteLine(QWidget *parent)
+{
+    QLabel *label = makeLabel(parent, u"lblnote"_s, {}, {}, true);
+    label->setAccessibleName(u"Note"_s);
+    label->setMinimumHeight(label->fontMetrics().height());
+    return label;
+}
+
+QLineEdit *makeField(QWidget *parent, const QString &name, const QString &toolTip)
+{
+    return named(new QLineEdit(parent), name, toolTip);
+}
+
+QLineEdit *makeDisplay(QWidget *parent, const QString &name, const QString &toolTip)
+{
+    QLineEdit *field = makeField(parent, name, toolTip);
+    field->setReadOnly(true);
+    field->setFocusPolicy(Qt::ClickFocus);
+    return field;
+}
+
+QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
+                      const QString &toolTip)
+{
+    QLineEdit *field = makeDisplay(parent, name, toolTip);
+    QFont font = field->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    field->setFont(font);
+    field->setAlignment(Qt::AlignCenter);
+    field->setText(text);
+    field->setAccessibleName(u"Event and race"_s);
+    return field;
+}
+
+ClickCell::ClickCell(QWidget *parent)
+    : QLineEdit(parent)
+{
+    setReadOnly(true);
+    setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void ClickCell::mousePressEvent(QMouseEvent *event)
+{
+    setFocus(Qt::MouseFocusReason);
+    if (event->button() == Qt::LeftButton && isEnabled())
+        emit clicked();
+}
+
+void ClickCell::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    mousePressEvent(event);
+}
+
+void ClickCell::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+        emit clicked();
+    else
+        event->ignore();
+}
+
+ClickCell *makeCell(QWidget *parent, const QString &name, const QString &toolTip)
+{
+    return named(new ClickCell(parent), name, toolTip);
+}
+
+RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns,
+                            const QString &captionPrefix)
+{
+    auto *frame = named(new QGroupBox(u"Race"_s, parent), u"fraround"_s, {});
+    auto *group = new QButtonGroup(frame);
+    auto *grid = new QGridLayout(frame);
+    grid->setContentsMargins(6, 2, 6, 2);
+    for (int race = 1; race <= 12; ++race) {
+        auto *option = named(new QRadioButton(frame), memberName(u"optrace"_s, race), toolTip);
+        option->setText(captionPrefix + QString::number(race));
+        option->setAccessibleName("Race "_L1 + QString::number(race));
+        group->addButton(option, race);
+        grid->addWidget(option, (race - 1) / columns, (race - 1) % columns);
+    }
+    return {frame, group};
+}
+
+void fitCharacters(QWidget *field, int characters)
+{
+    const int textWidth = field->fontMetrics().horizontalAdvance(QString(characters, u'0'));
+    field->setFixedWidth(textWidth + field->fontMetrics().averageCharWidth() + 8);
+}
+
+QFont fixedPitchFont(double pointSize)
+{
+    QFont font(u"Courier New"_s);
+    font.setStyleHint(QFont::Monospace);
+    font.setFixedPitch(true);
+    if (pointSize > 0)
+        font.setPointSizeF(pointSize);
+    return font;
+}

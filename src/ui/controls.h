@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QList>
+#include <QString>
+
+class QAbstractButton;
+class QBoxLayout;
+class QButtonGroup;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+// The controls that forms are made of. Captions and texts are plain text: an ampersand is shown as
+// it is, double blanks survive. Every maker sets the object name.
+
+// Name of a member of a control array: "optrace_3".
+QString memberName(const QString &array, int index);
+
+QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
+                        const QString &toolTip = {});
+
+// Changes a button's caption and keeps its Alt letter if the new caption has it.
+void setCaption(QAbstractButton *button, const QString &caption);
+
+// The caption as the operator reads it, without the mark of the Alt letter.
+QString captionOf(const QAbstractButton *button);
+
+// Gives every button and option of the screen an Alt letter of its own, in tab order.
+void assignAltLetters(QWidget *screen);
+
+// Plain text; wraps when asked to.
+QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text,
+                  const QString &toolTip = {}, bool wraps = false);
+
+// The heading of a group of controls.
+QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
+                    const QString &toolTip = {});
+
+// The quiet status line at the foot of every screen, named lblnote.
+QLabel *makeNoteLine(QWidget *parent);
+
+QLineEdit *makeField(QWidget *parent, const QString &name, const QString &toolTip = {});
+
+// A field that only shows; it takes no part in the tab order.
+QLineEdit *makeDisplay(QWidget *parent, const QString &name, const QString &toolTip = {});
+
+// The banner at the top of a screen: a display field that stands out.
+QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
+                      const QString &toolTip = {});
+
+// A text cell that is clicked rather than typed into. Every press counts, the second one of a
+// double click too; Space does what a click does.
+class ClickCell : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit ClickCell(QWidget *parent = nullptr);
+
+signals:
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+};
+
+ClickCell *makeCell(QWidget *parent, const QString &name, const QString &toolTip = {});
+
+// The 12 race options optrace_1 to optrace_12 in a frame named fraround; the button's id is the
+// race. \a captionPrefix stands before the race number.
+struct RaceOptions
+{
+    QGroupBox *frame;
+    QButtonGroup *group;
+};
+RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
+                            const QString &captionPrefix = {});
+
+// Sets the width of a field to hold \a characters, whatever the font.
+void fitCharacters(QWidget *field, int characters);
+
+// The fixed-pitch font of lists and receipts.
+QFont fixedPitchFont(double pointSize = 0);

@@ -1,0 +1,96 @@
+#include "ui/navigator.h"
+
+#include "ui/mainwindow.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+Navigator::Navigator(Session &session, SlipPrinter &printer,
+                     const std::vector<ScreenEntry> &screens)
+    : m_session(session)
+    , m_printer(printer)
+    , m_window(new MainWindow)
+{
+    for (const ScreenEntry &screen : screens)
+        m_screens.emplace(screen.name, screen);
+    connect(m_window, &MainWindow::closeRequested, this, &Navigator::pressCloseButton);
+}
+
+Navigator::~Navigator()
+{
+    delete m_window;
+}
+
+bool Navigator::has(const QString &name) const
+{
+    return m_screens.contains(name);
+}
+
+const ScreenEntry &Navigator::entry(const QString &name) const
+{
+    return m_screens.at(name);
+}
+
+QWidget *Navigator::make(const ScreenEntry &entry)
+{
+    QWidget *screen = entry.make({m_session, *this, m_printer});
+    screen->setObjectName(entry.name);
+    return screen;
+}
+
+void Navigator::open(const QString &name, const QString &note)
+{
+    m_previous = currentName();
+    QWidget *screen = make(entry(name));
+    m_window->showScreen(screen);
+    m_window->setWindowTitle(entry(name).title);
+    if (auto *line = screen->findChild<QLabel *>(u"lblnote"_s); line && !note.isEmpty())
+        line->setText(note);
+    m_window->show();
+}
+
+void Navigator::reopen()
+{
+    const QString previous = m_previous;
+    open(currentName());
+    m_previous = previous;
+}
+
+QWidget *Navigator::openBeside(const QString &name)
+{
+    QWidget *screen = make(entry(name));
+    screen->setParent(m_window, Qt::Window);
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    screen->setWindowTitle(entry(name).title);
+    screen->show();
+    return screen;
+}
+
+QWidget *Navigator::current() const
+{
+    return m_window->screen();
+}
+
+QString Navigator::currentName() const
+{
+    return current() ? current()->objectName() : QString();
+}
+
+void Navigator::pressCloseButton()
+{
+    if (!current())
+        return exitProgram();
+    auto *button = current()->findChild<QAbstractButton *>(entry(currentName()).closeButton);
+    if (button && button->isEnabled())
+        button->click();
+}
+
+void Navigator::exitProgram()
+{
+    m_window->allowClose();
+    m_window->close();
+    QApplication::quit();
+}

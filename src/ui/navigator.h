@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <functional>
+#include <map>
+#include <vector>
+
+class MainWindow;
+class Navigator;
+class QWidget;
+class SlipPrinter;
+struct Session;
+
+// What every screen is handed.
+struct ScreenContext
+{
+    Session &session;
+    Navigator &navigator;
+    SlipPrinter &printer;
+};
+
+// A screen's place in the program.
+struct ScreenEntry
+{
+    QString name;        // of the class and of its root widget
+    QString title;       // of the window while it is shown
+    QString closeButton; // the button that the close box presses
+    std::function<QWidget *(const ScreenContext &)> make;
+};
+
+// Opens screens by name. Screens know only names, so none knows another.
+class Navigator : public QObject
+{
+    Q_OBJECT
+
+public:
+    Navigator(Session &session, SlipPrinter &printer, const std::vector<ScreenEntry> &screens);
+    ~Navigator() override;
+
+    // Whether the program has this screen.
+    bool has(const QString &name) const;
+
+    // Makes the screen fresh, shows it in the main window and deletes the one shown before. A
+    // \a note goes to its status line.
+    void open(const QString &name, const QString &note = {});
+
+    // Makes the screen as a window of its own beside the one shown; both stay usable. It closes
+    // when the main window does.
+    QWidget *openBeside(const QString &name);
+
+    // Makes the screen shown now afresh.
+    void reopen();
+
+    QWidget *current() const;
+    QString currentName() const;
+
+    // The name of the screen that was shown before the current one.
+    QString previousName() const { return m_previous; }
+
+    MainWindow *window() const { return m_window; }
+
+    // Ends the program. Every change is on disk already.
+    void exitProgram();
+
+private:
+    const ScreenEntry &entry(const QString &name) const;
+    QWidget *make(const ScreenEntry &entry);
+    void pressCloseButton();
+
+    Session &m_session;
+    SlipPrinter &m_printer;
+    std::map<QString, ScreenEntry> m_screens;
+    MainWindow *m_window;
+    QString m_previous;
+    bool m_exiting = false;
+};

@@ -1,0 +1,60 @@
+#include "ui/prompts.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QMessageBox::StandardButton runBox(QWidget *parent, QMessageBox::Icon icon, const QString &text,
+                                   const QString &title, QMessageBox::StandardButtons buttons,
+                                   QMessageBox::StandardButton escape)
+{
+    QMessageBox box(icon, title.isEmpty() ? u"TRELAWN"_s : title, text, buttons, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setEscapeButton(escape);
+    return QMessageBox::StandardButton(box.exec());
+}
+
+} // namespace
+
+void showMessage(QWidget *parent, const QString &text, const QString &title)
+{
+    runBox(parent, QMessageBox::Information, text, title, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+bool askYesNo(QWidget *parent, const QString &text, const QString &title)
+{
+    return runBox(parent, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No,
+                  QMessageBox::No)
+           == QMessageBox::Yes;
+}
+
+bool askOkCancel(QWidget *parent, const QString &text, const QString &title)
+{
+    return runBox(parent, QMessageBox::Warning, text, title, QMessageBox::Ok | QMessageBox::Cancel,
+                  QMessageBox::Cancel)
+           == QMessageBox::Ok;
+}
+
+QString askText(QWidget *parent, const QString &text, const QString &title,
+                const QString &defaultText)
+{
+    QInputDialog dialog(parent);
+    dialog.setWindowTitle(title.isEmpty() ? u"TRELAWN"_s : title);
+    dialog.setLabelText(text);
+    dialog.setTextValue(defaultText);
+    const auto labels = dialog.findChildren<QLabel *>();
+    for (QLabel *label : labels)
+        label->setTextFormat(Qt::PlainText);
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+}
+
+void showFileError(QWidget *screen, const Session &session, const FileError &error,
+                   ErrorStyle style)
+{
+    const QString &label = session.settings.operationLabel;
+    showMessage(screen, errorText(error, label, style), label);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "common/fileerror.h"
+#include "common/session.h"
+
+#include <QString>
+
+class QWidget;
+
+// The boxes that screens ask and tell with. All text is plain text; Escape is No or Cancel. A box
+// without a title shows the program's.
+
+void showMessage(QWidget *parent, const QString &text, const QString &title = {});
+
+// Yes/No; true for Yes.
+bool askYesNo(QWidget *parent, const QString &text, const QString &title = {});
+
+// OK/Cancel; true for OK.
+bool askOkCancel(QWidget *parent, const QString &text, const QString &title = {});
+
+// A single value; Cancel gives an empty text.
+QString askText(QWidget *parent, const QString &text, const QString &title,
+                const QString &defaultText = {});
+
+// The one error trap: runs a handler's file work and shows a failure in the screen's style, with
+// the operation label as the title. Returns whether the work came to its end.
+void showFileError(QWidget *screen, const Session &session, const FileError &error,
+                   ErrorStyle style);
+
+template<typename Work>
+bool trapErrors(QWidget *screen, Session &session, ErrorStyle style, Work work)
+{
+    try {
+        work();
+        return true;
+    } catch (const FileError &error) {
+        showFileError(screen, session, error, style);
+        return false;
+    }
+}

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "common/session.h"
+#include "ui/navigator.h"
+#include "ui/slipprinter.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+// What the tests share: an event in a temporary folder, answers to boxes, slips that were printed.
+
+// How a test answers a box.
+enum class Answer { Ok, Yes, No, Cancel };
+
+// Answers real message and input boxes from a queue, in order, and demands the exact texts. An
+// unexpected or a missing box fails the test.
+class BoxRobot : public QObject
+{
+    Q_OBJECT
+
+public:
+    BoxRobot();
+    ~BoxRobot() override;
+
+    // A message box or question with exactly this text and title.
+    void expect(const QString &text, const QString &title, Answer answer = Answer::Ok);
+
+    // An input box; a null \a typed cancels it.
+    void expectInput(const QString &text, const QString &title, const QString &typed);
+
+    // True when all expected boxes came and no other; call it through QVERIFY at each step's end.
+    bool allCame();
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    struct Expected
+    {
+        QString text;
+        QString title;
+        Answer answer;
+        bool input;
+        QString typed;
+    };
+    void answer(QWidget *dialog);
+
+    QList<Expected> m_queue;
+    QStringList m_faults;
+};
+
+// A session whose drives lie in a temporary folder, with Init drive C: and the event directory
+// C:\Trelawn\ (made, and filled with new record files unless told otherwise), race 1.
+class TestEvent
+{
+public:
+    explicit TestEvent(bool withFiles = true);
+
+    Session session;
+    SlipPrinter printer; // hands its slips to `slips`
+    QList<Slip> slips;
+
+    // This computer's path of a file in the event directory.
+    QString path(const QString &fileName) const;
+    QByteArray read(const QString &fileName) const;
+    void write(const QString &fileName, const QByteArray &bytes) const;
+    bool exists(const QString &fileName) const;
+
+    // The navigator with every screen of the program; made on first use.
+    Navigator &navigator();
+
+    // Opens a screen and gives it time to be shown.
+    QWidget *open(const QString &screen);
+    QWidget *current() { return navigator().current(); }
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<Navigator> m_navigator;
+};
+
+// A control of the screen by object name; fails the test and lists what there is when there is
+// none.
+template<typename Widget>
+Widget *child(QWidget *screen, const QString &name)
+{
+    if (auto *found = screen->findChild<Widget *>(name))
+        return found;
+    QStringList names;
+    for (const QWidget *widget : screen->findChildren<QWidget *>())
+        names << widget->objectName();
+    qFatal("no control %s; there are: %s", qPrintable(name), qPrintable(names.join(u' ')));
+}
+
+void clickButton(QWidget *screen, const QString &name);
+void clickCell(QWidget *screen, const QString &name, int times = 1);
+QString fieldText(QWidget *screen, const QString &name);
+QString labelText(QWidget *screen, const QString &name);
+void typeInto(QWidget *screen, const QString &name, const QString &text);
+void selectInList(QWidget *screen, const QString &name, const QString &text);
+QString caption(QWidget *screen, const QString &name);
+
+// Every focusable control in tab order, by object name, starting from the focused one.
+QStringList tabOrder(QWidget *screen);
+
+// The main of a test program: offscreen, C locale, the program's look, any Qt warning fails.
+#define TRELAWN_TEST_MAIN(TestClass)                                                               \
+    int main(int argc, char *argv[])                                                               \
+    {                                                                                              \
+        return runTest<TestClass>(argc, argv);                                                     \
+    }
+
+void prepareTestApplication(QApplication &application);
+
+template<typename TestClass>
+int runTest(int argc, char *argv[])
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    prepareTestApplication(application);
+    TestClass test;
+    return QTest::qExec(&test, argc, argv);
+}
