@@ -1,5 +1,7 @@
 #include "screens.h"
 
+#include "betting/frmlistb.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,5 +17,7 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 
 std::vector<ScreenEntry> allScreens()
 {
-    return {};
+    return {
+        screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+    };
 }

@@ -31,6 +31,11 @@ QString anyBettorName()
     return u"AnyBettor"_s;
 }
 
+QString searchKey(const QString &name)
+{
+    return withoutAccents(name).toUpper();
+}
+
 BettorTable::BettorTable(int limit)
     : m_slots(limit)
 {
@@ -92,18 +97,26 @@ int BettorTable::highestNumber() const
     return highest;
 }
 
-QStringList BettorTable::sortedNames() const
+QList<Bettor> BettorTable::sortedBettors() const
 {
-    QList<std::pair<QString, QString>> keyed;
+    QList<std::pair<QString, Bettor>> keyed;
     for (const Bettor &bettor : m_slots) {
         if (bettor.isBettor())
-            keyed.append({withoutAccents(bettor.name), bettor.name});
+            keyed.append({withoutAccents(bettor.name), bettor});
     }
-    std::ranges::sort(keyed);
+    std::ranges::stable_sort(keyed, {}, &std::pair<QString, Bettor>::first);
+    QList<Bettor> sorted;
+    sorted.reserve(keyed.size());
+    for (const auto &[key, bettor] : keyed)
+        sorted.append(bettor);
+    return sorted;
+}
+
+QStringList BettorTable::sortedNames() const
+{
     QStringList names;
-    names.reserve(keyed.size());
-    for (const auto &[key, name] : keyed)
-        names.append(name);
+    for (const Bettor &bettor : sortedBettors())
+        names.append(bettor.name);
     return names;
 }
 

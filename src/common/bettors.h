@@ -21,6 +21,9 @@ struct Bettor
     bool isBettor() const { return !isEmpty() && !isDeleted(); }
 };
 
+// The name as a search compares it: upper case, without accents.
+QString searchKey(const QString &name);
+
 // The one list of bettors of the event. Slots are 1-based and in file order.
 class BettorTable
 {
@@ -53,7 +56,8 @@ public:
 
     QList<QByteArray> damagedLines() const { return m_damaged; }
 
-    // The names in plain order with accents stripped.
+    // The bettors, or their names, in plain order of the names with accents stripped.
+    QList<Bettor> sortedBettors() const;
     QStringList sortedNames() const;
 
     // The records of Bettors: every bettor in slot order, then the damaged lines.

@@ -1,0 +1,138 @@
+#include "ui/bettorsearch.h"
+
+#include "ui/controls.h"
+
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+BettorSearch::BettorSearch(Typing typing, const QString &resetCaption, const QString &resetToolTip,
+                           QWidget *parent)
+    : QWidget(parent)
+    , m_typing(typing)
+{
+    txtname = makeField(this, u"txtname"_s,
+                        u"Enter the first few characters of the bettor name until the bettor name "
+                        "appears below or click on a name below once it is visible-doubleclick to "
+                        "reset list"_s);
+    txtname->setAccessibleName(u"Bettor name"_s);
+    lstentries = new QListWidget(this);
+    lstentries->setObjectName(u"lstentries"_s);
+    lstentries->setToolTip(u"Click to select a bettor name"_s);
+    lstentries->setAccessibleName(u"Bettor names"_s);
+    lstentries->setUniformItemSizes(true);
+    cmdreset = makeButton(this, u"cmdreset"_s, resetCaption, resetToolTip);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(txtname);
+    layout->addWidget(lstentries, 1);
+    layout->addWidget(cmdreset);
+
+    connect(txtname, &QLineEdit::textEdited, this, &BettorSearch::search);
+    connect(txtname, &QLineEdit::returnPressed, this, [this] {
+        if (!txtname->text().isEmpty())
+            choose(lstentries->currentRow());
+    });
+    connect(lstentries, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem *item) { choose(lstentries->row(item)); });
+    connect(cmdreset, &QPushButton::clicked, this, &BettorSearch::resetRequested);
+    txtname->installEventFilter(this);
+    lstentries->installEventFilter(this);
+}
+
+void BettorSearch::setBettors(const BettorTable &bettors)
+{
+    lstentries->clear();
+    m_keys.clear();
+    for (const Bettor &bettor : bettors.sortedBettors()) {
+        auto *item = new QListWidgetItem(bettor.name, lstentries);
+        item->setData(Qt::UserRole, bettor.number);
+        m_keys.append(searchKey(bettor.name));
+    }
+    reset();
+}
+
+void BettorSearch::reset()
+{
+    txtname->clear();
+    search({});
+}
+
+void BettorSearch::focusSearch()
+{
+    txtname->setFocus();
+}
+
+void BettorSearch::search(const QString &typed)
+{
+    const QString text = typed.toUpper();
+    if (txtname->text() != text)
+        txtname->setText(text);
+    const QString key = searchKey(text);
+    if (m_typing == Typing::NarrowsList) {
+        for (int row = 0; row < lstentries->count(); ++row)
+            lstentries->item(row)->setHidden(!m_keys[row].startsWith(key));
+    }
+    if (key.isEmpty()) {
+        lstentries->setCurrentRow(-1);
+        lstentries->scrollToTop();
+        return;
+    }
+    moveTo(rowFor(key));
+}
+
+// The first name that begins with the text, else the first that sorts after it, else the last.
+int BettorSearch::rowFor(const QString &key) const
+{
+    const auto begins =
+        std::ranges::find_if(m_keys, [&](const QString &name) { return name.startsWith(key); });
+    if (begins != m_keys.end())
+        return int(begins - m_keys.begin());
+    const auto after =
+        std::ranges::find_if(m_keys, [&](const QString &name) { return name > key; });
+    return after != m_keys.end() ? int(after - m_keys.begin()) : int(m_keys.size()) - 1;
+}
+
+void BettorSearch::moveTo(int row)
+{
+    lstentries->setCurrentRow(row);
+    if (QListWidgetItem *item = lstentries->item(row))
+        lstentries->scrollToItem(item, QAbstractItemView::PositionAtTop);
+}
+
+void BettorSearch::choose(int row)
+{
+    const QListWidgetItem *item = lstentries->item(row);
+    if (item && !item->isHidden())
+        emit selected(item->data(Qt::UserRole).toInt(), item->text());
+}
+
+bool BettorSearch::eventFilter(QObject *object, QEvent *event)
+{
+    if (object == txtname && event->type() == QEvent::MouseButtonDblClick) {
+        reset();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (object == lstentries && (enter || key->key() == Qt::Key_Space)
+            && key->modifiers() == Qt::NoModifier) {
+            choose(lstentries->currentRow());
+            return true;
+        }
+        const bool moves = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up;
+        if (object == txtname && moves && lstentries->count() > 0) {
+            const int row = lstentries->currentRow() + (key->key() == Qt::Key_Down ? 1 : -1);
+            moveTo(std::clamp(row, 0, lstentries->count() - 1));
+            return true;
+        }
+    }
+    return QWidget::eventFilter(object, event);
+}
