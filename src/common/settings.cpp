@@ -1,5 +1,7 @@
 #include "common/settings.h"
 
+#include <QStringList>
+
 using namespace Qt::StringLiterals;
 
 bool Settings::receiptsPrint() const
