@@ -105,6 +105,21 @@ void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray 
     replaceRecordFile(twinFile(session, file, race), records);
 }
 
+void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
+                 const QString &label, const QString &twinLabel)
+{
+    session.settings.operationLabel = label;
+    const QString main = mainFile(session, file, race);
+    appendRecords(main, lines);
+    session.settings.operationLabel = twinLabel;
+    try {
+        appendRecords(twinFile(session, file, race), lines);
+    } catch (const FileError &) {
+        cutRecords(main, lines);
+        throw;
+    }
+}
+
 QString keepInSaved(Session &session, const QString &path)
 {
     if (QFileInfo(path).size() == 0)

@@ -20,6 +20,11 @@ QString savedFolder(const Session &session);
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
                   const QString &label, const QString &twinLabel);
 
+// Appends whole lines to a record file and then to its twin, one write and flush per file. When the
+// twin fails, the lines are taken off the main file again, so that both are as before.
+void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
+                 const QString &label, const QString &twinLabel);
+
 // Puts a copy of a file into the Saved folder, with the time in its name. A missing or empty file
 // needs none. Returns the copy's file name, or an empty text.
 QString keepInSaved(Session &session, const QString &path);

@@ -78,18 +78,8 @@ void AppendBet(Session &session, std::span<const Bet> bets)
     std::string lines;
     for (const Bet &bet : bets)
         lines += betLine(bet);
-    const QByteArray bytes = QByteArray::fromStdString(lines);
-
-    session.settings.operationLabel = u"Bets Append"_s;
-    const QString main = raceFile(session, RecordFile::Bets);
-    appendRecords(main, bytes);
-    session.settings.operationLabel = u"Betsbackup Append"_s;
-    try {
-        appendRecords(twinFile(session, RecordFile::Bets, session.settings.currentRace), bytes);
-    } catch (const FileError &) {
-        cutRecords(main, bytes);
-        throw;
-    }
+    appendTwins(session, RecordFile::Bets, session.settings.currentRace,
+                QByteArray::fromStdString(lines), u"Bets Append"_s, u"Betsbackup Append"_s);
 }
 
 void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped)

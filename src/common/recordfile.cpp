@@ -9,6 +9,9 @@
 #include <QSaveFile>
 #include <QStringDecoder>
 
+#include <memory>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,6 +43,37 @@ bool lacksLineEnd(const QString &path)
     return file.read(1) != "\n";
 }
 
+// Writes the whole new content next to the old one and flushes it to disk.
+void writeNewContent(QSaveFile &file, const QByteArray &bytes)
+{
+    if (QFileInfo(file.fileName()).isDir())
+        throw FileError(ErrorNumber::PathFileAccess);
+    errno = 0;
+    if (!file.open(QIODevice::WriteOnly))
+        throwOpenError(file.fileName(), lastSystemError());
+    errno = 0;
+    const bool written = file.write(bytes) == bytes.size() && file.flush();
+    if (!written) {
+        const int systemError = lastSystemError();
+        file.cancelWriting();
+        throw FileError(errorFromSystem(systemError));
+    }
+    try {
+        flushToDisk(file);
+    } catch (const FileError &) {
+        file.cancelWriting();
+        throw;
+    }
+}
+
+void commitOrThrow(QSaveFile &file)
+{
+    errno = 0;
+    if (!file.commit())
+        throw FileError(errorFromSystem(lastSystemError()));
+    flushFolder(QFileInfo(file.fileName()).path());
+}
+
 // What the bytes 0x80 to 0x9F mean in Windows-1252; five of them mean nothing.
 constexpr char16_t windows1252[32] = {
     0x20ac, 0xfffd, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
@@ -63,30 +97,21 @@ QByteArray readRecordFile(const QString &path)
 
 void replaceRecordFile(const QString &path, const QByteArray &bytes)
 {
-    if (QFileInfo(path).isDir())
-        throw FileError(ErrorNumber::PathFileAccess);
     QSaveFile file(path);
     file.setDirectWriteFallback(true);
-    errno = 0;
-    if (!file.open(QIODevice::WriteOnly))
-        throwOpenError(path, lastSystemError());
-    errno = 0;
-    const bool written = file.write(bytes) == bytes.size() && file.flush();
-    if (!written) {
-        const int systemError = lastSystemError();
-        file.cancelWriting();
-        throw FileError(errorFromSystem(systemError));
+    writeNewContent(file, bytes);
+    commitOrThrow(file);
+}
+
+void replaceRecordFiles(const QList<NamedBytes> &files)
+{
+    std::vector<std::unique_ptr<QSaveFile>> written;
+    for (const NamedBytes &file : files) {
+        written.push_back(std::make_unique<QSaveFile>(file.path));
+        writeNewContent(*written.back(), file.bytes);
     }
-    try {
-        flushToDisk(file);
-    } catch (const FileError &) {
-        file.cancelWriting();
-        throw;
-    }
-    errno = 0;
-    if (!file.commit())
-        throw FileError(errorFromSystem(lastSystemError()));
-    flushFolder(QFileInfo(path).path());
+    for (const auto &file : written)
+        commitOrThrow(*file);
 }
 
 void appendRecords(const QString &path, const QByteArray &lines)

@@ -3,6 +3,7 @@
 #include "common/recordlines.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringView>
 
@@ -14,6 +15,17 @@ QByteArray readRecordFile(const QString &path);
 
 // Replaces the file: temporary file in the same folder, flushed to disk, renamed over it.
 void replaceRecordFile(const QString &path, const QByteArray &bytes);
+
+// A file's path and what it is to hold.
+struct NamedBytes
+{
+    QString path;
+    QByteArray bytes;
+};
+
+// Replaces several files: all are written to temporary files and flushed before the first is
+// renamed over its old one, so that a full or failing disk changes none of them.
+void replaceRecordFiles(const QList<NamedBytes> &files);
 
 // Appends whole lines in one write and flushes them to disk. A last line without its end gets one
 // first; on failure what was half written is cut off again.

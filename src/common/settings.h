@@ -32,7 +32,8 @@ struct Settings
     bool printerAttached = true; // the start question's answer; switching receipts on makes it true
     QString mainComputer = QStringLiteral("no");
     QString satelliteComputer = QStringLiteral("no");
-    int networkMode = 0; // 1 while the event directory is a master computer's shared folder
+    QString masterComputer; // the network name of the master computer in network mode
+    int networkMode = 0;    // 1 while the event directory is a master computer's shared folder
 
     // True unless receipt printing is "no": the gate of receipts and refund slips.
     bool receiptsPrint() const;
