@@ -383,7 +383,7 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
         save();
         const MultibetCount multibets = multibetsOn(session, post);
         if (multibets.bets > 0)
-            notes.append(u"Post %1 is in %2 multibets of %3 that were not refunded."_s.arg(post)
+            notes.append(u"Multibets on post %1, not refunded: %2 (%3)"_s.arg(post)
                              .arg(multibets.bets)
                              .arg(formatMoney(multibets.stakes, "$#,##0.00")));
     });

@@ -215,7 +215,7 @@ void tst_frmhorsesb::scratchRefundsAndFreesThePost()
     expected.replace("3,0,\"2 \",\"SHAM\"", "3,0,\"  \",\"\"");
     QCOMPARE(horses(), expected);
     QCOMPARE(event->read(u"Horsesbackup Race1"_s), expected);
-    QCOMPARE(note(), u"Post 3 is in 1 multibets of $2.00 that were not refunded."_s);
+    QCOMPARE(note(), u"Multibets on post 3, not refunded: 1 ($2.00)"_s);
 }
 
 void tst_frmhorsesb::scratchEndsEarly_data()
