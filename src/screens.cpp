@@ -1,6 +1,9 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "multibets/frmmulti.h"
+#include "multibets/frmpaymulti.h"
+#include "multibets/frmsummmulti.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,5 +22,8 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
+        screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
+        screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
     };
 }

@@ -24,6 +24,8 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
     const int lines = type ? type->lines : 2;
     const int firstRace = session.settings.currentRace;
     MultibetLegs legs;
+    for (std::size_t line = 0; line < legs.labels.size(); ++line)
+        legs.labels[line] = "Line "_L1 + QString::number(line + 1);
     for (int line = 0; line < lines; ++line) {
         const auto at = std::size_t(line);
         const int race = type && type->races ? firstRace + line : firstRace;
@@ -36,6 +38,8 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
             addPosts(legs.posts[at], legs.horses[at]);
         }
         legs.races[at] = race <= raceCount ? race : 0;
+        if (type && type->races && legs.races[at] != 0)
+            legs.labels[at] += raceName(race);
     }
     const int lastRace = type && type->races ? firstRace + lines - 1 : firstRace;
     if (lastRace > raceCount) {

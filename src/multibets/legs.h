@@ -15,6 +15,7 @@ struct MultibetLegs
     std::array<std::set<int>, 3> posts; // 1-based; empty for a line the bet type does not use
     std::array<HorseTable, 3> horses;   // of each line's race
     std::array<int, 3> races{};         // each line's race; 0 where there is none
+    std::array<QString, 3> labels;      // "Line 2", with the race where the line has its own
     QString note;                       // says which legs are missing, or is empty
 };
 

@@ -24,6 +24,12 @@ constexpr int blocksAPage = 6;
 
 } // namespace
 
+double receiptPoints(const Settings &settings)
+{
+    const double points = numericValue(settings.receiptFontSize);
+    return points > 0 ? points : 8;
+}
+
 Slip multibetReceipt(const QString &banner, const QString &bettor, const QList<Multibet> &bets,
                      double pointSize)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/settings.h"
 #include "common/slip.h"
 #include "multibets/multibetrecords.h"
 #include "multibets/multisettle.h"
@@ -7,6 +8,9 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+// The receipt font size in points, 8 while none is set.
+double receiptPoints(const Settings &settings);
 
 // The receipt after saving: all of the bettor's multibets of the race.
 Slip multibetReceipt(const QString &banner, const QString &bettor, const QList<Multibet> &bets,

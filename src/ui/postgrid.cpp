@@ -3,6 +3,9 @@
 #include "ui/controls.h"
 
 #include <QKeyEvent>
+#include <QStyle>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -88,14 +91,20 @@ void PostGrid::addAtEnd(int line, QWidget *control)
 
 void PostGrid::showPosts(const std::array<std::set<int>, 3> &shown)
 {
-    clearSelection();
     for (int line = 0; line < lineCount; ++line) {
+        bool first = true;
         for (int post = 1; post <= posts; ++post) {
             const bool has = shown[std::size_t(line)].contains(post);
             cell(line, post)->setEnabled(has);
             cell(line, post)->setVisible(has);
+            if (!has)
+                setSelected(indexOf(line, post), false);
+            // Tab stops once a line; the arrow keys go on from there.
+            cell(line, post)->setFocusPolicy(has && first ? Qt::StrongFocus : Qt::ClickFocus);
+            first = first && !has;
         }
     }
+    emit selectionChanged();
 }
 
 void PostGrid::clearSelection()
@@ -143,7 +152,9 @@ void PostGrid::setSelected(int index, bool selected)
         return;
     m_selected[std::size_t(index)] = selected;
     changed->setProperty("chosen", selected);
-    changed->setStyle(style()); // the style rules look at the property only when they are applied
+    // The style rules look at the property only when they are applied.
+    changed->style()->unpolish(changed);
+    changed->style()->polish(changed);
     changed->setAccessibleName("Line "_L1 + QString::number(index / posts + 1) + " post "_L1
                                + QString::number(index % posts + 1)
                                + (selected ? " selected"_L1 : " not selected"_L1));

@@ -30,8 +30,8 @@ public:
     // Puts a control at the end of a line.
     void addAtEnd(int line, QWidget *control);
 
-    // Shows only these posts on each line; the selection is given up. A line without posts cannot
-    // be used.
+    // Shows only these posts on each line; a cell that is not shown is not selected. A line without
+    // posts cannot be used.
     void showPosts(const std::array<std::set<int>, 3> &posts);
 
     // Whether a post number may be selected on several lines.
