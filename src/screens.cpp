@@ -2,6 +2,9 @@
 
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
+#include "multibets/frmmulti.h"
+#include "multibets/frmpaymulti.h"
+#include "multibets/frmsummmulti.h"
 #include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
@@ -22,6 +25,9 @@ std::vector<ScreenEntry> allScreens()
     return {
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
+        screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
+        screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
     };
 }
