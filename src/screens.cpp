@@ -1,6 +1,7 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "payoff/frmpaywinnersb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,5 +20,6 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
     };
 }
