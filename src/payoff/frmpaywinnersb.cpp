@@ -36,15 +36,6 @@ QString horseText(const Horse &horse)
     return isUnused(horse) ? u"(no horse)"_s : QString(horse.number + u' ' + horse.name);
 }
 
-// Important figures stand out.
-void enlarge(QWidget *widget, double factor)
-{
-    QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * factor);
-    font.setBold(true);
-    widget->setFont(font);
-}
-
 QListWidgetItem *selectedItem(const QListWidget *list)
 {
     const auto selected = list->selectedItems();
