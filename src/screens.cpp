@@ -5,6 +5,7 @@
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
+#include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
@@ -27,6 +28,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
     };
