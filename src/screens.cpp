@@ -1,6 +1,8 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "setup/frminitb.h"
+#include "setup/frmmenub.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +20,8 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
+        screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
     };
 }

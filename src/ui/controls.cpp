@@ -68,6 +68,15 @@ QPushButton *makeButton(QWidget *parent, const QString &name, const QString &cap
     return button;
 }
 
+void standOut(QPushButton *button)
+{
+    button->setProperty("standsOut", true);
+    QFont font = button->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    button->setFont(font);
+}
+
 void setCaption(QAbstractButton *button, const QString &caption)
 {
     button->setProperty(captionProperty, caption);
