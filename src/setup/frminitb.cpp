@@ -19,6 +19,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,6 +42,24 @@ QString instructions()
         u"Move the mouse pointer to a button/field to display information about changing the "
         "button value"_s};
     return texts.join(u'\n');
+}
+
+QFont enlarged(QFont font, double factor)
+{
+    font.setPointSizeF(font.pointSizeF() * factor);
+    return font;
+}
+
+// Four controls in two equal columns whose buttons share the group's height.
+void placeInSquare(QGroupBox *group, const std::array<QWidget *, 4> &controls)
+{
+    auto *grid = new QGridLayout(group);
+    for (int i = 0; i < 4; ++i) {
+        QWidget *control = controls[std::size_t(i)];
+        control->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
+        grid->addWidget(control, i / 2, i % 2);
+        grid->setColumnStretch(i % 2, 1);
+    }
 }
 
 } // namespace
@@ -67,25 +87,26 @@ bool frminitb::trap(Work work)
 void frminitb::build()
 {
     lbltitle = makeHeading(this, u"lbltitle"_s, u"TRELAWN"_s);
-    QFont font = lbltitle->font();
-    font.setPointSizeF(font.pointSizeF() * 1.8);
-    lbltitle->setFont(font);
+    lbltitle->setFont(enlarged(lbltitle->font(), 1.8));
     txtbanner = makeBanner(this, u"txtbanner"_s, {},
                            u"Names this event and identifies which race is betting. Can be changed "
                            "on the setup screen"_s);
-    m_races =
-        makeRaceOptions(this, u"Establishes which race is betting. Uses  bet file and horses file "
-                              "for the selected race number"_s);
+    m_races = makeRaceOptions(this,
+                              u"Establishes which race is betting. Uses  bet file and horses file "
+                              "for the selected race number"_s,
+                              6);
+
+    for (QAbstractButton *option : m_races.group->buttons())
+        option->setFont(enlarged(option->font(), 1.2));
 
     auto *head = new QHBoxLayout;
     head->addWidget(lbltitle);
     head->addWidget(txtbanner, 1);
     auto *settings = new QVBoxLayout;
-    settings->addWidget(m_races.frame);
-    settings->addWidget(buildEvent());
-    settings->addWidget(buildPrinting());
-    settings->addWidget(buildNewEvent());
-    settings->addStretch();
+    settings->addWidget(m_races.frame, 2);
+    settings->addWidget(buildEvent(), 3);
+    settings->addWidget(buildPrinting(), 3);
+    settings->addWidget(buildNewEvent(), 3);
     auto *middle = new QHBoxLayout;
     middle->addLayout(settings, 3);
     middle->addWidget(buildInstructions(), 2);
@@ -113,9 +134,9 @@ QWidget *frminitb::buildEvent()
     Command1 = makeButton(group, u"Command1"_s, u"Change Drive/Path"_s,
                           u"Change drive/path information for all files"_s);
     auto *grid = new QGridLayout(group);
-    grid->addWidget(lblbanner1, 0, 0, 1, 2);
+    grid->addWidget(lblbanner1, 0, 0, 1, 2, Qt::AlignBottom);
     grid->addWidget(txtbanner1, 1, 0, 1, 2);
-    grid->addWidget(lblfiles, 2, 0, 1, 2);
+    grid->addWidget(lblfiles, 2, 0, 1, 2, Qt::AlignBottom);
     grid->addWidget(txtfiles, 3, 0);
     grid->addWidget(Command1, 3, 1);
     grid->setColumnStretch(0, 1);
@@ -131,13 +152,8 @@ QWidget *frminitb::buildPrinting()
     cmdround = makeButton(group, u"cmdround"_s, {},
                           u"Click to change bet payoff rounding to .01,.10,.25,.50,1.00"_s);
     lblfont = makeLabel(group, u"lblfont"_s, {});
-    auto *grid = new QGridLayout(group);
-    grid->addWidget(cmdprint, 0, 0);
-    grid->addWidget(cmdrecptfont, 0, 1);
-    grid->addWidget(cmdround, 1, 0);
-    grid->addWidget(lblfont, 1, 1);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
+    lblfont->setAlignment(Qt::AlignCenter);
+    placeInSquare(group, {cmdprint, cmdrecptfont, cmdround, lblfont});
     return group;
 }
 
@@ -158,13 +174,7 @@ QWidget *frminitb::buildNewEvent()
                            u"Allow replacement of all Horse files and merging Bettors and Bets "
                            "files - allows use of multiple computers to take bets and then combine "
                            "files for one payoff"_s);
-    auto *grid = new QGridLayout(group);
-    grid->addWidget(cmdbets, 0, 0);
-    grid->addWidget(cmdhorses, 0, 1);
-    grid->addWidget(cmdbettors, 1, 0);
-    grid->addWidget(cmdimpext, 1, 1);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
+    placeInSquare(group, {cmdbets, cmdhorses, cmdbettors, cmdimpext});
     return group;
 }
 
@@ -172,6 +182,7 @@ QWidget *frminitb::buildInstructions()
 {
     auto *group = new QGroupBox(u"Instructions"_s, this);
     lblinst = makeLabel(group, u"lblinst"_s, instructions(), {}, true);
+    lblinst->setFont(enlarged(lblinst->font(), 1.15));
     lblinst->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto *layout = new QVBoxLayout(group);
     layout->addWidget(lblinst);
@@ -183,7 +194,6 @@ QLayout *frminitb::buildFoot()
     txtsetup = makeDisplay(this, u"txtsetup"_s);
     txtsetup->setText(u"Set display resolution to 1024 x 768 to see full screen. Select Control "
                       "Panel, Display, Settings to make this change"_s);
-    txtsetup->setFrame(false);
     txtsetup->setAccessibleName(u"Display size"_s);
     lblnote = makeNoteLine(this);
     cmdok = makeButton(this, u"cmdok"_s, u"GO TO MENU"_s,

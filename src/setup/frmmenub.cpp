@@ -22,17 +22,23 @@ namespace {
 class TaskGroup
 {
 public:
-    TaskGroup(QWidget *screen, const QString &title)
-        : m_box(new QGroupBox(title, screen))
+    // The letters of the buttons are \a scale times as large as others.
+    TaskGroup(QWidget *screen, const QString &title, double scale = 1)
+        : m_scale(scale)
+        , m_box(new QGroupBox(title, screen))
         , m_grid(new QGridLayout(m_box))
     {
-        m_grid->setColumnStretch(1, 1);
+        m_grid->setColumnStretch(0, 2);
+        m_grid->setColumnStretch(1, 3);
     }
 
     void add(QPushButton *&button, const QString &name, const QString &caption,
              const QString &toolTip)
     {
         button = makeButton(m_box, name, caption, toolTip);
+        QFont font = button->font();
+        font.setPointSizeF(font.pointSizeF() * m_scale);
+        button->setFont(font);
         button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
         m_grid->addWidget(button, m_grid->rowCount(), 0);
     }
@@ -47,6 +53,7 @@ public:
     QGroupBox *box() const { return m_box; }
 
 private:
+    double m_scale;
     QGroupBox *m_box;
     QGridLayout *m_grid;
 };
@@ -71,14 +78,11 @@ void frmmenub::build()
                            "screen"_s);
     lblmenu = makeHeading(this, u"lblmenu"_s, u"Make a selection"_s,
                           u"Click on one of the buttons directly below"_s);
-    auto *left = new QVBoxLayout;
-    left->addWidget(buildRace());
-    auto *right = new QVBoxLayout;
-    right->addWidget(buildFiles(), 2);
-    right->addWidget(buildComputers(), 3);
-    right->addWidget(buildProgram(), 3);
     auto *columns = new QHBoxLayout;
-    columns->addLayout(left, 1);
+    columns->addWidget(buildRace(), 1);
+    auto *right = new QVBoxLayout;
+    for (QGroupBox *group : {buildFiles(), buildComputers(), buildProgram()})
+        right->addWidget(group, 1);
     columns->addLayout(right, 1);
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
@@ -90,7 +94,7 @@ void frmmenub::build()
 
 QGroupBox *frmmenub::buildRace()
 {
-    TaskGroup group(this, u"Race"_s);
+    TaskGroup group(this, u"Race"_s, 1.15);
     group.add(cmdenterhorses, u"cmdenterhorses"_s, u"Update Horses"_s,
               u"Add, change, scratch horses for this race"_s);
     group.explain(lblhorses, u"lblhorses"_s);
@@ -122,6 +126,9 @@ QGroupBox *frmmenub::buildFiles()
     group.add(cmdbackup, u"cmdbackup"_s, u"Use Backup Files"_s,
               u"Replace current file with the backup file -use backup if you lose power during a "
               "file update"_s);
+    group.explain(lblbackup, u"lblbackup"_s,
+                  u"Replace current file with the backup file -use backup if you lose power "
+                  "during a file update"_s);
     group.add(cmdreports, u"cmdreports"_s, u"Print Reports"_s, {});
     return group.box();
 }

@@ -56,6 +56,7 @@ private:
     QLabel *lblclear;
     QLabel *lblmulti;
     QLabel *lblfix;
+    QLabel *lblbackup;
     QLabel *lblmc;
     QLabel *lblnetwork;
     QLabel *lblsetup;

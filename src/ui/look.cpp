@@ -41,6 +41,7 @@ QPushButton[standsOut="true"] {
 QPushButton[standsOut="true"]:hover { background: #26804c; }
 QPushButton[standsOut="true"]:pressed { background: #17512f; }
 QPushButton[standsOut="true"]:focus { border: 2px solid #e8b63a; }
+QLineEdit#txtsetup { background: transparent; border: none; }
 QLabel#lblnote { color: #7a3b00; }
 )"_s);
 }
