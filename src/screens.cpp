@@ -7,6 +7,8 @@
 #include "multibets/frmsummmulti.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
+#include "setup/frminitb.h"
+#include "setup/frmmenub.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +27,8 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
+        screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
+        screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),

@@ -44,9 +44,13 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
+// A path below the root of a drive, which has nothing above it. Throws 52 for a second colon.
 QString below(const QString &root, const QString &rest)
 {
-    return QDir::cleanPath(root + u'/' + QString(rest).replace(u'\\', u'/'));
+    if (rest.contains(u':'))
+        throw FileError(ErrorNumber::BadFileName);
+    const QString path = QDir::cleanPath(u'/' + QString(rest).replace(u'\\', u'/'));
+    return path == "/"_L1 ? root : root + path;
 }
 
 } // namespace
