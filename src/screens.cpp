@@ -7,6 +7,8 @@
 #include "multibets/frmsummmulti.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
+#include "reports/frmreportb.h"
+#include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
 
@@ -33,7 +35,9 @@ std::vector<ScreenEntry> allScreens()
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
+        screen<frmreportb>(u"frmreportb"_s, u"Print Reports"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
+        screen<frmsummb>(u"frmsummb"_s, u"Race Summary"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
     };
 }
