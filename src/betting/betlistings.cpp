@@ -1,12 +1,11 @@
 #include "betting/betlistings.h"
 
-#include "betting/priorbets.h"
 #include "common/format.h"
 
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <tuple>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -45,6 +44,9 @@ std::vector<BettorBets> groupByBettor(const BetTable &bets, const BettorTable &b
     return groups;
 }
 
+constexpr qsizetype narrowestName = 15;
+constexpr int amountWidth = 12;
+
 QString money(float dollars)
 {
     return formatMoney(dollars, "$#,##0.00");
@@ -59,6 +61,24 @@ QString grandTotal(const std::vector<BettorBets> &groups)
 }
 
 } // namespace
+
+QString betTypeWord(float type)
+{
+    if (type == 1)
+        return u"Win"_s;
+    if (type == 2)
+        return u"Place"_s;
+    return type == 3 ? u"Show"_s : plainNumber(type);
+}
+
+Horse horseOfBet(const HorseTable &horses, const Bet &bet)
+{
+    const bool onCard =
+        bet.post >= 1 && bet.post <= float(postCount) && bet.post == std::floor(bet.post);
+    if (onCard && !isUnused(horses.post(int(bet.post))))
+        return horses.post(int(bet.post));
+    return {0, 0, plainNumber(bet.post), u"(no horse)"_s};
+}
 
 BettorNames::BettorNames(const BettorTable &bettors)
 {
@@ -81,12 +101,22 @@ QStringList betsByBettor(const BetTable &bets, const HorseTable &horses, const B
                          const QString &bannerAndRace)
 {
     const std::vector<BettorBets> groups = groupByBettor(bets, bettors);
+    qsizetype nameWidth = narrowestName;
+    for (const Horse &horse : horses)
+        nameWidth = std::max(nameWidth, horse.name.size());
+    const auto lineOf = [&](const QString &number, const QString &name, const QString &type,
+                            float amount) -> QString {
+        return "  "_L1 + leftColumn(number, 4) + leftColumn(name, int(nameWidth)) + u' '
+               + leftColumn(type, 6) + rightColumn(money(amount), amountWidth);
+    };
     QStringList lines{bannerAndRace, u"ALL BETS BY BETTOR"_s, u" "_s};
     for (const BettorBets &group : groups) {
         lines.append(group.name);
-        for (const Bet &bet : group.bets)
-            lines.append("  "_L1 + savedBetLine(horses, bet));
-        lines.append("  TOTAL "_L1 + money(group.sum));
+        for (const Bet &bet : group.bets) {
+            const Horse horse = horseOfBet(horses, bet);
+            lines.append(lineOf(horse.number, horse.name, betTypeWord(bet.type), bet.amount));
+        }
+        lines.append(lineOf({}, u"TOTAL"_s, {}, group.sum));
         lines.append(u" "_s);
     }
     lines.append("TOTAL BETS "_L1 + grandTotal(groups));
@@ -99,8 +129,8 @@ QStringList bettorTotals(const BetTable &bets, const BettorTable &bettors,
     const std::vector<BettorBets> groups = groupByBettor(bets, bettors);
     QStringList lines{bannerAndRace, u"BETTOR TOTALS"_s, u" "_s};
     for (const BettorBets &group : groups)
-        lines.append(leftColumn(group.name, 30) + rightColumn(money(group.sum), 12));
+        lines.append(leftColumn(group.name, 30) + rightColumn(money(group.sum), amountWidth));
     lines.append(u" "_s);
-    lines.append(leftColumn(u"TOTAL BETS"_s, 30) + rightColumn(grandTotal(groups), 12));
+    lines.append(leftColumn(u"TOTAL BETS"_s, 30) + rightColumn(grandTotal(groups), amountWidth));
     return lines;
 }

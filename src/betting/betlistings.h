@@ -22,8 +22,14 @@ private:
     QHash<int, QString> m_names;
 };
 
-// Every bettor with bets in the race, by name: the name, the bets as the bet sheet lists them, and
-// their total. Damaged records hold no bet.
+// "Win", "Place" or "Show"; any other type of a record as its number.
+QString betTypeWord(float type);
+
+// The horse of a bet; where none runs, one with the post as its number and the name "(no horse)".
+Horse horseOfBet(const HorseTable &horses, const Bet &bet);
+
+// Every bettor with bets in the race, by name: the name, the bets in the order taken, and their
+// total. Damaged records hold no bet.
 QStringList betsByBettor(const BetTable &bets, const HorseTable &horses, const BettorTable &bettors,
                          const QString &bannerAndRace);
 

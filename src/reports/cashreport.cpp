@@ -32,7 +32,7 @@ std::vector<CashLine> emptyLines()
     for (const QString &word : {u"Win"_s, u"Place"_s, u"Show"_s})
         lines.push_back({word});
     for (const MultibetType &type : multibetTypes())
-        lines.push_back({type.printedName});
+        lines.push_back({capitalized(type.printedName)});
     lines.push_back({u"Bad records"_s});
     return lines;
 }
@@ -173,7 +173,7 @@ EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &
                       double housePercent)
 {
     EveningCash evening;
-    evening.housePercent = housePercent;
+    evening.housePercent = std::clamp(housePercent, 0.0, 100.0);
     evening.types = emptyLines();
     evening.total.type = u"Total"_s;
     const CashCounter counter(races, bettors);
@@ -181,7 +181,7 @@ EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &
         RaceCash cash{race.race, emptyLines(), {u"Total"_s}};
         counter.countBets(race, cash, evening);
         counter.countMultibets(race, cash, evening);
-        takeHouseCut(cash, housePercent);
+        takeHouseCut(cash, evening.housePercent);
         for (std::size_t i = 0; i < cash.types.size(); ++i) {
             cash.total.add(cash.types[i]);
             evening.types[i].add(cash.types[i]);
@@ -208,6 +208,8 @@ Report cashReport(const QString &banner, const EveningCash &cash)
                 report.rows.append(cashRow(race, line));
         }
     };
+    addTypes(u"Evening"_s, cash.types);
+    report.rows.append(cashRow(u"Evening"_s, cash.total, true));
     for (const RaceCash &race : cash.races) {
         const QString number = "Race "_L1 + QString::number(race.race);
         const qsizetype before = report.rows.size();
@@ -215,24 +217,23 @@ Report cashReport(const QString &banner, const EveningCash &cash)
         if (report.rows.size() > before)
             report.rows.append(cashRow(number, race.total, true));
     }
-    addTypes(u"Evening"_s, cash.types);
-    report.rows.append(cashRow(u"Evening"_s, cash.total, true));
     if (cash.badRecords > 0) {
-        report.remarks.append(u"Bad records that Pay Winners will not accept, their money is due "
-                              "back: "_s
+        report.remarks.append("Bad records, their money is due back: "_L1
                               + QString::number(cash.badRecords));
     }
     if (cash.damagedLines > 0) {
-        report.remarks.append("Damaged lines, their money is in no figure: "_L1
+        report.remarks.append("Damaged lines, in no figure: "_L1
                               + QString::number(cash.damagedLines));
     }
+    report.remarks += cashReportNotes();
     return report;
 }
 
-QString cashReportNote()
+QStringList cashReportNotes()
 {
-    return u"Taken is what the bet files hold now: a bet that was deleted, scratched or cleared "
-           u"was "
-           "refunded and has left them. Refunds due are bets on horses that no longer run. The "
-           "files hold no finishers, so a multibet without a winner stands under For winners."_s;
+    return {u"Taken is what the bet files hold now: bets that were deleted,"_s,
+            u"scratched or cleared were refunded and have left them."_s,
+            u"Refunds due are bets on horses that no longer run."_s,
+            u"The files hold no finishers: a race or a multibet that"_s,
+            u"nobody won stands under For winners too."_s};
 }

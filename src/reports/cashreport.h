@@ -46,8 +46,8 @@ struct EveningCash
 EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &bettors,
                       double housePercent);
 
-// A row a race and type that took money, a total a race, and the totals of the evening.
+// The totals of the evening, then a row a race and type that took money and a total a race.
 Report cashReport(const QString &banner, const EveningCash &cash);
 
-// What the report can and cannot know.
-QString cashReportNote();
+// What the report can and cannot know, in the lines that end it.
+QStringList cashReportNotes();

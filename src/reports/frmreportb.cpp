@@ -4,7 +4,6 @@
 #include "common/init.h"
 #include "common/recordfile.h"
 #include "common/session.h"
-#include "reports/cashreport.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
@@ -36,11 +35,13 @@ constexpr int fontSizes = 7;
 const QPageSize pdfPaper(QPageSize::A4);
 constexpr double pdfMargin = 12.7; // millimetres
 
-QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &caption)
+QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &caption,
+                     const QString &toolTip)
 {
     auto *check = new QCheckBox(parent);
     check->setObjectName(name);
     setCaption(check, caption);
+    check->setToolTip(toolTip);
     return check;
 }
 
@@ -66,7 +67,7 @@ void frmreportb::build()
     fraround = races.frame;
     optrace = races.group;
     optrace->button(settings.currentRace)->setChecked(true);
-    chkall = makeCheck(this, u"chkall"_s, u"All Races"_s);
+    chkall = makeCheck(this, u"chkall"_s, u"All Races"_s, u"Report on the whole event"_s);
     static_cast<QGridLayout *>(fraround->layout())->addWidget(chkall, 0, 6, 2, 1);
     frasort = buildSorting();
 
@@ -135,10 +136,12 @@ QGroupBox *frmreportb::buildSorting()
 {
     auto *box = new QGroupBox(u"Sort"_s, this);
     auto *grid = new QGridLayout(box);
-    chkalp = makeCheck(box, u"chkalp"_s, u"By Name"_s);
-    chknum = makeCheck(box, u"chknum"_s, u"By Number"_s);
-    chkasc = makeCheck(box, u"chkasc"_s, u"Up"_s);
-    chkdes = makeCheck(box, u"chkdes"_s, u"Down"_s);
+    chkalp =
+        makeCheck(box, u"chkalp"_s, u"By Name"_s, u"Sort by the name of the horse or bettor"_s);
+    chknum = makeCheck(box, u"chknum"_s, u"By Number"_s,
+                       u"Sort by race and post, or by bettor number"_s);
+    chkasc = makeCheck(box, u"chkasc"_s, u"Up"_s, u"Lowest or A first"_s);
+    chkdes = makeCheck(box, u"chkdes"_s, u"Down"_s, u"Highest or Z first"_s);
     // Of each pair exactly one is checked.
     for (const auto &pair : {std::pair(chkalp, chknum), std::pair(chkasc, chkdes)}) {
         auto *group = new QButtonGroup(box);
@@ -231,7 +234,7 @@ void frmreportb::showReport()
     m_model->setStringList(m_lines.lines);
     for (QPushButton *button : {cmdprint, cmdcsv, cmdpdf})
         button->setEnabled(good);
-    lblnote->setText(cash ? cashReportNote() : QString());
+    lblnote->setText(m_report.remarks.join(u' '));
 }
 
 void frmreportb::showFontSize()

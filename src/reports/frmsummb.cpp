@@ -27,11 +27,16 @@ QColor entryTint(int entry)
     return QColor::fromHsv(entry * 80 % 360, 30, 255);
 }
 
+// Number and name on the left, figures on the right.
+Qt::Alignment alignmentOf(int column)
+{
+    return (column < 2 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
+}
+
 } // namespace
 
 frmsummb::frmsummb(const ScreenContext &context)
     : m_context(context)
-    , m_returnTo(context.navigator.previousName())
 {
     build();
     connectControls();
@@ -56,12 +61,18 @@ void frmsummb::build()
     grdsumm->setSelectionBehavior(QAbstractItemView::SelectRows);
     grdsumm->setSelectionMode(QAbstractItemView::SingleSelection);
     grdsumm->setTabKeyNavigation(false);
+    QFont font = grdsumm->font();
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    grdsumm->setFont(font);
     grdsumm->verticalHeader()->hide();
     // 22 rows are to be seen at once, and fill a larger window.
     grdsumm->verticalHeader()->setMinimumSectionSize(grdsumm->fontMetrics().height() + 2);
     grdsumm->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     grdsumm->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    grdsumm->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    for (const int column : {0, 1})
+        grdsumm->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    for (int column = 0; column < grdsumm->columnCount(); ++column)
+        grdsumm->horizontalHeaderItem(column)->setTextAlignment(alignmentOf(column));
     cmdrefresh =
         makeButton(this, u"cmdrefresh"_s, u"Refresh"_s, u"Read the bets of this race again"_s);
     cmdbets = makeButton(this, u"cmdbets"_s, u"All Bets by Bettor"_s,
@@ -153,8 +164,7 @@ void frmsummb::showRow(int row, const SummaryRow &shown, bool isTotal)
     const QStringList cells = summaryCells(shown);
     for (int column = 0; column < int(cells.size()); ++column) {
         auto *item = new QTableWidgetItem(cells[column]);
-        const auto side = column < 2 ? Qt::AlignLeft : Qt::AlignRight;
-        item->setTextAlignment(side | Qt::AlignVCenter);
+        item->setTextAlignment(alignmentOf(column));
         if (isTotal) {
             QFont font = grdsumm->font();
             font.setBold(true);
@@ -184,5 +194,6 @@ void frmsummb::printSummary()
 void frmsummb::leave()
 {
     Navigator &navigator = m_context.navigator;
-    navigator.open(navigator.has(m_returnTo) ? m_returnTo : u"frmmenub"_s);
+    const QString opener = navigator.previousName();
+    navigator.open(navigator.has(opener) ? opener : u"frmmenub"_s);
 }

@@ -34,7 +34,6 @@ private:
     ScreenContext m_context;
     RaceRecords m_race;
     RaceSummary m_summary;
-    QString m_returnTo; // the screen that opened this one
 
     QLineEdit *txtbanner;
     QButtonGroup *optrace;

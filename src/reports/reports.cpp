@@ -7,7 +7,6 @@
 #include "reports/eventrecords.h"
 
 #include <algorithm>
-#include <cmath>
 #include <unordered_map>
 
 using namespace Qt::StringLiterals;
@@ -188,15 +187,6 @@ Report bettorsReport(Session &session, const ReportRequest &request)
     return report;
 }
 
-QString betTypeWord(float type)
-{
-    if (type == 1)
-        return u"Win"_s;
-    if (type == 2)
-        return u"Place"_s;
-    return type == 3 ? u"Show"_s : plainNumber(type);
-}
-
 Report betsReport(Session &session, const ReportRequest &request)
 {
     Report report = titledReport(session, request, u"Bets"_s);
@@ -213,11 +203,7 @@ Report betsReport(Session &session, const ReportRequest &request)
             if (row.damaged)
                 continue;
             const Bet &bet = row.bet;
-            const bool onCard =
-                bet.post >= 1 && bet.post <= float(postCount) && bet.post == std::floor(bet.post);
-            Horse horse = onCard ? race.horses.post(int(bet.post)) : Horse();
-            if (isUnused(horse))
-                horse = {0, 0, plainNumber(bet.post), u"(no horse)"_s};
+            const Horse horse = horseOfBet(race.horses, bet);
             const QString name = names.nameOf(bet.bettor);
             total += double(bet.amount);
             rows.push_back(
@@ -263,12 +249,12 @@ Report multibetsReport(Session &session, const ReportRequest &request)
             const MultibetType *type = multibetType(bet.type);
             const QString name = names.nameOf(float(bet.bettor));
             total += bet.amount;
-            rows.push_back(
-                {searchKey(name),
-                 double(bet.bettor),
-                 race.race,
-                 {QString::number(race.race), QString::number(bet.bettor), name,
-                  type ? type->printedName : bet.type, postsText(bet), money(bet.amount)}});
+            rows.push_back({searchKey(name),
+                            double(bet.bettor),
+                            race.race,
+                            {QString::number(race.race), QString::number(bet.bettor), name,
+                             type ? capitalized(type->printedName) : bet.type, postsText(bet),
+                             money(bet.amount)}});
         }
     }
     report.rows = sortedRows(std::move(rows), request);
