@@ -219,11 +219,11 @@ Report cashReport(const QString &banner, const EveningCash &cash)
     }
     if (cash.badRecords > 0) {
         report.remarks.append("Bad records, their money is due back: "_L1
-                              + QString::number(cash.badRecords));
+                              + QString::number(cash.badRecords) + u'.');
     }
     if (cash.damagedLines > 0) {
         report.remarks.append("Damaged lines, in no figure: "_L1
-                              + QString::number(cash.damagedLines));
+                              + QString::number(cash.damagedLines) + u'.');
     }
     report.remarks += cashReportNotes();
     return report;

@@ -55,7 +55,7 @@ void remarkDamaged(Report &report, qsizetype damaged, const QString &file)
         return;
     report.remarks.append(QString::number(damaged)
                           + (damaged == 1 ? " damaged line of "_L1 : " damaged lines of "_L1) + file
-                          + (damaged == 1 ? " is not listed"_L1 : " are not listed"_L1));
+                          + (damaged == 1 ? " is not listed."_L1 : " are not listed."_L1));
 }
 
 Report titledReport(const Session &session, const ReportRequest &request, const QString &word)
@@ -93,7 +93,7 @@ Report horsesReport(Session &session, const ReportRequest &request)
         }
     }
     report.rows = sortedRows(std::move(rows), request);
-    report.remarks.append("Horses: "_L1 + QString::number(report.rows.size()));
+    report.remarks.append("Horses: "_L1 + QString::number(report.rows.size()) + u'.');
     remarkDamaged(report, damaged, u"Horses"_s);
     return report;
 }
@@ -216,7 +216,7 @@ Report betsReport(Session &session, const ReportRequest &request)
     }
     report.rows = sortedRows(std::move(rows), request);
     report.rows.append({{{}, {}, u"TOTAL"_s, {}, {}, {}, money(total)}, true});
-    report.remarks.append("Bets: "_L1 + QString::number(report.rows.size() - 1));
+    report.remarks.append("Bets: "_L1 + QString::number(report.rows.size() - 1) + u'.');
     remarkDamagedBets(report, races);
     return report;
 }
@@ -259,7 +259,7 @@ Report multibetsReport(Session &session, const ReportRequest &request)
     }
     report.rows = sortedRows(std::move(rows), request);
     report.rows.append({{{}, {}, u"TOTAL"_s, {}, {}, money(total)}, true});
-    report.remarks.append("Multibets: "_L1 + QString::number(report.rows.size() - 1));
+    report.remarks.append("Multibets: "_L1 + QString::number(report.rows.size() - 1) + u'.');
     remarkDamagedBets(report, races);
     return report;
 }
