@@ -213,7 +213,7 @@ private slots:
         QCOMPARE(text.lines,
                  (QStringList{u"Derby"_s, u"BETS"_s, u" "_s, u"No.  Bettor           Amount"_s,
                               u"  7  O'NEIL, \"JO\"  $1,234.50"_s,
-                              u"     TOTAL          $1,234.50"_s, u" "_s, u"Bets: 1."_s}));
+                              u"     TOTAL         $1,234.50"_s, u" "_s, u"Bets: 1."_s}));
         QCOMPARE(text.headingLines, 4);
         QCOMPARE(reportCsv(report), QByteArray("\xef\xbb\xbfNo.,Bettor,Amount\r\n"
                                                "7,\"O'NEIL, \"\"JO\"\"\",1234.50\r\n"
