@@ -1,5 +1,6 @@
 #include "screens.h"
 
+#include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 
 using namespace Qt::StringLiterals;
@@ -18,6 +19,7 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
     };
 }
