@@ -21,13 +21,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The column of a form: a frame with its controls one below the other.
-QVBoxLayout *makeColumn(QWidget *parent, QGridLayout *grid, int column, int stretch)
+// A frame at a place of the grid, with its controls one below the other.
+QVBoxLayout *makeFrame(QWidget *parent, QGridLayout *grid, int row, int column, int rows = 1)
 {
     auto *frame = new QGroupBox(parent);
-    grid->addWidget(frame, 1, column);
-    grid->setColumnStretch(column, stretch);
+    grid->addWidget(frame, row, column, rows, 1);
     return new QVBoxLayout(frame);
+}
+
+// Names are read across the table, so they stand out.
+void enlarge(QWidget *widget)
+{
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    widget->setFont(font);
 }
 
 // True for a key that types: one that yields a character, Enter, Backspace or Escape.
@@ -94,30 +101,38 @@ void frmbettorsb::build()
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to main menu"_s);
     lblnote = makeNoteLine(this);
 
+    enlarge(txtbettorname);
+    enlarge(cbobettornames);
+
     auto *grid = new QGridLayout(this);
-    grid->addWidget(txtbanner, 0, 0, 1, 3);
-    QVBoxLayout *adding = makeColumn(this, grid, 0, 3);
-    for (QWidget *widget : {static_cast<QWidget *>(Label1), static_cast<QWidget *>(Label4),
-                            static_cast<QWidget *>(txtbettorname)})
-        adding->addWidget(widget);
-    adding->addSpacing(adding->spacing() * 2);
+    grid->addWidget(txtbanner, 0, 0, 1, 2);
+    QVBoxLayout *adding = makeFrame(this, grid, 1, 0);
+    adding->addWidget(Label1);
+    adding->addWidget(Label4);
+    adding->addWidget(txtbettorname);
+    adding->addStretch();
     adding->addWidget(lblenter);
     adding->addStretch();
-    QVBoxLayout *listing = makeColumn(this, grid, 1, 4);
+    QVBoxLayout *deleting = makeFrame(this, grid, 2, 0);
+    deleting->addWidget(Label2);
+    deleting->addStretch();
+    deleting->addWidget(lblcombo);
+    deleting->addStretch();
+    deleting->addWidget(cmddelete);
+    deleting->addWidget(cmdclearbettors);
+    auto *leaving = new QHBoxLayout;
+    leaving->addWidget(cmdbetsheet);
+    leaving->addWidget(cmdreturn);
+    grid->addLayout(leaving, 3, 0);
+    QVBoxLayout *listing = makeFrame(this, grid, 1, 1, 3);
     listing->addWidget(Label3);
     listing->addWidget(cbobettornames, 1);
     listing->addWidget(lblcount);
-    QVBoxLayout *deleting = makeColumn(this, grid, 2, 3);
-    deleting->addWidget(Label2);
-    deleting->addWidget(lblcombo);
-    deleting->addSpacing(deleting->spacing() * 2);
-    deleting->addWidget(cmddelete);
-    deleting->addWidget(cmdclearbettors);
-    deleting->addStretch();
-    deleting->addWidget(cmdbetsheet);
-    deleting->addWidget(cmdreturn);
     grid->setRowStretch(1, 1);
-    grid->addWidget(lblnote, 2, 0, 1, 3);
+    grid->setRowStretch(2, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(lblnote, 4, 0, 1, 2);
 
     assignAltLetters(this);
     txtbettorname->setFocus();
@@ -128,6 +143,7 @@ void frmbettorsb::connectControls()
     const Navigator &navigator = m_context.navigator;
     cmdbetsheet->setEnabled(navigator.has(u"frmsheetb"_s));
     cmdreturn->setEnabled(navigator.has(u"frmmenub"_s));
+    connect(txtbettorname, &QLineEdit::textEdited, this, &frmbettorsb::showPlaceOf);
     connect(txtbettorname, &QLineEdit::returnPressed, this, &frmbettorsb::add);
     connect(cmddelete, &QPushButton::clicked, this, &frmbettorsb::deleteSelected);
     connect(cmdclearbettors, &QPushButton::clicked, this, &frmbettorsb::clearAll);
@@ -176,6 +192,19 @@ void frmbettorsb::addNote(const QString &note)
 {
     if (!note.isEmpty())
         lblnote->setText(lblnote->text().isEmpty() ? note : lblnote->text() + u'\n' + note);
+}
+
+// Scrolls the list to the names that begin like the one being typed, so that a bettor who is there
+// already, perhaps in another spelling, is seen.
+void frmbettorsb::showPlaceOf(const QString &typed)
+{
+    const QString key = searchKey(typed);
+    for (int row = 0; row < cbobettornames->count(); ++row) {
+        if (searchKey(cbobettornames->item(row)->text()).startsWith(key)) {
+            cbobettornames->scrollToItem(cbobettornames->item(row), QListWidget::PositionAtTop);
+            return;
+        }
+    }
 }
 
 void frmbettorsb::add()

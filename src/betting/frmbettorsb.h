@@ -31,6 +31,7 @@ private:
     QString standingNote() const;
     void addNote(const QString &note);
 
+    void showPlaceOf(const QString &typed);
     void add();
     void deleteSelected();
     void takeOut(const QString &name, int number);

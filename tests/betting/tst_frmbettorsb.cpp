@@ -273,7 +273,7 @@ void tst_frmbettorsb::refundWhenTheBackupFails()
     BoxRobot robot;
     event.list();
     robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
-    robot.expect(u"57 Device I/O error"_s, u"Betsbackup Output"_s);
+    robot.expect(u"70 Permission denied"_s, u"Betsbackup Output"_s);
     event.removeName(u"SMITH-JOHN"_s);
     QVERIFY(robot.allCame());
     QCOMPARE(event.read(u"Bets Race1"_s), "3,4,2,2\r\n");
