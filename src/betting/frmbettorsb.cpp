@@ -92,6 +92,7 @@ void frmbettorsb::build()
                                  "Click 'DELETE A BETTOR' to delete a bettor name.\n\n"
                                  "Click CLEAR ALL BETTORS to delete all bettors."_s,
                                  {}, true);
+    lblselected = makeLabel(this, u"lblselected"_s, {}, {}, true);
     cmddelete = makeButton(this, u"cmddelete"_s, u"DELETE A BETTOR"_s,
                            u"Delete selected bettor, returning any bets"_s);
     cmdclearbettors = makeButton(this, u"cmdclearbettors"_s, u"CLEAR ALL BETTORS"_s,
@@ -110,29 +111,30 @@ void frmbettorsb::build()
     adding->addWidget(Label1);
     adding->addWidget(Label4);
     adding->addWidget(txtbettorname);
-    adding->addStretch();
+    adding->addSpacing(adding->spacing());
     adding->addWidget(lblenter);
     adding->addStretch();
     QVBoxLayout *deleting = makeFrame(this, grid, 2, 0);
     deleting->addWidget(Label2);
-    deleting->addStretch();
     deleting->addWidget(lblcombo);
     deleting->addStretch();
-    deleting->addWidget(cmddelete);
-    deleting->addWidget(cmdclearbettors);
-    auto *leaving = new QHBoxLayout;
-    leaving->addWidget(cmdbetsheet);
-    leaving->addWidget(cmdreturn);
-    grid->addLayout(leaving, 3, 0);
-    QVBoxLayout *listing = makeFrame(this, grid, 1, 1, 3);
+    deleting->addWidget(lblselected);
+    auto *dropping = new QHBoxLayout;
+    dropping->addWidget(cmddelete);
+    dropping->addWidget(cmdclearbettors);
+    deleting->addLayout(dropping);
+    QVBoxLayout *listing = makeFrame(this, grid, 1, 1, 2);
     listing->addWidget(Label3);
     listing->addWidget(cbobettornames, 1);
-    listing->addWidget(lblcount);
-    grid->setRowStretch(1, 1);
+    auto *leaving = new QHBoxLayout;
+    leaving->addWidget(lblcount, 1);
+    leaving->addWidget(cmdbetsheet, 1);
+    leaving->addWidget(cmdreturn, 1);
+    listing->addLayout(leaving);
     grid->setRowStretch(2, 1);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    grid->addWidget(lblnote, 4, 0, 1, 2);
+    grid->addWidget(lblnote, 3, 0, 1, 2);
 
     assignAltLetters(this);
     txtbettorname->setFocus();
@@ -149,6 +151,7 @@ void frmbettorsb::connectControls()
     connect(cmdclearbettors, &QPushButton::clicked, this, &frmbettorsb::clearAll);
     connect(cmdbetsheet, &QPushButton::clicked, this, [this] { leaveTo(u"frmsheetb"_s); });
     connect(cmdreturn, &QPushButton::clicked, this, [this] { leaveTo(u"frmmenub"_s); });
+    connect(cbobettornames, &QListWidget::itemSelectionChanged, this, &frmbettorsb::showSelected);
     cbobettornames->installEventFilter(this);
 }
 
@@ -186,6 +189,18 @@ QString frmbettorsb::standingNote() const
 {
     return m_loaded ? bettorListNote(m_context.session.bettors)
                     : u"The bettor list was not read, so leaving this screen saves nothing"_s;
+}
+
+// Tells what a deletion would mean: who is selected, and where that bettor has bets.
+void frmbettorsb::showSelected()
+{
+    const auto selected = cbobettornames->selectedItems();
+    const QString name = selected.isEmpty() ? QString() : selected.front()->text();
+    const int number = m_context.session.bettors.numberOf(name);
+    const QString races = number == 0 ? QString() : racesWithBets(m_context.session, number, true);
+    lblselected->setText(number == 0 ? QString()
+                                     : name + ": number "_L1 + QString::number(number)
+                                           + ", bets "_L1 + (races.isEmpty() ? u"none"_s : races));
 }
 
 void frmbettorsb::addNote(const QString &note)
@@ -323,7 +338,7 @@ void frmbettorsb::rejectTyping()
         lost.append("Deleted names not saved and listed again: "_L1
                     + QString::number(m_deletedNames));
     }
-    m_context.navigator.reopen(lost.join(u'\n'));
+    m_context.navigator.reopen(lost.join(u"; "_s));
 }
 
 void frmbettorsb::leaveTo(const QString &screen)

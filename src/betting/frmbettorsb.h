@@ -28,6 +28,7 @@ private:
     void load();
     void fillList();
     void showCount();
+    void showSelected();
     QString standingNote() const;
     void addNote(const QString &note);
 
@@ -47,6 +48,7 @@ private:
     QLineEdit *txtbanner;
     QLineEdit *txtbettorname;
     QListWidget *cbobettornames;
+    QLabel *lblselected;
     QLabel *lblcount;
     QLabel *lblnote;
     QPushButton *cmddelete;

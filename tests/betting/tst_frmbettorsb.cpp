@@ -185,6 +185,8 @@ void tst_frmbettorsb::deletionCancelled()
     robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s, Answer::Cancel);
     event.removeName(u"SMITH-JOHN"_s);
     QVERIFY(robot.allCame());
+    QCOMPARE(labelText(event.list(), u"lblselected"_s),
+             u"SMITH-JOHN: number 2, bets Race1 $5.00"_s);
     QCOMPARE(event.names().size(), 3);
     QCOMPARE(event.read(u"Bets Race1"_s), "2,1,1,5\r\n");
 }
@@ -424,7 +426,7 @@ void tst_frmbettorsb::keysInTheList()
     const QStringList inMemory{u"AnyBettor"_s, u"NEW-ANN"_s, u"SMITH-JOHN"_s};
     QCOMPARE(event.names(), rejected ? fromFile : inMemory);
     QCOMPARE(event.session.bettors.nextNumber, rejected ? 4 : 5);
-    QCOMPARE(event.note(), rejected ? u"Additions not saved and lost: 1 (NEW-ANN)\n"
+    QCOMPARE(event.note(), rejected ? u"Additions not saved and lost: 1 (NEW-ANN); "
                                       "Deleted names not saved and listed again: 1"_s
                                     : QString());
 }
