@@ -99,18 +99,14 @@ QString takeOutBets(Session &session, int number, float &refund)
     return note;
 }
 
-bool betsAreOut(Session &session, int number)
+bool betsAreOut(const Session &session, int number)
 {
-    const QString label = session.settings.operationLabel;
-    bool out = false;
     try {
-        LoadRaceBets(session);
-        out = betTotal(session.bets, number) == 0;
+        const QString path = mainFile(session, RecordFile::Bets, session.settings.currentRace);
+        return betTotal(parseBets(readRecordFile(path).toStdString()), number) == 0;
     } catch (const FileError &) {
-        // Bets that cannot be read cannot be called taken out.
+        return false; // what cannot be read cannot be called taken out
     }
-    session.settings.operationLabel = label;
-    return out;
 }
 
 QString racesWithBets(const Session &session, int number, bool withCurrentRace)

@@ -28,7 +28,7 @@ float betTotal(const BetTable &bets, int number);
 QString takeOutBets(Session &session, int number, float &refund);
 
 // True when the current race's Bets hold no bet of the bettor; never throws.
-bool betsAreOut(Session &session, int number);
+bool betsAreOut(const Session &session, int number);
 
 // The races in which the bettor number has bets, "Race5 $12.00, Race8 $4.00"; empty when it has
 // none. A race whose bets cannot be read is named too.

@@ -283,7 +283,7 @@ void frmbettorsb::takeOut(const QString &name, int number)
         markBettorDeleted(session.bettors, name);
         if (m_addedNames.removeAll(name) == 0)
             ++m_deletedNames;
-        delete cbobettornames->takeItem(cbobettornames->currentRow());
+        qDeleteAll(cbobettornames->selectedItems());
         cbobettornames->setCurrentRow(-1);
         showCount();
         const QString races = racesWithBets(session, number, false);
