@@ -2,6 +2,7 @@
 
 #include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,7 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
+        screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
     };
 }
