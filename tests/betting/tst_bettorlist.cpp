@@ -121,7 +121,7 @@ void tst_bettorlist::savedFiles()
     QFETCH(QByteArray, changes);
     QFETCH(QByteArray, main);
     QFETCH(QByteArray, twin);
-    TestEvent event;
+    TestEvent event(false);
     event.write(u"Bettors"_s, file(before));
     event.write(u"Bettorsbackup"_s, file("1,'old'"));
     loadBettors(event.session, u"Bettors input"_s);
@@ -150,7 +150,7 @@ void tst_bettorlist::savedCopies_data()
 void tst_bettorlist::savedCopies()
 {
     QFETCH(QByteArray, onFile);
-    TestEvent event;
+    TestEvent event(false);
     event.session.bettors = BettorTable::parse(file("1,'AnyBettor'|2,'B'"), 10);
     event.write(u"Bettors"_s, file(onFile));
     event.write(u"Bettorsbackup"_s, file(onFile));
@@ -179,7 +179,7 @@ void tst_bettorlist::takenOutBets()
 {
     QFETCH(QByteArray, bets);
     QFETCH(QByteArray, kept);
-    TestEvent event;
+    TestEvent event(false);
     event.write(u"Bets Race1"_s, file(bets));
     event.write(u"Betsbackup Race1"_s, file(bets));
     event.write(u"Bets Race2"_s, file("7,1,1,9"));
@@ -195,11 +195,10 @@ void tst_bettorlist::takenOutBets()
 
 void tst_bettorlist::betsOfOtherRaces()
 {
-    TestEvent event;
+    TestEvent event(false);
     event.write(u"Bets Race1"_s, file("7,1,1,3"));
     event.write(u"Bets Race5"_s, file("7,1,1,10|8,1,1,50|7,2,3,2"));
     event.write(u"Bets Race12"_s, file("7,1,1,1234.5"));
-    QFile::remove(event.path(u"Bets Race3"_s));
     const QString elsewhere = u"Race5 $12.00, Race12 $1,234.50"_s;
     QCOMPARE(racesWithBets(event.session, 7, false), elsewhere);
     QCOMPARE(racesWithBets(event.session, 7, true), u"Race1 $3.00, "_s + elsewhere);
@@ -238,9 +237,8 @@ void tst_bettorlist::refundSlips()
 
 void tst_bettorlist::clearing()
 {
-    TestEvent event;
+    TestEvent event(false);
     event.write(u"Bettors"_s, file("1,'AnyBettor'|2,'B'"));
-    QFile::remove(event.path(u"Bettorsbackup"_s));
     clearBettors(event.session);
     QCOMPARE(event.read(u"Bettors"_s), file("1,'AnyBettor'"));
     QCOMPARE(event.read(u"Bettorsbackup"_s), file("1,'AnyBettor'"));

@@ -4,7 +4,6 @@
 #include "ui/mainwindow.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QListWidget>
 
@@ -18,8 +17,10 @@ class ListEvent : public TestEvent
 public:
     explicit ListEvent(const QByteArray &bettors = "1,\"AnyBettor\"\r\n2,\"SMITH-JOHN\"\r\n"
                                                    "3,\"ADAMS-EVE\"\r\n")
+        : TestEvent(false)
     {
         write(u"Bettors"_s, bettors);
+        write(u"Bettorsbackup"_s, bettors);
     }
 
     // The bettor list, opened once.
@@ -269,7 +270,6 @@ void tst_frmbettorsb::refundWhenTheBackupFails()
     ListEvent event;
     event.write(u"Bets Race1"_s, "2,1,1,5\r\n3,4,2,2\r\n");
     const QString twin = event.path(u"Betsbackup Race1"_s);
-    QFile::remove(twin);
     // A file that opens and refuses what is written, whatever the rights of the user are.
     QVERIFY(QFile::link(u"/proc/self/oom_score_adj"_s, twin));
     BoxRobot robot;
@@ -448,23 +448,18 @@ void tst_frmbettorsb::manyBettors()
                    + QByteArray::number(number * 7919 % 2003) + "\"\r\n";
     ListEvent event(records);
     event.session.settings.bettorLimit = 2000;
-    QElapsedTimer timer;
-    timer.start();
     event.list();
-    qInfo("opened in %lld ms", timer.restart());
     QCOMPARE(event.names().size(), 1999);
     BoxRobot robot;
-    robot.expect(u"BETTOR-99-B added"_s, u"Bettors"_s);
-    typeInto(event.list(), u"txtbettorname"_s, u"bettor-99-b"_s);
-    timer.restart();
+    robot.expect(u"BETTOR-5-B added"_s, u"Bettors"_s);
+    typeInto(event.list(), u"txtbettorname"_s, u"bettor-5-b"_s);
+    auto *control = child<QListWidget>(event.list(), u"cbobettornames"_s);
+    QVERIFY(control->itemAt(2, 2)->text().startsWith("BETTOR-5"_L1));
     QTest::keyClick(child<QLineEdit>(event.list(), u"txtbettorname"_s), Qt::Key_Return);
-    qInfo("added in %lld ms", timer.restart());
     QVERIFY(robot.allCame());
     QCOMPARE(event.names().size(), 2000);
     QVERIFY(std::ranges::is_sorted(event.names()));
-    timer.restart();
     clickButton(event.list(), u"cmdreturn"_s);
-    qInfo("saved in %lld ms", timer.elapsed());
     QCOMPARE(event.read(u"Bettors"_s).count('\n'), 2000);
 }
 

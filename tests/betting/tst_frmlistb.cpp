@@ -24,6 +24,7 @@ const QString questionTitle = u"Print Bets by Bettor"_s;
 
 QWidget *openListing(TestEvent &event)
 {
+    event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n");
     event.open(u"frmbettorsb"_s);
     showListing({event.session, event.navigator(), event.printer},
                 {u" 2  5.00"_s, u"SMITH & <b>SONS</b>"_s});
@@ -60,7 +61,7 @@ void tst_frmlistb::copies()
     QFETCH(bool, receipts);
     QFETCH(int, jobs);
     QFETCH(int, copies);
-    TestEvent event;
+    TestEvent event(false);
     event.session.settings.setReceiptPrinting(receipts);
     QWidget *listing = openListing(event);
     BoxRobot robot;
@@ -83,7 +84,7 @@ void tst_frmlistb::copies()
 
 void tst_frmlistb::printerFails()
 {
-    TestEvent event;
+    TestEvent event(false);
     event.printer.setDestination([](const Slip &) { throw FileError(ErrorNumber::PrinterError); });
     QWidget *listing = openListing(event);
     BoxRobot robot;
