@@ -2,6 +2,7 @@
 
 #include "betting/frmlistb.h"
 #include "racecard/frmhorsesb.h"
+#include "payoff/frmpaywinnersb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,5 +22,6 @@ std::vector<ScreenEntry> allScreens()
     return {
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
     };
 }
