@@ -1,5 +1,6 @@
 #include "screens.h"
 
+#include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
 #include "multibets/frmmulti.h"
@@ -11,6 +12,8 @@
 #include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "payoff/frmpaywinnersb.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +31,7 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
         screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
@@ -39,5 +43,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
         screen<frmsummb>(u"frmsummb"_s, u"Race Summary"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
+        screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
 }

@@ -59,13 +59,14 @@ BetGrid::BetGrid(QWidget *parent)
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(2);
-    grid->setVerticalSpacing(1);
+    grid->setVerticalSpacing(0);
     grid->setColumnStretch(1, 1);
     addHeadings(grid);
     for (int post = 1; post <= postCount; ++post)
         addRow(grid, post);
     addTotals(grid);
-    grid->setRowStretch(postCount + 2, 1);
+    grid->addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
+                  postCount + 2, 0);
     // Rows share the height there is, from their text's height to twice that.
     for (auto *field : findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
         field->setSizePolicy(field->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
@@ -127,7 +128,7 @@ void BetGrid::addRow(QGridLayout *grid, int post)
         }
         field->setAlignment(column < 4 ? Qt::AlignRight : Qt::AlignCenter);
         field->setAccessibleName(row + QLatin1StringView(columnWords[column]));
-        fitCharacters(field, 6);
+        fitCharacters(field, base == oddsBase ? 4 : 6);
         grid->addWidget(field, post, 2 + column++);
         txtnumber[std::size_t(index)] = field;
     }
@@ -147,7 +148,8 @@ void BetGrid::addTotals(QGridLayout *grid)
         QLineEdit *field = makeDisplay(this, name);
         field->setAlignment(Qt::AlignRight);
         field->setAccessibleName(meaning);
-        enlarge(field, 1);
+        enlarge(field, 1.1);
+        fitCharacters(field, 6);
         grid->addWidget(field, row, column);
         return field;
     };
@@ -155,8 +157,6 @@ void BetGrid::addTotals(QGridLayout *grid)
     txtplacetot = makeTotal(u"txtplacetot"_s, 3, u"Total of place bets on this sheet"_s);
     txtshowtot = makeTotal(u"txtshowtot"_s, 4, u"Total of show bets on this sheet"_s);
     txttotaltot = makeTotal(u"txttotaltot"_s, 5, u"Total of this sheet"_s);
-    for (QLineEdit *field : {txtwintot, txtplacetot, txtshowtot})
-        fitCharacters(field, 6);
 }
 
 void BetGrid::setHorses(const HorseTable &horses)
