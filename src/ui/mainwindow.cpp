@@ -17,6 +17,8 @@ MainWindow::MainWindow(QWidget *parent)
 
 void MainWindow::showScreen(QWidget *screen)
 {
+    // A widget loses its focus when it gets a new parent.
+    QWidget *focused = screen->focusWidget();
     auto *area = new QScrollArea(m_stack);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -25,6 +27,8 @@ void MainWindow::showScreen(QWidget *screen)
     m_stack->addWidget(area);
     m_stack->setCurrentWidget(area);
     m_screen = screen;
+    if (focused)
+        focused->setFocus();
     while (m_stack->count() > 1) {
         QWidget *left = m_stack->widget(0);
         m_stack->removeWidget(left);

@@ -29,12 +29,17 @@ BoxRobot::~BoxRobot()
 
 void BoxRobot::expect(const QString &text, const QString &title, Answer answer)
 {
-    m_queue.append({text, title, answer, false, {}});
+    m_queue.append({text, title, answer, false, {}, false});
 }
 
 void BoxRobot::expectInput(const QString &text, const QString &title, const QString &typed)
 {
-    m_queue.append({text, title, typed.isNull() ? Answer::Cancel : Answer::Ok, true, typed});
+    m_queue.append({text, title, typed.isNull() ? Answer::Cancel : Answer::Ok, true, typed, false});
+}
+
+void BoxRobot::expectInputKept(const QString &text, const QString &title)
+{
+    m_queue.append({text, title, Answer::Ok, true, {}, true});
 }
 
 bool BoxRobot::allCame()
@@ -80,6 +85,8 @@ void BoxRobot::answer(QWidget *widget)
                         + title + ": "_L1 + text;
     }
     if (input) {
+        if (expected.kept)
+            return input->accept();
         if (expected.typed.isNull())
             return input->reject();
         input->setTextValue(expected.typed);
