@@ -3,6 +3,7 @@
 #include "betting/frmlistb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,7 @@ std::vector<ScreenEntry> allScreens()
     return {
         screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
         screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
+        screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
     };
 }

@@ -17,8 +17,8 @@ MainWindow::MainWindow(QWidget *parent)
 
 void MainWindow::showScreen(QWidget *screen)
 {
-    // A widget loses its focus when it gets a new parent.
-    QWidget *focused = screen->focusWidget();
+    // The screen chose its first control while it stood alone; being taken in forgets it.
+    QWidget *first = screen->focusWidget();
     auto *area = new QScrollArea(m_stack);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -26,9 +26,9 @@ void MainWindow::showScreen(QWidget *screen)
     area->setWidget(screen);
     m_stack->addWidget(area);
     m_stack->setCurrentWidget(area);
+    if (first)
+        first->setFocus();
     m_screen = screen;
-    if (focused)
-        focused->setFocus();
     while (m_stack->count() > 1) {
         QWidget *left = m_stack->widget(0);
         m_stack->removeWidget(left);
