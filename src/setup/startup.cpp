@@ -36,8 +36,6 @@ void completeSettings(Settings &settings)
         settings.currentRace = 1;
     if (settings.fontIndex < 1)
         settings.fontIndex = unsetFontIndex;
-    if (settings.betSheetMessage.isNull())
-        settings.betSheetMessage = defaultBetSheetMessage();
 }
 
 bool readOrCreateInit(Session &session)

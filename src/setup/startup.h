@@ -11,8 +11,7 @@ bool isInitDriveAnswer(const QString &answer);
 // True when the display has fewer pixels in width than the screens are designed for.
 bool isDisplayTooNarrow(int physicalWidth);
 
-// Gives unset settings their start values: race 1, rounding 0.01, font index 8 and the message of
-// the bet sheets.
+// Gives unset settings their start values: race 1, rounding 0.01 and font index 8.
 void completeSettings(Settings &settings);
 
 // Reads Init, or writes a first one when there is none. Returns false when Init was damaged. Every

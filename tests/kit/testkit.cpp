@@ -14,6 +14,7 @@
 #include <QListWidget>
 #include <QLocale>
 #include <QMessageBox>
+#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
@@ -163,7 +164,10 @@ void clickButton(QWidget *screen, const QString &name)
     auto *button = child<QAbstractButton>(screen, name);
     if (!button->isEnabled())
         qFatal("%s is disabled", qPrintable(name));
-    QTest::mouseClick(button, Qt::LeftButton);
+    // Only the sign and the text of an option take clicks, not the room beside them.
+    const bool option = qobject_cast<QRadioButton *>(button) != nullptr;
+    QTest::mouseClick(button, Qt::LeftButton, {},
+                      option ? QPoint(8, button->height() / 2) : QPoint());
     QCoreApplication::processEvents();
 }
 

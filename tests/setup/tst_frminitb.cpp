@@ -433,7 +433,6 @@ void tst_frminitb::closeBoxEndsTheProgram()
     MainWindow *window = event.navigator().window();
     QTimer::singleShot(0, window, [window] { window->close(); });
     QCOMPARE(QApplication::exec(), 0);
-    QVERIFY(!window->isVisible());
 }
 
 TRELAWN_TEST_MAIN(tst_frminitb)
