@@ -432,6 +432,7 @@ void tst_frminitb::closeBoxEndsTheProgram()
     event.open(u"frminitb"_s);
     MainWindow *window = event.navigator().window();
     QTimer::singleShot(0, window, [window] { window->close(); });
+    QTimer::singleShot(30000, window, [] { QApplication::exit(1); });
     QCOMPARE(QApplication::exec(), 0);
 }
 
