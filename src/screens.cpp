@@ -1,9 +1,9 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "racecard/frmhorsesb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
-#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
