@@ -58,7 +58,6 @@ void sizeTables(Session &session)
 {
     session.bettors = BettorTable(session.settings.bettorLimit);
     session.bets = BetTable();
-    session.bets.rows.reserve(std::size_t(session.settings.betLimit));
     session.pools = PoolTable();
 }
 

@@ -19,7 +19,8 @@ void completeSettings(Settings &settings);
 // written.
 bool readOrCreateInit(Session &session);
 
-// Empties the shared tables and makes room for what the limits allow.
+// Empties the shared tables. That of the bettors gets a slot for each that the limit allows; those
+// of the bets grow with their files.
 void sizeTables(Session &session);
 
 // Sets the event directory of a start and rewrites Init; of a damaged Init a copy goes to Saved

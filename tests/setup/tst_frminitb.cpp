@@ -70,6 +70,7 @@ private slots:
     void laterStart();
     void damagedInit_data();
     void damagedInit();
+    void unreadableInit();
     void comingBackAsksNothing();
     void raceIsStoredAtOnce();
     void bannerIsTakenOnEnter();
@@ -155,6 +156,8 @@ void tst_frminitb::laterStart()
     QCOMPARE(caption(run.screen, u"cmdprint"_s), u"Bet receipts will not print"_s);
     QCOMPARE(caption(run.screen, u"cmdround"_s), u"Round payoff to nearest 1.00"_s);
     QVERIFY(child<QRadioButton>(run.screen, u"optrace_7"_s)->isChecked());
+    clickButton(run.screen, u"optrace_6"_s);
+    QCOMPARE(labelText(run.screen, u"lblnote"_s), u"Last event directory: D:\\Party\\"_s);
     QVERIFY(!run.event.session.settings.mayPrint());
     QCOMPARE(run.event.session.bettors.slotCount(), 50);
 }
@@ -187,6 +190,20 @@ void tst_frminitb::damagedInit()
         QCOMPARE(labelText(run.screen, u"lblnote"_s),
                  "The damaged Init was kept in Saved as "_L1 + copies.front());
     }
+}
+
+void tst_frminitb::unreadableInit()
+{
+    NewRun run;
+    QVERIFY(QDir().mkpath(run.event.session.paths.toHost(u"C:\\Trelawn\\Init"_s)));
+    run.expectDrive();
+    const QString fault = u"Path/File access error Init open-Setup"_s;
+    run.robot.expect(fault, u"Init open-Setup"_s);
+    run.expectPrinter(Answer::Yes);
+    run.robot.expect(fault, u"Init open-Setup"_s);
+    QVERIFY(run.start());
+    QCOMPARE(fieldText(run.screen, u"txtbanner"_s), u"Kentucky Derby Race1"_s);
+    QCOMPARE(fieldText(run.screen, u"txtfiles"_s), u"C:\\Trelawn\\"_s);
 }
 
 void tst_frminitb::comingBackAsksNothing()
