@@ -14,6 +14,8 @@
 #include "setup/frmmenub.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
+#include "setup/frminitb.h"
+#include "setup/frmmenub.h"
 
 using namespace Qt::StringLiterals;
 
