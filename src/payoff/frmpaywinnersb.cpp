@@ -42,6 +42,19 @@ QListWidgetItem *selectedItem(const QListWidget *list)
     return selected.isEmpty() ? nullptr : selected.front();
 }
 
+void enlargeRows(QListWidget *list)
+{
+    QFont font = list->font();
+    font.setPointSizeF(font.pointSizeF() * 1.15);
+    list->setFont(font);
+}
+
+// A text of the operator's own must not widen the screen.
+void ignoreTextWidth(QLabel *label)
+{
+    label->setSizePolicy(QSizePolicy::Ignored, label->sizePolicy().verticalPolicy());
+}
+
 QLineEdit *makeAmount(QWidget *parent, const QString &name, const QString &toolTip)
 {
     QLineEdit *field = makeDisplay(parent, name, toolTip);
@@ -69,10 +82,10 @@ void frmpaywinnersb::build()
 
     auto *payoffs = new QVBoxLayout;
     auto *columns = new QHBoxLayout;
-    columns->addWidget(buildFinish(), 30);
+    columns->addWidget(buildFinish(), 28);
     payoffs->addWidget(buildPayoffs(), 1);
-    columns->addLayout(payoffs, 42);
-    columns->addWidget(buildWinners(), 28);
+    columns->addLayout(payoffs, 46);
+    columns->addWidget(buildWinners(), 26);
     payoffs->addWidget(buildTotals());
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to the main menu"_s);
     enlarge(cmdreturn, 1.1);
@@ -101,7 +114,7 @@ QWidget *frmpaywinnersb::buildFinish()
     lsthorses = new QListWidget(group);
     lsthorses->setObjectName(u"lsthorses"_s);
     lsthorses->setAccessibleName(u"Horses of the race"_s);
-    enlarge(lsthorses, 1.1);
+    enlargeRows(lsthorses);
     lsthorses->setMinimumHeight(lsthorses->fontMetrics().height() * 6);
 
     auto *grid = new QGridLayout;
@@ -137,6 +150,7 @@ QWidget *frmpaywinnersb::buildFinish()
         fitCharacters(field, 3);
         QLabel *label = makeLabel(group, memberName(u"lblfinish"_s, i + 1), {}, {}, true);
         label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(13, u'n')));
+        ignoreTextWidth(label);
         enlarge(label, 1);
         lblfinish[std::size_t(i)] = label;
         connect(this->*row.button, &QPushButton::clicked, this,
@@ -209,6 +223,7 @@ QWidget *frmpaywinnersb::buildPayoffs()
     };
     lblpays = makeHeading(group, u"lblpays"_s, {});
     enlarge(lblpays, 1.15);
+    ignoreTextWidth(lblpays);
     grid->addWidget(lblpays, 0, 0, 1, 4);
     const QString heads[] = {u"WIN"_s, u"PLACE"_s, u"SHOW"_s};
     const QString horses[] = {u"Win horse"_s, u"Place horse"_s, u"Show horse"_s};
@@ -224,7 +239,7 @@ QWidget *frmpaywinnersb::buildPayoffs()
         this->*payoff.field = field;
         field->setAccessibleName(payoff.toolTip);
         field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        enlarge(field, 1.7);
+        enlarge(field, 1.5);
         grid->addWidget(field, payoff.row + 2, payoff.column + 1);
     }
 
@@ -266,12 +281,15 @@ QWidget *frmpaywinnersb::buildWinners()
     lstwinners = new QListWidget(group);
     lstwinners->setObjectName(u"lstwinners"_s);
     lstwinners->setAccessibleName(u"WINNING BETTORS"_s);
-    enlarge(lstwinners, 1.1);
+    enlargeRows(lstwinners);
     lstwinners->setMinimumHeight(lstwinners->fontMetrics().height() * 6);
     lblowed = makeLabel(group, u"lblowed"_s, {}, {}, true);
     cmdpay = makeButton(group, u"cmdpay"_s, u"PAY WINNER"_s,
                         u"Calculate payoff amount, remove name from winner list"_s);
     enlarge(cmdpay, 1.1);
+    txtfactor = makeAmount(group, u"txtfactor"_s, u"Rounding factor of the setup screen"_s);
+    txtfactor->setAccessibleName(u"Round factor"_s);
+    fitCharacters(txtfactor, 5);
     txtwinnername = makeDisplay(group, u"txtwinnername"_s, u"The bettor paid last"_s);
     txtwinnername->setAccessibleName(u"Bettor paid"_s);
     enlarge(txtwinnername, 1.2);
@@ -279,13 +297,12 @@ QWidget *frmpaywinnersb::buildWinners()
                            u"Rounded payoff based on rounding factor on setup screen"_s);
     txttotalr->setAccessibleName(u"Rounded payoff"_s);
     enlarge(txttotalr, 2);
-    txtfactor = makeAmount(group, u"txtfactor"_s, u"Rounding factor of the setup screen"_s);
-    txtfactor->setAccessibleName(u"Round factor"_s);
-    fitCharacters(txtfactor, 5);
 
+    auto *factor = new QHBoxLayout;
+    factor->addWidget(makeLabel(group, u"lblfactor"_s, u"Round factor"_s));
+    factor->addWidget(txtfactor);
+    factor->addStretch();
     auto *amount = new QHBoxLayout;
-    amount->addWidget(makeLabel(group, u"lblfactor"_s, u"Round\nfactor"_s));
-    amount->addWidget(txtfactor);
     amount->addWidget(makeHeading(group, u"lbltotalr"_s, u"PAY"_s));
     amount->addWidget(txttotalr, 1);
     auto *layout = new QVBoxLayout(group);
@@ -293,6 +310,7 @@ QWidget *frmpaywinnersb::buildWinners()
     layout->addWidget(lstwinners, 1);
     layout->addWidget(lblowed);
     layout->addWidget(cmdpay);
+    layout->addLayout(factor);
     layout->addWidget(txtwinnername);
     layout->addLayout(amount);
     return group;
@@ -368,6 +386,7 @@ void frmpaywinnersb::connectControls()
     connect(lsthorses, &QListWidget::itemSelectionChanged, this, [this] {
         const QListWidgetItem *item = selectedItem(lsthorses);
         txthorse->setText(item ? item->text() : u"Select a Horse"_s);
+        txthorse->setCursorPosition(0);
     });
     connect(txthousepct, &QLineEdit::returnPressed, this, [this] {
         showMessage(this, u"House percentage is "_s + txthousepct->text() + u" %"_s, u"Payoff"_s);
@@ -698,6 +717,7 @@ void frmpaywinnersb::showPayment(const QString &name, const Payment &payment)
     txtfactor->setText(roundingText(m_context.session.settings.roundingIndex));
     txttotalr->setText(formatMoney(payment.rounded, "Currency"));
     txtwinnername->setText(name);
+    txtwinnername->setCursorPosition(0);
     showPaidTotals();
 }
 
