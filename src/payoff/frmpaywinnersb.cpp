@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -68,8 +69,8 @@ frmpaywinnersb::frmpaywinnersb(const ScreenContext &context)
     makeButtons();
     build();
     connectControls();
-    showRace();
     lsthorses->setFocus();
+    QTimer::singleShot(0, this, &frmpaywinnersb::showRace);
 }
 
 void frmpaywinnersb::makeFields()
@@ -393,13 +394,15 @@ void frmpaywinnersb::selectRace(int race)
 {
     Session &session = m_context.session;
     if (race == session.settings.currentRace) {
-        if (!mayStartOver())
-            return;
-    } else {
-        m_ledger.closeRace(session.bettors);
-        session.settings.currentRace = race;
+        if (mayStartOver())
+            showRace();
+        return;
     }
+    m_ledger.closeRace(session.bettors);
+    session.settings.currentRace = race;
     showRace();
+    if (lblnote->text().isEmpty())
+        lblnote->setText(m_ledger.unpaidNotes().join(u"; "_s));
 }
 
 void frmpaywinnersb::showRace()
