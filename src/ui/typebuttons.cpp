@@ -43,6 +43,11 @@ QString TypeButtons::type() const
 void TypeButtons::setType(const QString &code)
 {
     txttype->setText(code);
-    for (qsizetype i = 0; i < m_buttons.size(); ++i)
-        m_buttons[i]->setChecked(m_types[i].code == code);
+    for (qsizetype i = 0; i < m_buttons.size(); ++i) {
+        const bool current = m_types[i].code == code;
+        m_buttons[i]->setChecked(current);
+        QFont font = this->font();
+        font.setBold(current);
+        m_buttons[i]->setFont(font);
+    }
 }
