@@ -41,7 +41,8 @@ complain "Plain logic includes widgets" < <(
 
 # What settles a race from a file's bytes loads no Qt at all.
 complain "A file that needs the standard library alone includes Qt" < <(
-    includes 'Q' common/recordlines.* common/betrecords.* common/pools.*
+    includes 'Q' common/recordlines.* common/betrecords.* common/pools.* \
+        common/racepayoffs.* payoff/settle.* payoff/rounding.*
 )
 
 exit $bad

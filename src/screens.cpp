@@ -4,6 +4,8 @@
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
+#include "payoff/frmpaywinnersb.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,9 +23,11 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
     };
 }
