@@ -4,6 +4,7 @@
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
+#include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 
@@ -28,6 +29,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
+        screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
     };
 }

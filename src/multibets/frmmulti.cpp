@@ -50,10 +50,7 @@ QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &access
     QLineEdit *field = makeDisplay(parent, name, toolTip);
     field->setAccessibleName(accessibleName);
     field->setAlignment(Qt::AlignRight);
-    QFont font = field->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    field->setFont(font);
+    enlarge(field, 1.2);
     return field;
 }
 
@@ -118,10 +115,7 @@ QWidget *frmmulti::buildTypeAndAmount()
     txtbetamt = makeCell(amountBox, u"txtbetamt"_s, u"Click to increase this amount by $1"_s);
     txtbetamt->setAccessibleName(u"Bet Amt"_s);
     txtbetamt->setAlignment(Qt::AlignCenter);
-    QFont large = txtbetamt->font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.4);
-    txtbetamt->setFont(large);
+    enlarge(txtbetamt, 1.4);
     fitCharacters(txtbetamt, 8);
     amountLayout->addWidget(txtbetamt);
     for (std::size_t i = 0; i < txtamt.size(); ++i) {
@@ -177,9 +171,7 @@ QWidget *frmmulti::buildBettor()
     m_search = new BettorSearch(BettorSearch::Typing::NarrowsList, u"Reset Bettor list"_s,
                                 u"Reset bettor list to beginning"_s, box);
     lblbettor = makeHeading(box, u"lblbettor"_s, {});
-    QFont font = lblbettor->font();
-    font.setPointSizeF(font.pointSizeF() * 1.3);
-    lblbettor->setFont(font);
+    enlarge(lblbettor, 1.3);
     lblbettor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 6, 6, 4);

@@ -28,14 +28,6 @@ namespace {
 constexpr char dollars[] = "$#,##0.00";
 constexpr char twoDigitDollars[] = "$#,#00.00";
 
-void enlarge(QWidget *widget, double factor)
-{
-    QFont font = widget->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * factor);
-    widget->setFont(font);
-}
-
 } // namespace
 
 frmpaymulti::frmpaymulti(const ScreenContext &context)
@@ -144,9 +136,7 @@ QWidget *frmpaymulti::buildWinners()
     lstbets->setObjectName(u"lstbets"_s);
     lstbets->setAccessibleName(u"WINNERS"_s);
     lstbets->setUniformItemSizes(true);
-    QFont font = lstbets->font();
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    lstbets->setFont(font);
+    enlarge(lstbets, 1.2);
     cmdprint = makeButton(box, u"cmdprint"_s, u"PRINT"_s, u"Print the list of winning bettors"_s);
     cmdreturn = makeButton(box, u"cmdreturn"_s, u"RETURN"_s, u"Return to the multibets screen"_s);
     auto *buttons = new QHBoxLayout;

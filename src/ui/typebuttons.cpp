@@ -27,10 +27,7 @@ TypeButtons::TypeButtons(const QList<Type> &types, QWidget *parent)
     txttype = makeDisplay(this, u"txttype"_s, u"Current bet type selection"_s);
     txttype->setAccessibleName(u"Bet type"_s);
     txttype->setAlignment(Qt::AlignCenter);
-    QFont font = txttype->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.6);
-    txttype->setFont(font);
+    enlarge(txttype, 1.6);
     fitCharacters(txttype, 4);
     layout->addWidget(txttype);
 }
