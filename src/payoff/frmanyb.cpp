@@ -40,6 +40,7 @@ frmanyb::frmanyb(const ScreenContext &context)
 {
     build();
     connectControls();
+    resize(640, 520);
     clearAll();
 }
 
