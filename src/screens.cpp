@@ -1,10 +1,12 @@
 #include "screens.h"
 
+#include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
 #include "payoff/frmanyb.h"
+#include "betting/frmsheetb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 
@@ -24,6 +26,7 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
@@ -31,5 +34,6 @@ std::vector<ScreenEntry> allScreens()
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
         screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
+        screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
 }
