@@ -2,11 +2,11 @@
 
 #include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
+#include "betting/frmsheetb.h"
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
 #include "payoff/frmanyb.h"
-#include "betting/frmsheetb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 
