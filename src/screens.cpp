@@ -6,6 +6,7 @@
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
+#include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 #include "reports/frmreportb.h"
@@ -45,6 +46,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
         screen<frmsummb>(u"frmsummb"_s, u"Race Summary"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
+        screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
