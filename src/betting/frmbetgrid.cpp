@@ -67,10 +67,10 @@ BetGrid::BetGrid(QWidget *parent)
     addTotals(grid);
     grid->addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
                   postCount + 2, 0);
-    // Rows share the height there is, from their text's height to twice that.
+    // Rows share the height there is, from their text's height to two and a half times that.
     for (auto *field : findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
         field->setSizePolicy(field->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-        field->setMaximumHeight(2 * field->fontMetrics().height());
+        field->setMaximumHeight(5 * field->fontMetrics().height() / 2);
     }
 }
 
@@ -149,7 +149,7 @@ void BetGrid::addTotals(QGridLayout *grid)
         field->setAlignment(Qt::AlignRight);
         field->setAccessibleName(meaning);
         enlarge(field, 1.1);
-        fitCharacters(field, 6);
+        field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
         grid->addWidget(field, row, column);
         return field;
     };
