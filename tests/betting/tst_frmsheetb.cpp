@@ -80,6 +80,7 @@ class tst_frmsheetb : public QObject
 
 private slots:
     void opens();
+    void damagedInitChangesNothing();
     void amountControls_data();
     void amountControls();
     void entering();
@@ -102,9 +103,12 @@ void tst_frmsheetb::opens()
 {
     SheetEvent event;
     event.session.settings.banner = u"Old Banner"_s;
+    event.session.settings.currentRace = 7;
+    event.session.settings.eventDirectory = u"D:\\Elsewhere\\"_s;
     saveInit(event.session);
     event.session.settings.banner.clear();
     event.session.settings.currentRace = 1;
+    event.session.settings.eventDirectory = u"C:\\Trelawn\\"_s;
     event.session.settings.satelliteComputer = u"yes"_s;
     QWidget *sheet = event.openSheet();
     QCOMPARE(event.text(u"txtbanner"_s), u"Old Banner"_s); // Init was read again
@@ -125,6 +129,18 @@ void tst_frmsheetb::opens()
     }
     QVERIFY(!sheet->findChild<QWidget *>(u"cmdpay"_s));
     QVERIFY(event.boxes.allCame());
+}
+
+void tst_frmsheetb::damagedInitChangesNothing()
+{
+    SheetEvent event;
+    event.session.settings.roundingIndex = 3;
+    event.session.settings.currentRace = 2;
+    event.write(u"Init"_s, "\"Other\",\"D:\\\",3");
+    event.openSheet();
+    QVERIFY2(event.note().contains(u"Init is damaged"_s), qPrintable(event.note()));
+    QCOMPARE(event.text(u"txtbanner"_s) + event.text(u"txtbanner1"_s), u"Kentucky Derby Race2"_s);
+    QCOMPARE(event.session.settings.roundingIndex, 3);
 }
 
 void tst_frmsheetb::amountControls_data()
