@@ -2,6 +2,7 @@
 
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +20,7 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
