@@ -17,6 +17,7 @@
 #include "racecard/frmhorsesb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 
