@@ -13,11 +13,6 @@
 #include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
-#include "payoff/frmpaywinnersb.h"
-#include "racecard/frmhorsesb.h"
-#include "setup/frminitb.h"
-#include "setup/frmmenub.h"
-#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 

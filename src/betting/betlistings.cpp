@@ -32,6 +32,7 @@ std::vector<BettorBets> groupByBettor(const BetTable &bets, const BettorTable &b
     }
     const BettorNames names(bettors);
     std::vector<std::pair<QString, BettorBets>> sorted;
+    sorted.reserve(byNumber.size());
     for (auto &[number, group] : byNumber) {
         group.number = number;
         group.name = names.nameOf(number);
@@ -39,6 +40,7 @@ std::vector<BettorBets> groupByBettor(const BetTable &bets, const BettorTable &b
     }
     std::ranges::stable_sort(sorted, {}, [](const auto &entry) { return entry.first; });
     std::vector<BettorBets> groups;
+    groups.reserve(sorted.size());
     for (auto &entry : sorted)
         groups.push_back(std::move(entry.second));
     return groups;

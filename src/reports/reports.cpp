@@ -24,6 +24,36 @@ struct SortableRow
     QStringList cells;
 };
 
+// Names of bettors with their sort keys; an evening's bets are many more than its bettors.
+class SortNames
+{
+public:
+    struct Name
+    {
+        QString name;
+        QString key;
+    };
+
+    explicit SortNames(const BettorTable &bettors)
+        : m_names(bettors)
+    {
+    }
+
+    const Name &of(float number)
+    {
+        const auto [entry, isNew] = m_found.try_emplace(number);
+        if (isNew) {
+            entry->second.name = m_names.nameOf(number);
+            entry->second.key = searchKey(entry->second.name);
+        }
+        return entry->second;
+    }
+
+private:
+    BettorNames m_names;
+    std::unordered_map<float, Name> m_found;
+};
+
 QList<ReportRow> sortedRows(std::vector<SortableRow> rows, const ReportRequest &request)
 {
     const auto precedes = [&](const SortableRow &a, const SortableRow &b) {
@@ -194,7 +224,7 @@ Report betsReport(Session &session, const ReportRequest &request)
                       {u"Bettor"_s, Kind::Text}, {u"No."_s, Kind::Text},
                       {u"Horse"_s, Kind::Text},  {u"Type"_s, Kind::Text},
                       {u"Amount"_s, Kind::Money}};
-    const BettorNames names(readBettors(session));
+    SortNames names(readBettors(session));
     const std::vector<RaceRecords> races = readRaces(session, request.race);
     std::vector<SortableRow> rows;
     double total = 0;
@@ -204,13 +234,13 @@ Report betsReport(Session &session, const ReportRequest &request)
                 continue;
             const Bet &bet = row.bet;
             const Horse horse = horseOfBet(race.horses, bet);
-            const QString name = names.nameOf(bet.bettor);
+            const SortNames::Name &name = names.of(bet.bettor);
             total += double(bet.amount);
             rows.push_back(
                 {searchKey(name),
                  double(bet.bettor),
                  race.race,
-                 {QString::number(race.race), plainNumber(bet.bettor), name, horse.number,
+                 {QString::number(race.race), plainNumber(bet.bettor), name.name, horse.number,
                   horse.name, betTypeWord(bet.type), formatMoney(bet.amount, "$#,##0.00")}});
         }
     }
@@ -237,7 +267,7 @@ Report multibetsReport(Session &session, const ReportRequest &request)
     report.columns = {{u"Race"_s, Kind::Number}, {u"Bettor No."_s, Kind::Number},
                       {u"Bettor"_s, Kind::Text}, {u"Type"_s, Kind::Text},
                       {u"Posts"_s, Kind::Text},  {u"Amount"_s, Kind::Money}};
-    const BettorNames names(readBettors(session));
+    SortNames names(readBettors(session));
     const std::vector<RaceRecords> races = readRaces(session, request.race);
     std::vector<SortableRow> rows;
     double total = 0;
@@ -247,12 +277,12 @@ Report multibetsReport(Session &session, const ReportRequest &request)
                 continue;
             const Multibet &bet = row.bet;
             const MultibetType *type = multibetType(bet.type);
-            const QString name = names.nameOf(float(bet.bettor));
+            const SortNames::Name &name = names.of(float(bet.bettor));
             total += bet.amount;
-            rows.push_back({searchKey(name),
+            rows.push_back({name.key,
                             double(bet.bettor),
                             race.race,
-                            {QString::number(race.race), QString::number(bet.bettor), name,
+                            {QString::number(race.race), QString::number(bet.bettor), name.name,
                              type ? capitalized(type->printedName) : bet.type, postsText(bet),
                              money(bet.amount)}});
         }
