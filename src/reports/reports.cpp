@@ -237,7 +237,7 @@ Report betsReport(Session &session, const ReportRequest &request)
             const SortNames::Name &name = names.of(bet.bettor);
             total += double(bet.amount);
             rows.push_back(
-                {searchKey(name),
+                {name.key,
                  double(bet.bettor),
                  race.race,
                  {QString::number(race.race), plainNumber(bet.bettor), name.name, horse.number,
