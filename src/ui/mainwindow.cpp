@@ -21,9 +21,13 @@ void MainWindow::showScreen(QWidget *screen)
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
+    // Moving the screen into the window would forget which control it gave the focus.
+    QWidget *focused = screen->focusWidget();
     area->setWidget(screen);
     m_stack->addWidget(area);
     m_stack->setCurrentWidget(area);
+    if (focused)
+        focused->setFocus();
     m_screen = screen;
     while (m_stack->count() > 1) {
         QWidget *left = m_stack->widget(0);
