@@ -43,7 +43,5 @@ std::vector<ScreenEntry> allScreens()
         screen<frmsummb>(u"frmsummb"_s, u"Race Summary"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
         screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
-        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
-        screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
 }
