@@ -51,8 +51,14 @@ QString below(const QString &root, const QString &rest)
 {
     if (rest.contains(u':'))
         throw FileError(ErrorNumber::BadFileName);
-    const QString path = QDir::cleanPath(u'/' + QString(rest).replace(u'\\', u'/'));
-    return path == "/"_L1 ? root : root + path;
+    QStringList names;
+    for (const QString &name : QString(rest).replace(u'\\', u'/').split(u'/')) {
+        if (name == ".."_L1)
+            names.resize(std::max<qsizetype>(0, names.size() - 1));
+        else if (!name.isEmpty() && name != "."_L1)
+            names.append(name);
+    }
+    return QDir::cleanPath(root + u'/' + names.join(u'/'));
 }
 
 } // namespace
