@@ -44,11 +44,11 @@ void tst_controls::altLetters()
          {u"PAY & PRINT"_s, u"PAY"_s, u"PLACE"_s, u"APPLY"_s, u"PA"_s, u"& &"_s})
         buttons << makeButton(&form, u"cmd"_s + QString::number(buttons.size()), caption);
     assignAltLetters(&form);
-    QCOMPARE(buttons[0]->text(), u"&PAY && PRINT"_s);
+    QCOMPARE(buttons[0]->text(), u"PAY && P&RINT"_s); // gives way to PA, which has no other
     QCOMPARE(buttons[1]->text(), u"P&AY"_s);
     QCOMPARE(buttons[2]->text(), u"P&LACE"_s);
     QCOMPARE(buttons[3]->text(), u"APPL&Y"_s);
-    QCOMPARE(buttons[4]->text(), u"PA"_s); // none left
+    QCOMPARE(buttons[4]->text(), u"&PA"_s);
     QCOMPARE(buttons[5]->text(), u"&& &&"_s);
     setCaption(buttons[2], u"Place All"_s);
     QCOMPARE(buttons[2]->text(), u"P&lace All"_s);
