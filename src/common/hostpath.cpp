@@ -46,7 +46,8 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
-// A path below the root of a drive, which has nothing above it. Throws 52 for a second colon.
+// A path below the root of a drive. The folder above a root is the root itself, so that no path
+// leads out of its drive. Throws 52 for a second colon.
 QString below(const QString &root, const QString &rest)
 {
     if (rest.contains(u':'))
