@@ -50,7 +50,8 @@ complain "Plain logic includes widgets" < <(
 
 # What settles a race from a file's bytes loads no Qt at all.
 complain "A file that needs the standard library alone includes Qt" < <(
-    includes 'Q' common/recordlines.* common/betrecords.* common/pools.* common/odds.*
+    includes 'Q' common/recordlines.* common/betrecords.* common/pools.* common/odds.* \
+        common/racepayoffs.* payoff/settle.* payoff/rounding.*
 )
 
 exit $bad

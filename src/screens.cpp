@@ -1,7 +1,9 @@
 #include "screens.h"
 
+#include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
+#include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
@@ -20,8 +22,10 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
 }
