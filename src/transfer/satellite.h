@@ -25,18 +25,6 @@ void loadHorsesAndBettors(Session &session, const QString &drive,
 void saveSatelliteBets(Session &session, const QString &drive,
                        const TransferProgress &progress = {});
 
-// What the transfer of one race's bets added to the main computer.
-struct AddedBets
-{
-    int race = 0;
-    int bets = 0;      // records added, damaged lines among them
-    float dollars = 0; // of the bets added
-    int betsNow = 0;   // on file after the transfer
-    float dollarsNow = 0;
-    int withoutHorse = 0;       // bets added on a post position that has no horse
-    bool looksImported = false; // every record added was on file before, as often
-};
-
 // Drive to main computer: appends the drive's bets to Bets and Betsbackup of each race; kept copies
 // of both go to Saved first. Returns a row for each of the 12 races.
 QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
