@@ -112,25 +112,27 @@ EventLock::EventLock(const Session &session)
         QThread::msleep(QRandomGenerator::global()->bounded(2U, 12U));
 }
 
-void changeTwins(Session &session, RecordFile file, int race,
-                 const std::function<QByteArray(const QByteArray &)> &change,
+bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
                  const QString &inputLabel, const QString &label, const QString &twinLabel)
 {
     const EventLock lock(session);
     const QString main = mainFile(session, file, race);
     session.settings.operationLabel = inputLabel;
     QByteArray found = readRecordFile(main);
-    QByteArray changed;
-    for (bool same = false; !same;) {
+    for (;;) {
+        const std::optional<QByteArray> changed = change(found);
+        if (!changed)
+            return false;
         session.settings.operationLabel = label;
-        changed = change(found);
-        if (changed.size() < found.size())
+        if (changed->size() < found.size())
             keepTwinsInSaved(session, file, race);
         const QByteArray now = readRecordFile(main);
-        same = now == found;
+        if (now == found) {
+            rewriteTwins(session, file, race, *changed, label, twinLabel);
+            return true;
+        }
         found = now;
     }
-    rewriteTwins(session, file, race, changed, label, twinLabel);
 }
 
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,

@@ -8,6 +8,9 @@ inline constexpr int raceCount = 12;
 inline constexpr int defaultBetLimit = 20000;
 inline constexpr int defaultBettorLimit = 2000;
 
+// The five lines that bet sheets end with unless the operator writes others.
+QString defaultBetSheetMessage();
+
 // The settings that every screen reads. Yes/no settings hold the words "yes" and "no".
 struct Settings
 {
@@ -27,13 +30,14 @@ struct Settings
     QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
     QString receiptFontSize;     // points, empty means 8
     QString operationLabel;      // the file operation in progress, title of its error box
-    QString betSheetMessage;     // printed at the foot of bet sheets
     QString betsCleared;         // "yes" once Clear ALL Bet Files was done in this run
     bool printerAttached = true; // the start question's answer; switching receipts on makes it true
     QString mainComputer = QStringLiteral("no");
     QString satelliteComputer = QStringLiteral("no");
     QString masterComputer; // the network name of the master computer in network mode
     int networkMode = 0;    // 1 while the event directory is a master computer's shared folder
+    // Printed at the foot of bet sheets.
+    QString betSheetMessage = defaultBetSheetMessage();
 
     // True unless receipt printing is "no": the gate of receipts and refund slips.
     bool receiptsPrint() const;
