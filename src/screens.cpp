@@ -7,6 +7,7 @@
 #include "racecard/frmhorsesb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
+#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 

@@ -96,7 +96,7 @@ QWidget *BetSheet::buildHead()
     const RaceOptions races = makeRaceOptions(head, u"Click to select a race"_s, 6);
     m_races = races.group;
     m_races->button(m_context.session.settings.currentRace)->setChecked(true);
-    lblselected = makeLabel(head, u"lblselected"_s, {});
+    lblselected = makeLabel(head, u"lblselected"_s, {}, {}, true);
     enlarge(lblselected, 2);
     lblselected->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lbltobeplaced = makeLabel(head, u"lbltobeplaced"_s, {},
