@@ -7,7 +7,6 @@
 #include "racecard/frmhorsesb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
-#include "racecard/frmhorsesb.h"
 
 using namespace Qt::StringLiterals;
 

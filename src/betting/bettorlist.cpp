@@ -56,7 +56,8 @@ QString mergeNewNames(Session &session, const BettorTable &asRead, const QByteAr
     const BettorTable &own = session.bettors;
     for (int slot = 1; slot <= own.slotCount(); ++slot) {
         const Bettor &bettor = own.slot(slot);
-        if (!bettor.isBettor() || asRead.slotOf(bettor.name) != 0 || merged.slotOf(bettor.name) != 0)
+        if (!bettor.isBettor() || asRead.slotOf(bettor.name) != 0
+            || merged.slotOf(bettor.name) != 0)
             continue;
         if (!noPlaceReason(merged, session.settings.bettorLimit).isEmpty())
             merged.nextNumber = merged.highestNumber() + 1;
@@ -67,9 +68,9 @@ QString mergeNewNames(Session &session, const BettorTable &asRead, const QByteAr
             moved.append(bettor.name + " is now number "_L1 + QString::number(number));
     }
     session.bettors = merged;
-    return moved.isEmpty() ? QString()
-                           : QString("Other computers added bettors too: "_L1
-                                     + moved.join(", "_L1));
+    return moved.isEmpty()
+               ? QString()
+               : QString("Other computers added bettors too: "_L1 + moved.join(", "_L1));
 }
 
 } // namespace

@@ -20,5 +20,5 @@ struct Session
     BetTable bets;
     PoolTable pools;
     QList<AddedBets> addedBets; // by the last transfer from a satellite; a row for each race
-    RacePayoffs payoffs; // while the pay-winners screen is open
+    RacePayoffs payoffs;        // while the pay-winners screen is open
 };
