@@ -177,14 +177,11 @@ QString saveBettors(Session &session, const BettorTable &asRead)
     return note;
 }
 
-void clearBettors(Session &session)
+void clearBettorList(Session &session)
 {
     session.settings.operationLabel = u"Bettors output"_s;
     makeFolder(eventFolder(session));
-    keepTwinsInSaved(session, RecordFile::Bettors, 0);
-    rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), u"Bettors output"_s,
-                 u"Bettorsbackup output"_s);
-    loadBettors(session, u"Bettors input"_s);
+    clearBettors(session, {});
 }
 
 QString bettorListNote(const BettorTable &bettors)
