@@ -5,10 +5,10 @@
 #include "betting/frmsheetb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
-#include "transfer/frmdrives.h"
-#include "transfer/frmmc.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "transfer/frmdrives.h"
+#include "transfer/frmmc.h"
 
 using namespace Qt::StringLiterals;
 
