@@ -13,6 +13,8 @@
 #include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "transfer/frmdrives.h"
+#include "transfer/frmmc.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +39,11 @@ std::vector<ScreenEntry> allScreens()
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
+        screen<frmmc>(u"frmmc"_s, u"Multiple Computers"_s, u"cmdreturn"_s),
+        screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
+        screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
+        screen<frmsatun>(u"frmsatun"_s, u"Satellite Computer to Thumb Drive"_s, u"cmdreturn"_s),
+        screen<frmmainld>(u"frmmainld"_s, u"Thumb Drive to Main Computer"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
         screen<frmreportb>(u"frmreportb"_s, u"Print Reports"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
