@@ -1,6 +1,7 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "repair/frmfixb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 
@@ -21,6 +22,7 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),
         screen<frmmc>(u"frmmc"_s, u"Multiple Computers"_s, u"cmdreturn"_s),
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
