@@ -13,6 +13,7 @@
 #include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "repair/frmfixb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 
@@ -39,6 +40,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
+        screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),
         screen<frmmc>(u"frmmc"_s, u"Multiple Computers"_s, u"cmdreturn"_s),
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
