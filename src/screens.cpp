@@ -9,11 +9,11 @@
 #include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
+#include "repair/frmfixb.h"
 #include "reports/frmreportb.h"
 #include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
-#include "repair/frmfixb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 
