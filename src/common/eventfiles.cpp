@@ -56,6 +56,15 @@ QString moveFullTwinToSaved(Session &session, const QString &twin)
     return QFileInfo(twin).fileName() + " was moved to Saved as "_L1 + copy;
 }
 
+// An empty file that was not there loses nothing to a power failure: it needs no flush.
+void writeNewFile(const QString &path, const QByteArray &records)
+{
+    if (records.isEmpty() && !QFileInfo::exists(path))
+        createRecordFile(path);
+    else
+        replaceRecordFile(path, records);
+}
+
 // Creates a missing record file and its twin with the records that a new one holds.
 QString createIfMissing(Session &session, RecordFile file, int race, const QByteArray &records,
                         const QString &labelBase)
@@ -68,13 +77,22 @@ QString createIfMissing(Session &session, RecordFile file, int race, const QByte
     label = labelBase + "backup output-Setup"_L1;
     QString note = moveFullTwinToSaved(session, twin);
     label = labelBase + " output-Setup"_L1;
-    replaceRecordFile(mainFile(session, file, race), records);
+    writeNewFile(mainFile(session, file, race), records);
     label = labelBase + "backup output-Setup"_L1;
-    replaceRecordFile(twin, records);
+    writeNewFile(twin, records);
     return note;
 }
 
 } // namespace
+
+void makeEventFolder(Session &session)
+{
+    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
+    const QString folder = eventFolder(session);
+    if (session.settings.eventDirectory.startsWith("\\\\"_L1) && !QFileInfo(folder).isDir())
+        throw FileError(ErrorNumber::PathNotFound);
+    makeFolder(folder);
+}
 
 QString mainFile(const Session &session, RecordFile file, int race)
 {
@@ -135,10 +153,12 @@ QString keepInSaved(Session &session, const QString &path)
     return name;
 }
 
-void keepTwinsInSaved(Session &session, RecordFile file, int race)
+int keepTwinsInSaved(Session &session, RecordFile file, int race)
 {
-    keepInSaved(session, mainFile(session, file, race));
-    keepInSaved(session, twinFile(session, file, race));
+    int kept = 0;
+    for (const QString &path : {mainFile(session, file, race), twinFile(session, file, race)})
+        kept += keepInSaved(session, path).isEmpty() ? 0 : 1;
+    return kept;
 }
 
 QString CreateEventFiles(Session &session)
@@ -149,8 +169,7 @@ QString CreateEventFiles(Session &session)
 
 QString createMissingEventFiles(Session &session)
 {
-    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
-    makeFolder(eventFolder(session));
+    makeEventFolder(session);
     QStringList notes;
     for (int race = 1; race <= raceCount; ++race) {
         notes += createIfMissing(session, RecordFile::Bets, race, {}, u"Bets"_s);
@@ -171,7 +190,7 @@ QString CreateMissingRaceBets(Session &session)
     const int race = session.settings.currentRace;
     const QString twin = twinFile(session, RecordFile::Bets, race);
     const QString note = moveFullTwinToSaved(session, twin);
-    replaceRecordFile(mainFile(session, RecordFile::Bets, race), {});
+    createRecordFile(mainFile(session, RecordFile::Bets, race));
     replaceRecordFile(twin, {});
     return note;
 }
