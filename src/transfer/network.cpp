@@ -118,6 +118,7 @@ QString startAsMaster(Session &session, const QString &computer)
     writeMarker(session, folder, record);
     const QString note = createMissingEventFiles(session);
     settings.networkMode = 1;
+    settings.isNetworkMaster = true;
     return note;
 }
 
@@ -135,6 +136,7 @@ QString startAsSatellite(Session &session, const QString &master)
         settings.masterComputer = master;
         const QString note = createMissingEventFiles(session);
         settings.networkMode = 1;
+        settings.isNetworkMaster = false;
         return note;
     } catch (const FileError &) {
         settings.eventDirectory = localDirectory;
@@ -157,5 +159,6 @@ bool endNetworkMode(Session &session)
     settings.networkMode = 0;
     settings.eventDirectory = defaultEventDirectory(settings);
     saveInit(session);
+    createMissingEventFiles(session);
     return shareReached;
 }
