@@ -1,6 +1,7 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "setup/frmdirb.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,5 +20,6 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
     };
 }
