@@ -1,6 +1,7 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "racecard/frmhorsesb.h"
 #include "setup/frmdirb.h"
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,7 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
     };

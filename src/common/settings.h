@@ -8,6 +8,9 @@ inline constexpr int raceCount = 12;
 inline constexpr int defaultBetLimit = 20000;
 inline constexpr int defaultBettorLimit = 2000;
 
+// The five lines that bet sheets end with unless the operator writes others.
+QString defaultBetSheetMessage();
+
 // The settings that every screen reads. Yes/no settings hold the words "yes" and "no".
 struct Settings
 {
@@ -24,10 +27,10 @@ struct Settings
     float computerMode = 0; // field 14, kept as it was read
 
     // For this run only.
-    QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
-    QString receiptFontSize;     // points, empty means 8
-    QString operationLabel;      // the file operation in progress, title of its error box
-    QString betSheetMessage;     // printed at the foot of bet sheets
+    QString initDrive;       // "C:", "D:" or "E:"; empty until it is known
+    QString receiptFontSize; // points, empty means 8
+    QString operationLabel;  // the file operation in progress, title of its error box
+    QString betSheetMessage = defaultBetSheetMessage(); // at the foot of bet sheets
     QString betsCleared;         // "yes" once Clear ALL Bet Files was done in this run
     bool printerAttached = true; // the start question's answer; switching receipts on makes it true
     QString mainComputer = QStringLiteral("no");

@@ -1,0 +1,70 @@
+#include "betting/refundlist.h"
+
+#include "common/betrecords.h"
+#include "common/bettors.h"
+#include "common/format.h"
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString nameOrBadNumber(const BettorTable &bettors, float number)
+{
+    const bool whole = number == std::floor(number) && std::abs(number) < 1e6F;
+    const QString name = whole ? bettors.nameOf(int(number)) : QString();
+    return name.isNull() ? QString(plainNumber(number) + " Bad Bettor Number"_L1) : name;
+}
+
+} // namespace
+
+BettorTotals totalsByBettor(const BetTable &bets,
+                            const std::function<bool(const BetRow &)> &refunded)
+{
+    BettorTotals totals;
+    for (const BetRow &row : bets.rows) {
+        if (!row.damaged && refunded(row))
+            totals[row.bet.bettor] += row.bet.amount;
+    }
+    return totals;
+}
+
+QString bettorRefundHeading()
+{
+    return u"Bettor Name                  Amount"_s;
+}
+
+SlipLine bettorRefund(const QString &name, float amount)
+{
+    return zonedLine(leftColumn(name, 20), formatMoney(amount, "Currency"));
+}
+
+QList<SlipLine> bettorRefunds(const BettorTotals &totals, const BettorTable &bettors)
+{
+    QList<SlipLine> lines;
+    for (const auto &[number, amount] : totals) {
+        if (amount != 0)
+            lines.append(bettorRefund(nameOrBadNumber(bettors, number), amount));
+    }
+    return lines;
+}
+
+Slip refundSlip(const RefundList &list)
+{
+    Slip slip{u"MS Sans Serif"_s, 8, false, {}, 0};
+    for (const QString &title : list.titles)
+        slip.addLine(title);
+    slip.addLine(list.spacer);
+    if (!list.heading.isEmpty()) {
+        slip.addLine(list.heading);
+        slip.addLine(list.spacer);
+    }
+    slip.headingLines = int(slip.lines.size());
+    slip.lines += list.refunds;
+    if (!list.closing.isEmpty()) {
+        slip.addLine(list.spacer);
+        slip.addLine(list.closing);
+    }
+    return slip;
+}
