@@ -44,9 +44,10 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
+// The folder above a drive's root is the root.
 QString below(const QString &root, const QString &rest)
 {
-    return QDir::cleanPath(root + u'/' + QString(rest).replace(u'\\', u'/'));
+    return QDir::cleanPath(root + QDir::cleanPath(u'/' + QString(rest).replace(u'\\', u'/')));
 }
 
 } // namespace

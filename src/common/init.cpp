@@ -8,6 +8,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Tables are made as large as the limits; a number beyond this is damage, not a wish.
+constexpr int largestLimit = 1'000'000;
+
 QString initPath(const Session &session)
 {
     return session.paths.toHost(session.settings.initDrive + u"\\Trelawn\\Init"_s);
@@ -87,7 +90,6 @@ bool loadInit(Session &session)
     Settings &settings = session.settings;
     settings.operationLabel = u"Init open-Setup"_s;
     const QByteArray bytes = readRecordFile(initPath(session));
-    constexpr int largest = std::numeric_limits<int>::max();
 
     InitFields fields(bytes);
     for (std::size_t field : {3U, 5U, 6U, 12U, 13U})
@@ -97,15 +99,15 @@ bool loadInit(Session &session)
     settings.eventDirectory = fields.text(2);
     if (settings.eventDirectory.isEmpty())
         settings.eventDirectory = defaultEventDirectory(settings);
-    settings.fontIndex = fields.integer(3, 1, largest, 0);
+    settings.fontIndex = fields.integer(3, 1, std::numeric_limits<int>::max(), 0);
     settings.receiptPrinting = fields.text(4) == "no"_L1 ? u"no"_s : u"yes"_s;
     settings.roundingIndex = fields.integer(5, 1, 5, 0);
     settings.currentRace = fields.integer(6, 1, raceCount, 0);
     const Settings defaults;
     for (std::size_t i = 0; i < settings.reserved.size(); ++i)
         settings.reserved[i] = fields.number(7 + i, defaults.reserved[i]);
-    settings.betLimit = fields.integer(12, 1, largest, defaultBetLimit);
-    settings.bettorLimit = fields.integer(13, 1, largest, defaultBettorLimit);
+    settings.betLimit = fields.integer(12, 1, largestLimit, defaultBetLimit);
+    settings.bettorLimit = fields.integer(13, 1, largestLimit, defaultBettorLimit);
     settings.computerMode = fields.number(14, 0);
     return fields.isWhole();
 }

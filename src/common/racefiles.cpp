@@ -89,7 +89,7 @@ void removeBets(Session &session, const std::function<bool(const BetRow &)> &dro
     readBets(session);
     const std::string kept = betFileWithout(session.bets, dropped);
     session.settings.operationLabel = u"Bets Output"_s;
-    if (kept.size() < session.bets.bytes.size())
+    if (kept != session.bets.bytes)
         keepTwinsInSaved(session, RecordFile::Bets, race);
     rewriteTwins(session, RecordFile::Bets, race, QByteArray::fromStdString(kept), u"Bets Output"_s,
                  u"Betsbackup Output"_s);

@@ -174,9 +174,11 @@ void ClickCell::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ClickCell::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+    // A key held down is one press.
+    const bool space = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
+    if (space && !event->isAutoRepeat())
         emit clicked();
-    else
+    else if (!space)
         event->ignore();
 }
 
