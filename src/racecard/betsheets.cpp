@@ -38,11 +38,11 @@ int betSheetCount(const QString &answer)
     return int(std::clamp(numericValue(answer), 0.0, 1000.0));
 }
 
-Slip betSheetSlip(const HorseTable &horses, const QString &bannerAndRace, const QString &message)
+Slip betSheetSlip(const HorseTable &horses, const QString &event, const QString &message)
 {
     const QString rule(84, u'_');
     Slip slip{u"MS Sans Serif"_s, 8, false, {}, 0};
-    slip.addLine(u"Bet Sheet for "_s + bannerAndRace);
+    slip.addLine(u"Bet Sheet for "_s + event);
     slip.addLine(u" "_s);
     slip.addLine(rule);
     slip.addLine(headingLine());

@@ -12,5 +12,5 @@
 int betSheetCount(const QString &answer);
 
 // One sheet: the race's horses with empty boxes for win, place, show and total, and \a message at
-// the foot. \a bannerAndRace stands in the title.
-Slip betSheetSlip(const HorseTable &horses, const QString &bannerAndRace, const QString &message);
+// the foot. \a event, banner and race, stands in the title.
+Slip betSheetSlip(const HorseTable &horses, const QString &event, const QString &message);

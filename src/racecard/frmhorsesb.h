@@ -40,6 +40,8 @@ private:
     void clearHorses();
     void scratchHorse();
     void updateMessage();
+    void download();
+    void printBetSheets();
     void returnToMenu();
 
     CardRows rows() const;

@@ -3,10 +3,10 @@
 #include "betting/refundlist.h"
 #include "common/eventfiles.h"
 
-// Clearing a race's bets with refunds. File work throws FileError and sets the operation label; a
-// missing file holds no stakes.
+// Clearing the current race's bets with refunds. File work throws FileError and sets the operation
+// label.
 
-// What is at stake in one bet file of a race.
+// What is at stake in one bet file of a race; a missing file holds nothing.
 struct RaceStakes
 {
     float total = 0;         // dollars
@@ -23,8 +23,9 @@ RaceStakes multibetStakes(Session &session);
 // The list of what every bettor gets back; \a closing is "TOTAL BETS " or "TOTAL MULTIBETS ".
 Slip raceRefunds(const Session &session, const RaceStakes &stakes, const QString &closing);
 
-// Deletes the current race's file and its twin. Copies of both must be in Saved before.
-void deleteTwins(Session &session, RecordFile file);
+// Copies the current race's Bets or Multibets and the twin to Saved: the step before deleteTwins.
+void keepTwins(Session &session, RecordFile file);
 
-// Empties the tables of the current race's straight bets.
-void forgetBets(Session &session);
+// Deletes the current race's Bets or Multibets and the twin; the tables of deleted straight bets
+// are emptied with them.
+void deleteTwins(Session &session, RecordFile file);
