@@ -9,12 +9,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A field of the published text. Where whole entries stand on a line, a line that ends within an
-// entry is damage and the next line begins a new entry.
+// A field of the published text.
 struct CardField
 {
     QString text;
-    bool endsLine = false; // the last one of a line that holds several
+    bool endsEntry = false; // the line ends behind it, and lines do not break within an entry
 };
 
 bool isEnd(const CardField &field)
@@ -27,13 +26,13 @@ bool isLeftOut(const QString &post)
     return post == "AE"_L1 || post == "MTO"_L1;
 }
 
-QList<CardField> fieldsOf(const QByteArray &file, int &damagedLines)
+QList<QStringList> linesOf(const QByteArray &file, int &damagedLines)
 {
-    QList<CardField> card;
+    QList<QStringList> lines;
     const qsizetype first = file.indexOf('"');
     const qsizetype last = file.lastIndexOf('"');
     if (last <= first)
-        return card;
+        return lines;
     std::string_view rest = view(file).substr(size_t(first + 1), size_t(last - first - 1));
     std::string_view line;
     std::vector<RecordField> fields;
@@ -44,24 +43,63 @@ QList<CardField> fieldsOf(const QByteArray &file, int &damagedLines)
             ++damagedLines;
             continue;
         }
+        lines.append(QStringList());
         for (const RecordField &field : fields)
-            card.append({fieldText(field).trimmed(), false});
-        card.last().endsLine = fields.size() > 1;
+            lines.last().append(fieldText(field).trimmed());
     }
-    return card;
+    return lines;
+}
+
+// Where most lines are one entry each, every line is: one that holds less was damaged. Otherwise
+// lines break anywhere.
+bool holdsEntryPerLine(const QList<QStringList> &lines)
+{
+    qsizetype entries = 0;
+    qsizetype others = 0;
+    for (const QStringList &line : lines) {
+        if (line.size() == 3)
+            ++entries;
+        else if (line.size() != 1 || line.first() != "END"_L1)
+            ++others;
+    }
+    return entries > 0 && entries >= others;
 }
 
 // A publisher may put a heading before the first entry. A first field that could be a post is a
-// heading all the same when the first race has a field too many without it.
-bool beginsWithHeading(const QList<CardField> &card)
+// heading all the same when there is one field too many with it.
+bool beginsWithHeading(const QList<QStringList> &lines, bool entryPerLine)
 {
-    const QString &first = card.first().text;
+    const QString &first = lines.first().first();
+    if (first == "END"_L1)
+        return false;
     if (!isNumeric(first) && !isLeftOut(first))
         return true;
-    qsizetype count = 0;
-    while (count < card.size() && !isEnd(card[count]))
-        ++count;
-    return count % 3 != 0;
+    if (entryPerLine)
+        return lines.first().size() % 3 == 1;
+    qsizetype fieldsOfFirstRace = 0;
+    for (const QStringList &line : lines) {
+        const qsizetype end = line.indexOf(u"END"_s);
+        fieldsOfFirstRace += end < 0 ? line.size() : end;
+        if (end >= 0)
+            break;
+    }
+    return fieldsOfFirstRace % 3 == 1;
+}
+
+QList<CardField> fieldsOf(const QList<QStringList> &lines)
+{
+    QList<CardField> card;
+    if (lines.isEmpty())
+        return card;
+    const bool entryPerLine = holdsEntryPerLine(lines);
+    for (const QStringList &line : lines) {
+        for (const QString &field : line)
+            card.append({field, false});
+        card.last().endsEntry = entryPerLine;
+    }
+    if (beginsWithHeading(lines, entryPerLine))
+        card.removeFirst();
+    return card;
 }
 
 // The leading digits of a horse number and the one letter behind them: "1A" is 1 and A.
@@ -138,19 +176,15 @@ PublishedCard parsePostboard(const QByteArray &file)
         for (int post = 1; post <= postCount; ++post)
             race.post(post).name = u"zzz"_s;
     }
-    const QList<CardField> fields = fieldsOf(file, card.damaged);
-    if (fields.isEmpty())
-        return card;
-
+    const QList<CardField> fields = fieldsOf(linesOf(file, card.damaged));
     std::size_t race = 0;
     QStringList entry;
-    for (qsizetype i = beginsWithHeading(fields) ? 1 : 0; i < fields.size() && race < raceCount;
-         ++i) {
-        const CardField &field = fields[i];
+    for (const CardField &field : fields) {
         if (isEnd(field) && entry.size() < 2) {
             card.damaged += int(entry.size());
             entry.clear();
-            ++race;
+            if (++race == raceCount)
+                break;
             continue;
         }
         entry.append(field.text);
@@ -158,7 +192,7 @@ PublishedCard parsePostboard(const QByteArray &file)
             if (!isLeftOut(entry[0]))
                 takeEntry(card, card.races[race], entry[0], entry[1], entry[2]);
             entry.clear();
-        } else if (field.endsLine) {
+        } else if (field.endsEntry) {
             ++card.damaged;
             entry.clear();
         }
