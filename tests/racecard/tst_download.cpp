@@ -1,3 +1,4 @@
+#include "common/eventfiles.h"
 #include "common/fetch.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
@@ -35,23 +36,22 @@ public:
     {
         return u"http://127.0.0.1:%1%2"_s.arg(m_server.serverPort()).arg(path);
     }
-    void setAnswer(const QByteArray &answer) { m_answer = answer; }
     void setMoved(const QByteArray &answer) { m_moved = answer; } // for the path /moved
 
-    QByteArray request; // all that the last caller sent
+    // What the last caller sent, with plain line ends, and how many callers there were.
+    QByteArray asked() const { return QByteArray(m_asked).replace("\r\n", "\n"); }
     int requests = 0;
 
 private:
     void serve(QTcpSocket *socket)
     {
-        request += socket->readAll();
-        const qsizetype head = request.indexOf("\r\n\r\n");
-        if (head < 0 || (request.startsWith("POST") && request.size() == head + 4))
+        m_arriving += socket->readAll();
+        const qsizetype head = m_arriving.indexOf("\r\n\r\n");
+        if (head < 0 || (m_arriving.startsWith("POST") && m_arriving.size() == head + 4))
             return;
         ++requests;
-        socket->write(request.contains(" /moved ") ? m_moved : m_answer);
-        request.replace("\r\n", "\n");
-        m_asked = std::exchange(request, {});
+        m_asked = std::exchange(m_arriving, {});
+        socket->write(m_asked.contains(" /moved ") ? m_moved : m_answer);
         switch (m_then) {
         case Then::Close:
             return socket->disconnectFromHost();
@@ -64,13 +64,10 @@ private:
         }
     }
 
-public:
-    const QByteArray &asked() const { return m_asked; }
-
-private:
     QTcpServer m_server;
     QByteArray m_answer;
     QByteArray m_moved;
+    QByteArray m_arriving;
     QByteArray m_asked;
     Then m_then;
 };
