@@ -1,5 +1,7 @@
 #include "kit/faultywrites.h"
 
+#include <QRandomGenerator>
+
 #include <atomic>
 #include <cerrno>
 
@@ -172,6 +174,8 @@ int failEachWrite(Fault fault, const std::function<void()> &prepare,
         if (fault == Fault::Exit) {
             const pid_t child = fork();
             if (child == 0) {
+                // Else every child names its temporary files like the one that died before it.
+                QRandomGenerator::global()->discard(1000ULL * unsigned(nth));
                 run();
                 _exit(0);
             }
