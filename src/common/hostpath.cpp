@@ -7,6 +7,8 @@
 #include <QMap>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,10 +46,17 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
-// The folder above a drive's root is the root.
+// The folder above a root is the root itself, so that no path leads out of its drive.
 QString below(const QString &root, const QString &rest)
 {
-    return QDir::cleanPath(root + QDir::cleanPath(u'/' + QString(rest).replace(u'\\', u'/')));
+    QStringList names;
+    for (const QString &name : QString(rest).replace(u'\\', u'/').split(u'/')) {
+        if (name == ".."_L1)
+            names.resize(std::max<qsizetype>(0, names.size() - 1));
+        else if (!name.isEmpty() && name != "."_L1)
+            names.append(name);
+    }
+    return QDir::cleanPath(root + u'/' + names.join(u'/'));
 }
 
 } // namespace

@@ -162,31 +162,36 @@ int failEachWrite(Fault fault, const std::function<void()> &prepare,
     for (int nth = 1;; ++nth) {
         prepare();
         FaultyRound round{nth, {}, false};
+        bool reached = false;
         const auto run = [&] {
-            FaultyWrites faulty(nth, fault);
+            const FaultyWrites faulty(nth, fault);
             try {
                 operation();
             } catch (const FileError &error) {
                 round.error = error.number();
             }
-            return faulty.wasReached();
+            reached = faulty.wasReached();
         };
         if (fault == Fault::Exit) {
+            // Each child goes on with other random names than those of the files left behind.
+            QRandomGenerator::global()->discard(1000);
             const pid_t child = fork();
             if (child == 0) {
                 // Else every child names its temporary files like the one that died before it.
                 QRandomGenerator::global()->discard(1000ULL * unsigned(nth));
                 run();
-                _exit(0);
+                _exit(round.error ? 1 : 0);
             }
             int status = 0;
             waitpid(child, &status, 0);
-            round.died = WIFEXITED(status) && WEXITSTATUS(status) == diedStatus;
-            if (!round.died)
-                return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? nth - 1 : 0;
-        } else if (!run()) {
-            return nth - 1;
+            round.died = reached = WIFEXITED(status) && WEXITSTATUS(status) == diedStatus;
+            if (!round.died && status != 0)
+                return 0;
+        } else {
+            run();
         }
+        if (!reached)
+            return round.error ? 0 : nth - 1;
         check(round);
     }
 }

@@ -39,7 +39,8 @@ struct FaultyRound
 
 // Runs \a prepare, \a operation and \a check with the first call failing, then the second, and so
 // on, until the operation needs no more calls. With Fault::Exit each operation runs in a forked
-// process. Returns the number of calls that could fail; 0 means that nothing was written at all.
+// process. Returns the number of calls that could fail; 0 means that nothing was
+// written at all, or that the operation failed of its own.
 //
 //     QVERIFY(failEachWrite(Fault::DiskFull, [&] { event.write(...); },
 //                           [&] { AppendBet(event.session, bets); },
