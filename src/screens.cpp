@@ -3,6 +3,8 @@
 #include "betting/frmlistb.h"
 #include "racecard/frmhorsesb.h"
 #include "setup/frmdirb.h"
+#include "setup/frminitb.h"
+#include "setup/frmmenub.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +23,8 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
+        screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
+        screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
     };

@@ -76,6 +76,15 @@ QString createIfMissing(Session &session, RecordFile file, int race, const QByte
 
 } // namespace
 
+void makeEventFolder(Session &session)
+{
+    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
+    const QString folder = eventFolder(session);
+    if (session.settings.eventDirectory.startsWith("\\\\"_L1) && !QFileInfo(folder).isDir())
+        throw FileError(ErrorNumber::PathNotFound);
+    makeFolder(folder);
+}
+
 QString mainFile(const Session &session, RecordFile file, int race)
 {
     return pathOf(session, file, race, {});
@@ -135,10 +144,12 @@ QString keepInSaved(Session &session, const QString &path)
     return name;
 }
 
-void keepTwinsInSaved(Session &session, RecordFile file, int race)
+int keepTwinsInSaved(Session &session, RecordFile file, int race)
 {
-    keepInSaved(session, mainFile(session, file, race));
-    keepInSaved(session, twinFile(session, file, race));
+    int kept = 0;
+    for (const QString &path : {mainFile(session, file, race), twinFile(session, file, race)})
+        kept += keepInSaved(session, path).isEmpty() ? 0 : 1;
+    return kept;
 }
 
 QString CreateEventFiles(Session &session)
@@ -149,8 +160,7 @@ QString CreateEventFiles(Session &session)
 
 QString createMissingEventFiles(Session &session)
 {
-    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
-    makeFolder(eventFolder(session));
+    makeEventFolder(session);
     QStringList notes;
     for (int race = 1; race <= raceCount; ++race) {
         notes += createIfMissing(session, RecordFile::Bets, race, {}, u"Bets"_s);
@@ -171,7 +181,7 @@ QString CreateMissingRaceBets(Session &session)
     const int race = session.settings.currentRace;
     const QString twin = twinFile(session, RecordFile::Bets, race);
     const QString note = moveFullTwinToSaved(session, twin);
-    replaceRecordFile(mainFile(session, RecordFile::Bets, race), {});
+    createRecordFile(mainFile(session, RecordFile::Bets, race));
     replaceRecordFile(twin, {});
     return note;
 }

@@ -29,8 +29,13 @@ void appendTwins(Session &session, RecordFile file, int race, const QByteArray &
 // needs none. Returns the copy's file name, or an empty text.
 QString keepInSaved(Session &session, const QString &path);
 
-// The same for a record file and its twin, before they are shortened, deleted or replaced.
-void keepTwinsInSaved(Session &session, RecordFile file, int race);
+// The same for a record file and its twin, before they are shortened, deleted or replaced. Returns
+// the number of copies.
+int keepTwinsInSaved(Session &session, RecordFile file, int race);
+
+// Makes the event directory (label "Bets drivedir-Setup"); one that is there already is no error.
+// The shared folder of another computer is never made here: without it the error is 76.
+void makeEventFolder(Session &session);
 
 // What GO TO MENU does: Init, the event directory and every missing record file of the 12 races.
 // Existing files are never touched; a full twin of a missing file is moved to Saved first. Returns

@@ -43,6 +43,16 @@ QString roundingText(int roundingIndex)
     return texts.value(roundingIndex - 1);
 }
 
+QString defaultBetSheetMessage()
+{
+    return u"Enter your bet amount for each horse to Win, Place, or Show.\n"
+           "Calculate and print the Total Bet for this sheet. \n"
+           "Bring your sheet to the cashier. It will be returned to you after your bets are "
+           "entered. Save the \n"
+           "sheet as a receipt. \n"
+           "Use a new sheet to enter more bets. "_s;
+}
+
 int fontPoints(int fontIndex)
 {
     return fontIndex >= 1 && fontIndex <= 7 ? 6 + 2 * fontIndex : 8;

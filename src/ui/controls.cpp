@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMap>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -40,6 +41,30 @@ void applyCaption(QAbstractButton *button)
     button->setText(markedCaption(captionOf(button), letter.isEmpty() ? QChar() : letter.front()));
 }
 
+// Gives the button the first free letter of its caption; when all are taken, a button that has one
+// of them moves to another of its own. Returns false when that cannot be.
+bool takeAltLetter(QAbstractButton *button, QMap<QChar, QAbstractButton *> &owners,
+                   QSet<QChar> &tried)
+{
+    const QString letters = captionOf(button).toUpper();
+    for (const QChar letter : letters) {
+        if (letter.isLetterOrNumber() && !owners.contains(letter)) {
+            owners.insert(letter, button);
+            return true;
+        }
+    }
+    for (const QChar letter : letters) {
+        if (!letter.isLetterOrNumber() || tried.contains(letter))
+            continue;
+        tried.insert(letter);
+        if (takeAltLetter(owners.value(letter), owners, tried)) {
+            owners.insert(letter, button);
+            return true;
+        }
+    }
+    return false;
+}
+
 template<typename Widget>
 Widget *named(Widget *widget, const QString &name, const QString &toolTip)
 {
@@ -68,6 +93,15 @@ QPushButton *makeButton(QWidget *parent, const QString &name, const QString &cap
     return button;
 }
 
+void standOut(QPushButton *button)
+{
+    button->setProperty("standsOut", true);
+    QFont font = button->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    button->setFont(font);
+}
+
 void setCaption(QAbstractButton *button, const QString &caption)
 {
     button->setProperty(captionProperty, caption);
@@ -81,20 +115,17 @@ QString captionOf(const QAbstractButton *button)
 
 void assignAltLetters(QWidget *screen)
 {
-    QSet<QChar> used;
+    QMap<QChar, QAbstractButton *> owners;
     for (QWidget *widget = screen->nextInFocusChain(); widget && widget != screen;
          widget = widget->nextInFocusChain()) {
         auto *button = qobject_cast<QAbstractButton *>(widget);
-        if (!button || !screen->isAncestorOf(button) || captionOf(button).isEmpty())
-            continue;
-        for (const QChar character : captionOf(button)) {
-            if (character.isLetterOrNumber() && !used.contains(character.toUpper())) {
-                used.insert(character.toUpper());
-                button->setProperty(altLetterProperty, QString(character));
-                applyCaption(button);
-                break;
-            }
-        }
+        QSet<QChar> tried;
+        if (button && screen->isAncestorOf(button))
+            takeAltLetter(button, owners, tried);
+    }
+    for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
+        owner.value()->setProperty(altLetterProperty, QString(owner.key()));
+        applyCaption(owner.value());
     }
 }
 

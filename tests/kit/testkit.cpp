@@ -100,6 +100,7 @@ TestEvent::TestEvent(bool withFiles)
 {
     session.paths = HostPaths(m_folder.path());
     session.settings.initDrive = u"C:"_s;
+    session.settings.started = true;
     setFirstInit(session);
     session.settings.eventDirectory = defaultEventDirectory(session.settings);
     session.settings.roundingIndex = 1;
