@@ -1,6 +1,9 @@
 #include "screens.h"
 
 #include "betting/frmlistb.h"
+#include "multibets/frmmulti.h"
+#include "multibets/frmpaymulti.h"
+#include "multibets/frmsummmulti.h"
 #include "racecard/frmhorsesb.h"
 #include "setup/frmdirb.h"
 #include "setup/frminitb.h"
@@ -27,5 +30,8 @@ std::vector<ScreenEntry> allScreens()
         screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
+        screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
+        screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
+        screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
     };
 }

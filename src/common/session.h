@@ -17,4 +17,5 @@ struct Session
     HorseTable horses;
     BetTable bets;
     PoolTable pools;
+    int multibetHousePercent = 0; // of every multibet pool, for this run
 };
