@@ -4,17 +4,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString defaultBetSheetMessage()
-{
-    return u"Enter your bet amount for each horse to Win, Place, or Show.\n"
-           "Calculate and print the Total Bet for this sheet. \n"
-           "Bring your sheet to the cashier. It will be returned to you after your bets are "
-           "entered. "
-           "Save the \n"
-           "sheet as a receipt. \n"
-           "Use a new sheet to enter more bets. "_s;
-}
-
 bool Settings::receiptsPrint() const
 {
     return receiptPrinting != "no"_L1;

@@ -27,17 +27,18 @@ struct Settings
     double computerMode = 0; // field 14, kept as it was read
 
     // For this run only.
-    bool started = false;    // the questions of the start were asked and answered
-    QString initDrive;       // "C:", "D:" or "E:"; empty until it is known
-    QString receiptFontSize; // points, empty means 8
-    QString operationLabel;  // the file operation in progress, title of its error box
-    QString betSheetMessage = defaultBetSheetMessage(); // at the foot of bet sheets
+    bool started = false;        // the questions of the start were asked and answered
+    QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
+    QString receiptFontSize;     // points, empty means 8
+    QString operationLabel;      // the file operation in progress, title of its error box
     QString betsCleared;         // "yes" once Clear ALL Bet Files was done in this run
     bool printerAttached = true; // the start question's answer; switching receipts on makes it true
     QString mainComputer = QStringLiteral("no");
     QString satelliteComputer = QStringLiteral("no");
     QString masterComputer; // the network name of the master computer in network mode
     int networkMode = 0;    // 1 while the event directory is a master computer's shared folder
+    // Printed at the foot of bet sheets.
+    QString betSheetMessage = defaultBetSheetMessage();
 
     // True unless receipt printing is "no": the gate of receipts and refund slips.
     bool receiptsPrint() const;

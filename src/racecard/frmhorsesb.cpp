@@ -56,11 +56,11 @@ void frmhorsesb::build()
         makeRaceOptions(this, u"Establishes which race is betting. Uses  bet file "
                               "and horses file for the selected race number"_s);
     optrace = races.group;
-    columns->addLayout(buildCard(), 4);
+    columns->addLayout(buildCard(), 7);
     auto *side = new QVBoxLayout;
     side->addWidget(races.frame);
     side->addLayout(buildTools());
-    columns->addLayout(side, 5);
+    columns->addLayout(side, 11);
     lblnote = makeNoteLine(this);
 
     auto *layout = new QVBoxLayout(this);
@@ -101,6 +101,9 @@ QLayout *frmhorsesb::buildCard()
         txtnumber[row]->setAccessibleName("Number at post "_L1 + post);
         txthorse[row]->setAccessibleName("Horse at post "_L1 + post);
         txtpool[row]->setAccessibleName("Pool at post "_L1 + post);
+        // The card fills the height of a larger window.
+        for (QLineEdit *box : {txtpost[row], txtnumber[row], txthorse[row], txtpool[row]})
+            box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::MinimumExpanding);
         fitCharacters(txtpost[row], 4);
         fitCharacters(txtnumber[row], 7);
         fitCharacters(txtpool[row], 4);
@@ -109,7 +112,6 @@ QLayout *frmhorsesb::buildCard()
         grid->addWidget(txthorse[row], index + 1, 2);
         grid->addWidget(txtpool[row], index + 1, 3);
     }
-    grid->setRowStretch(postCount + 1, 1);
     return grid;
 }
 
@@ -133,17 +135,20 @@ QLayout *frmhorsesb::buildTools()
     buttons->setColumnStretch(0, 1);
     buttons->setColumnStretch(1, 1);
 
-    QGroupBox *betSheet = buildBetSheet();
     QGroupBox *instructions = buildInstructions();
+    QGroupBox *download = buildDownload();
+    QGroupBox *betSheet = buildBetSheet();
     cmdmainmenu = makeButton(this, u"cmdmainmenu"_s, u"MAIN MENU"_s, u"Return to the main menu."_s);
     auto *foot = new QHBoxLayout;
-    foot->addStretch();
-    foot->addWidget(cmdmainmenu);
+    foot->addStretch(1);
+    foot->addWidget(cmdmainmenu, 1);
 
     auto *layout = new QVBoxLayout;
     layout->addLayout(buttons);
     layout->addWidget(instructions);
-    layout->addWidget(betSheet, 1);
+    layout->addWidget(download);
+    layout->addWidget(betSheet, 2);
+    layout->addStretch(1);
     layout->addLayout(foot);
     return layout;
 }
@@ -159,7 +164,8 @@ QGroupBox *frmhorsesb::buildBetSheet()
     txtmsg->setAccessibleName(u"Bet sheet message"_s);
     txtmsg->setAccessibleDescription(tip);
     txtmsg->setTabChangesFocus(true);
-    txtmsg->setMinimumHeight(txtmsg->fontMetrics().lineSpacing() * 4);
+    txtmsg->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+    txtmsg->setMinimumHeight(txtmsg->fontMetrics().lineSpacing() * 6);
     cmdmsg = makeButton(group, u"cmdmsg"_s, u"UPDATE  MESSAGE"_s,
                         u"Updates the message printed on the bet sheet."_s);
     cmdprint = makeButton(group, u"cmdprint"_s, u"PRINT BET SHEET"_s,
@@ -193,10 +199,17 @@ QGroupBox *frmhorsesb::buildInstructions()
     layout->setSpacing(3);
     for (int i = 0; i < texts.size(); ++i)
         layout->addWidget(makeLabel(group, memberName(u"lblinstruction"_s, i), texts[i], {}, true));
-    layout->addWidget(makeLabel(group, u"lbldownload"_s,
-                                u"For the big races of the season the horses of all 12 races can "
-                                "be downloaded the evening before the race."_s,
-                                {}, true));
+    return group;
+}
+
+QGroupBox *frmhorsesb::buildDownload()
+{
+    auto *group = new QGroupBox(u"Download"_s, this);
+    auto *layout = new QVBoxLayout(group);
+    layout->addWidget(makeLabel(
+        group, u"lbldownload"_s,
+        u"The horses of the season's big races can be downloaded the evening before the race."_s,
+        {}, true));
     cmdGo =
         makeButton(group, u"cmdGo"_s, u"DOWNLOAD HORSES FROM WEB SITE"_s,
                    u"Loads horse names for all 12 races from the publisher's web site. Internet "
@@ -379,7 +392,7 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
         save();
         const MultibetCount multibets = multibetsOn(session, post);
         if (multibets.bets > 0)
-            notes.append(u"Post %1 is in %2 multibets of %3 that were not refunded."_s.arg(post)
+            notes.append(u"Multibets on post %1, not refunded: %2 (%3)"_s.arg(post)
                              .arg(multibets.bets)
                              .arg(formatMoney(multibets.stakes, "$#,##0.00")));
     });

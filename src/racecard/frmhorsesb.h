@@ -31,6 +31,7 @@ private:
     QLayout *buildTools();
     QGroupBox *buildBetSheet();
     QGroupBox *buildInstructions();
+    QGroupBox *buildDownload();
     void connectControls();
 
     void load();

@@ -17,6 +17,8 @@ MainWindow::MainWindow(QWidget *parent)
 
 void MainWindow::showScreen(QWidget *screen)
 {
+    // The screen chose its first control while it stood alone; being taken in forgets it.
+    QWidget *first = screen->focusWidget();
     auto *area = new QScrollArea(m_stack);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -24,6 +26,8 @@ void MainWindow::showScreen(QWidget *screen)
     area->setWidget(screen);
     m_stack->addWidget(area);
     m_stack->setCurrentWidget(area);
+    if (first)
+        first->setFocus();
     m_screen = screen;
     while (m_stack->count() > 1) {
         QWidget *left = m_stack->widget(0);

@@ -1,0 +1,85 @@
+#include "betting/refundlist.h"
+#include "common/betrecords.h"
+#include "common/bettors.h"
+#include "kit/testkit.h"
+
+using namespace Qt::StringLiterals;
+
+// Each case is the whole list, line by line, as it stands on paper.
+class tst_refundlist : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void wholeList_data();
+    void wholeList();
+    void longListRepeatsItsHeading();
+};
+
+void tst_refundlist::wholeList_data()
+{
+    QTest::addColumn<QByteArray>("bets");
+    QTest::addColumn<QStringList>("refunds");
+    const QString smith = u"SMITH-JOHN                  "_s;
+    QTest::newRow("bettors in number order, each one's bets summed")
+        << QByteArray("10,3,1,2.00\r\n2,3,2,1000\r\n10,3,3,.5\r\n2,3,1,234.5\r\n")
+        << QStringList{smith + u"$1,234.50"_s, u"JONES-AMY                   $2.50"_s};
+    QTest::newRow("other posts are not refunded")
+        << QByteArray("2,4,1,9.00\r\n2,3,1,1.00\r\n") << QStringList{smith + u"$1.00"_s};
+    QTest::newRow("bets that sum to nothing give no line")
+        << QByteArray("2,3,1,5.00\r\n10,3,1,1.00\r\n2,3,2,-5.00\r\n")
+        << QStringList{u"JONES-AMY                   $1.00"_s};
+    QTest::newRow("a number that left the list keeps its money")
+        << QByteArray("77,3,1,4.00\r\n1.5,3,1,3.00\r\n")
+        << QStringList{u"1.5 Bad Bettor Number       $3.00"_s,
+                       u"77 Bad Bettor Number        $4.00"_s};
+    QTest::newRow("a name beyond its column moves the amount on, never into the name")
+        << QByteArray("11,3,1,4.00\r\n")
+        << QStringList{u"FEATHERSTONEHAUGH-BARTHOLOMEW             $4.00"_s};
+    QTest::newRow("damaged lines hold no bet")
+        << QByteArray("2,3,1\r\n2,\"3,1,4.00\r\n2,3,1,4.00\r\n") << QStringList{smith + u"$4.00"_s};
+    QTest::newRow("nobody bet") << QByteArray() << QStringList{};
+}
+
+void tst_refundlist::wholeList()
+{
+    QFETCH(QByteArray, bets);
+    QFETCH(QStringList, refunds);
+    const BettorTable bettors = BettorTable::parse("1,\"AnyBettor\"\r\n"
+                                                   "11,\"FEATHERSTONEHAUGH-BARTHOLOMEW\"\r\n"
+                                                   "10,\"JONES-AMY\"\r\n2,\"SMITH-JOHN\"\r\n",
+                                                   100);
+    RefundList list;
+    list.titles = QStringList{u"REFUND BETS ON SHAM"_s};
+    list.heading = bettorRefundHeading();
+    list.refunds =
+        bettorRefunds(totalsByBettor(parseBets(bets.toStdString()),
+                                     [](const BetRow &row) { return row.bet.post == 3; }),
+                      bettors);
+    const QStringList head{
+        u"REFUND BETS ON SHAM"_s, {}, u"Bettor Name                  Amount"_s, {}};
+    QCOMPARE(slipText(refundSlip(list)), head + refunds);
+
+    list.closing = u"TOTAL BETS $9.00"_s;
+    QCOMPARE(slipText(refundSlip(list)), head + refunds + QStringList({{}, list.closing}));
+}
+
+// Two titles, blank spacer lines, no column heading: the list of single bets taken back.
+void tst_refundlist::longListRepeatsItsHeading()
+{
+    RefundList list;
+    list.titles = QStringList{u"Refund Bets"_s, u"SMITH-JOHN for Race3"_s};
+    list.spacer = u" "_s;
+    list.refunds = {SlipLine{{1, u"3  SHAM            $05.00 Win  "_s}}};
+    list.closing = u"Total Refund $5.00"_s;
+    const Slip slip = refundSlip(list);
+    QCOMPARE(slipText(slip),
+             QStringList({u"Refund Bets"_s, u"SMITH-JOHN for Race3"_s, u" "_s,
+                          u"3  SHAM            $05.00 Win  "_s, u" "_s, u"Total Refund $5.00"_s}));
+    QCOMPARE(slip.headingLines, 3);
+    QCOMPARE(slip.fontName, u"MS Sans Serif"_s);
+    QCOMPARE(slip.pointSize, 8.0);
+}
+
+TRELAWN_TEST_MAIN(tst_refundlist)
+#include "tst_refundlist.moc"

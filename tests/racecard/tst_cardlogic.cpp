@@ -1,0 +1,129 @@
+#include "kit/testkit.h"
+#include "racecard/cardrows.h"
+#include "racecard/scratch.h"
+
+using namespace Qt::StringLiterals;
+
+class tst_cardlogic : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void poolText_data();
+    void poolText();
+    void unusedPostsShowEmptyRows();
+    void rowsBecomeWhatARecordCanHold();
+    void scratchAnswer_data();
+    void scratchAnswer();
+    void multibets_data();
+    void multibets();
+};
+
+void tst_cardlogic::poolText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("lowest") << u"0"_s << true;
+    QTest::newRow("highest") << u"9"_s << true;
+    QTest::newRow("empty") << QString() << false;
+    QTest::newRow("two digits") << u"10"_s << false;
+    QTest::newRow("leading zero") << u"01"_s << false;
+    QTest::newRow("blank beside it") << u"1 "_s << false;
+    QTest::newRow("below 0 as a character") << u"/"_s << false;
+    QTest::newRow("beyond 9 as a character") << u":"_s << false;
+    QTest::newRow("digit of another script") << u"٣"_s << false;
+}
+
+void tst_cardlogic::poolText()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, valid);
+    CardRows rows;
+    rows[0].pool = text;
+    rows[20].pool = text;
+    QCOMPARE(postsWithBadPool(rows), valid ? QList<int>() : QList<int>({1, 21}));
+}
+
+void tst_cardlogic::unusedPostsShowEmptyRows()
+{
+    const HorseFile file = parseHorses("2,4,\"7 \",\"zzz\"\r\n3,1,\"1A\",\"SHAM\"\r\n"
+                                       "4,2,\"9 \",\"\"\r\n");
+    const CardRows rows = rowsOf(file.horses);
+    QCOMPARE(rows[1], CardRow());
+    QCOMPARE(rows[2], (CardRow{u"1A"_s, u"SHAM"_s, u"1"_s}));
+    QCOMPARE(rows[3], (CardRow{u"9"_s, {}, u"2"_s}));
+    QCOMPARE(changedPosts(rows, CardRows()), QList<int>({3, 4}));
+}
+
+void tst_cardlogic::rowsBecomeWhatARecordCanHold()
+{
+    CardRows rows;
+    rows[20] = {u" 1A "_s, u"THE \"KID\""_s, u"9"_s};
+    rows[4] = {{}, {}, {}}; // as CLEAR HORSES leaves a row
+    const HorseTable horses = horsesOf(rows);
+    QCOMPARE(horses.post(21), (Horse{21, 9, u"1A"_s, u"THE 'KID'"_s}));
+    QCOMPARE(horses.post(5), (Horse{5, 0, {}, {}}));
+}
+
+void tst_cardlogic::scratchAnswer_data()
+{
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<int>("post");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("Cancel ends silently") << QString() << 0 << true;
+    QTest::newRow("0 ends silently") << u"0"_s << 0 << true;
+    QTest::newRow("no number ends silently") << u"SHAM"_s << 0 << true;
+    QTest::newRow("lowest") << u"1"_s << 1 << true;
+    QTest::newRow("highest") << u"21"_s << 21 << true;
+    QTest::newRow("text after the number") << u" 3 SHAM"_s << 3 << true;
+    QTest::newRow("beyond the last post") << u"22"_s << 0 << false;
+    QTest::newRow("negative") << u"-1"_s << 0 << false;
+    QTest::newRow("between 0 and 1") << u"0.5"_s << 0 << false;
+    QTest::newRow("no whole post") << u"3.5"_s << 0 << false;
+}
+
+void tst_cardlogic::scratchAnswer()
+{
+    QFETCH(QString, answer);
+    const ScratchAnswer read = ::scratchAnswer(answer);
+    QTEST(read.post, "post");
+    QTEST(read.valid, "valid");
+}
+
+void tst_cardlogic::multibets_data()
+{
+    QTest::addColumn<QByteArray>("race1");
+    QTest::addColumn<QByteArray>("race2");
+    QTest::addColumn<QByteArray>("race3");
+    QTest::addColumn<int>("bets");
+    const QByteArray none;
+    const auto row = [](const char *name, const QByteArray &race1, const QByteArray &race2,
+                        const QByteArray &race3,
+                        int bets) { QTest::newRow(name) << race1 << race2 << race3 << bets; };
+    row("none", none, none, none, 0);
+    row("exacta, either place", none, none, "7,1,0,\"EX\",2,2\r\n1,7,0,\"EX\",2,2\r\n", 2);
+    row("trifecta, third place", none, none, "1,2,7,\"T\",2,2\r\n", 1);
+    row("named twice counts once", none, none, "7,7,7,\"T\",2,2\r\n", 1);
+    row("quinela of other posts", none, none, "17,6,0,\"Q\",2,2\r\n", 0);
+    row("first leg of a double", none, none, "7,1,0,\"DD\",2,2\r\n1,7,0,\"DD\",2,2\r\n", 1);
+    row("second leg of the race before", none, "7,1,0,\"DD\",2,2\r\n1,7,0,\"DD\",2,2\r\n", none, 1);
+    row("pick three legs", "1,2,7,\"P3\",2,2\r\n1,7,2,\"P3\",2,2\r\n",
+        "1,7,2,\"P3\",2,2\r\n7,1,2,\"P3\",2,2\r\n", "7,1,2,\"P3\",2,2\r\n", 3);
+    row("another race's exacta", "7,1,7,\"EX\",2,2\r\n", "7,7,7,\"T\",2,2\r\n", none, 0);
+    row("damaged lines", none, none, "7,1,0,\"EX\",2\r\n7,1,0,\"EX,2,2\r\n7,1,0,\"EX\",2,2\r\n", 1);
+}
+
+void tst_cardlogic::multibets()
+{
+    TestEvent event;
+    event.session.settings.currentRace = 3;
+    for (const char *race : {"race1", "race2", "race3"})
+        event.write("Multibets Race"_L1 + QChar::fromLatin1(race[4]),
+                    *static_cast<QByteArray *>(QTest::qData(race, QMetaType::QByteArray)));
+    const MultibetCount count = multibetsOn(event.session, 7);
+    QTEST(count.bets, "bets");
+    QCOMPARE(count.stakes, 2.0 * count.bets);
+}
+
+TRELAWN_TEST_MAIN(tst_cardlogic)
+#include "tst_cardlogic.moc"
