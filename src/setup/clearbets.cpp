@@ -3,11 +3,18 @@
 #include "common/fileerror.h"
 #include "common/format.h"
 #include "common/recordfile.h"
+#include "multibets/multibetrecords.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+QString baseName(RecordFile file)
+{
+    return file == RecordFile::Multibets ? u"Multibets"_s : u"Bets"_s;
+}
+
+// The current race's file; a missing one is empty.
 QByteArray fileOrNothing(const Session &session, RecordFile file)
 {
     try {
@@ -38,53 +45,45 @@ RaceStakes straightStakes(Session &session)
 RaceStakes multibetStakes(Session &session)
 {
     session.settings.operationLabel = u"Multibets Input"_s;
-    const QByteArray bytes = fileOrNothing(session, RecordFile::Multibets);
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    std::vector<RecordField> fields;
+    const MultibetTable bets =
+        parseMultibets(fileOrNothing(session, RecordFile::Multibets).toStdString());
     RaceStakes stakes;
-    while (nextRecordLine(rest, line)) {
-        if (isBlankLine(line))
-            continue;
-        const bool whole = splitRecord(line, fields) && fields.size() == 6;
-        const auto amount = whole ? fieldNumber(fields[4]) : std::nullopt;
-        const auto bettor = whole ? fieldNumber(fields[5]) : std::nullopt;
-        if (!amount || !bettor) {
+    for (const MultibetRow &row : bets.rows) {
+        if (row.damaged) {
             ++stakes.damaged;
             continue;
         }
-        stakes.byBettor[float(*bettor)] += float(*amount);
-        stakes.total += float(*amount);
+        stakes.byBettor[float(row.bet.bettor)] += float(row.bet.amount);
+        stakes.total += float(row.bet.amount);
     }
     return stakes;
 }
 
-Slip raceRefunds(const Session &session, const RaceStakes &stakes, const QString &closing)
+Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes)
 {
     RefundList list;
     list.titles = {u"REFUND BETS "_s + session.settings.raceName()};
     list.spacer = u" "_s;
     list.heading = bettorRefundHeading();
     list.refunds = bettorRefunds(stakes.byBettor, session.bettors);
-    list.closing = closing + formatMoney(stakes.total, "Currency");
+    list.closing =
+        u"TOTAL "_s + baseName(file).toUpper() + u' ' + formatMoney(stakes.total, "Currency");
     return refundSlip(list);
 }
 
 void keepTwins(Session &session, RecordFile file)
 {
-    session.settings.operationLabel =
-        file == RecordFile::Multibets ? u"Multibets Saved"_s : u"Bets Saved"_s;
+    session.settings.operationLabel = baseName(file) + u" Saved"_s;
     keepTwinsInSaved(session, file, session.settings.currentRace);
 }
 
 void deleteTwins(Session &session, RecordFile file)
 {
     QString &label = session.settings.operationLabel;
-    const QString base = file == RecordFile::Multibets ? u"Multibets"_s : u"Bets"_s;
     const int race = session.settings.currentRace;
-    label = base + u" Output"_s;
+    label = baseName(file) + u" Output"_s;
     deleteRecordFile(mainFile(session, file, race));
-    label = base + u"backup Output"_s;
+    label = baseName(file) + u"backup Output"_s;
     deleteRecordFile(twinFile(session, file, race));
     if (file == RecordFile::Bets) {
         session.bets = BetTable();

@@ -20,8 +20,8 @@ RaceStakes straightStakes(Session &session);
 // The stakes of the current race's Multibets.
 RaceStakes multibetStakes(Session &session);
 
-// The list of what every bettor gets back; \a closing is "TOTAL BETS " or "TOTAL MULTIBETS ".
-Slip raceRefunds(const Session &session, const RaceStakes &stakes, const QString &closing);
+// The list of what every bettor gets back for \a stakes of Bets or Multibets.
+Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes);
 
 // Copies the current race's Bets or Multibets and the twin to Saved: the step before deleteTwins.
 void keepTwins(Session &session, RecordFile file);
