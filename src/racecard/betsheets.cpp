@@ -11,7 +11,7 @@ namespace {
 
 constexpr int nameWidth = 14;
 constexpr int nameColumn = 6;
-constexpr std::array<int, 4> barColumns{26, 40, 54, 68};
+constexpr std::array<int, 4> barColumns{28, 41, 54, 67};
 
 SlipLine barsBehind(SlipLine line)
 {

@@ -5,43 +5,21 @@
 #include "ui/controls.h"
 #include "ui/prompts.h"
 
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a list item stands for: a drive such as "C:", a folder such as "C:\Trelawn\".
+// What an item stands for: a drive such as "C:", a folder such as "C:\\Trelawn\\".
 constexpr int pathRole = Qt::UserRole;
-
-QListWidgetItem *addItem(QListWidget *list, const QIcon &icon, const QString &text,
-                         const QString &path)
-{
-    auto *item = new QListWidgetItem(icon, text, list);
-    item->setData(pathRole, path);
-    return item;
-}
-
-QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName)
-{
-    auto *list = new QListWidget(parent);
-    list->setObjectName(name);
-    list->setAccessibleName(accessibleName);
-    return list;
-}
-
-// "C:\" of a folder's path, or the shared folder of a network path.
-QString rootOf(const QString &folder)
-{
-    const QStringList folders = foldersAbove(folder);
-    return folders.isEmpty() ? folder : folders.first();
-}
 
 QString lastName(const QString &folder)
 {
@@ -62,73 +40,76 @@ frmdirb::frmdirb(const ScreenContext &context)
 
 void frmdirb::build()
 {
+    txtdrivedir = makeBanner(this, u"txtdrivedir"_s, {});
+    txtdrivedir->setAccessibleName(u"Current drive/path"_s);
     auto *columns = new QHBoxLayout;
     columns->setSpacing(18);
-    columns->addLayout(leftSide(), 3);
-    columns->addLayout(rightSide(), 2);
+    columns->addLayout(lists(), 3);
+    columns->addLayout(newDirectory(), 2);
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
+    layout->addWidget(makeHeading(this, u"lbldrivedir"_s, u"Current drive/path"_s));
+    layout->addWidget(txtdrivedir);
+    layout->addSpacing(6);
     layout->addLayout(columns, 1);
     layout->addWidget(lblnote);
     assignAltLetters(this);
 }
 
-QLayout *frmdirb::leftSide()
+QLayout *frmdirb::lists()
 {
-    QLabel *driveLabel = makeHeading(this, u"lbldrive"_s, u"Click on desired drive below"_s);
-    Drive1 = makeList(this, u"Drive1"_s, u"Drives"_s);
+    Drive1 = new QListWidget(this);
+    Drive1->setObjectName(u"Drive1"_s);
+    Drive1->setAccessibleName(u"Drives"_s);
     txtdir = makeDisplay(this, u"txtdir"_s);
     txtdir->setText(u"Double Click on desired directory below"_s);
     txtdir->setFrame(false);
     txtdir->setFocusPolicy(Qt::NoFocus);
-    QFont bold = txtdir->font();
-    bold.setBold(true);
-    txtdir->setFont(bold);
-    Dir1 = makeList(this, u"Dir1"_s, u"Folders"_s);
+    txtdir->setStyleSheet(u"background: transparent; font-weight: bold"_s);
+    Dir1 = new QTreeWidget(this);
+    Dir1->setObjectName(u"Dir1"_s);
+    Dir1->setAccessibleName(u"Folders"_s);
+    Dir1->setHeaderHidden(true);
+    Dir1->setRootIsDecorated(false);
+    Dir1->setItemsExpandable(false);
+    Dir1->setExpandsOnDoubleClick(false);
 
     auto *layout = new QVBoxLayout;
-    layout->addWidget(driveLabel);
-    layout->addWidget(Drive1, 1);
+    layout->addWidget(makeHeading(this, u"lbldrive"_s, u"Click on desired drive below"_s));
+    layout->addWidget(Drive1, 2);
     layout->addWidget(txtdir);
-    layout->addWidget(Dir1, 3);
+    layout->addWidget(Dir1, 5);
     return layout;
 }
 
-QLayout *frmdirb::rightSide()
+QLayout *frmdirb::newDirectory()
 {
-    QLabel *pathLabel = makeHeading(this, u"lbldrivedir"_s, u"Current drive/path"_s);
-    txtdrivedir = makeDisplay(this, u"txtdrivedir"_s);
-    txtdrivedir->setAccessibleName(u"Current drive/path"_s);
-    QFont large = txtdrivedir->font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.3);
-    txtdrivedir->setFont(large);
-
-    Text3 = new QPlainTextEdit(this);
-    Text3->setObjectName(u"Text3"_s);
-    Text3->setReadOnly(true);
-    Text3->setFocusPolicy(Qt::NoFocus);
-    Text3->setAccessibleName(u"Instructions"_s);
-    Text3->setPlainText(u"To create a new directory\n"
-                        u"> Double click on the parent directory\n"
-                        u"> Click Create New Directory\n"
-                        u"> Enter the new directory name without a backslash"_s);
-    cmdnew = makeButton(this, u"cmdnew"_s, u"Create New Directory"_s,
+    auto *group = new QGroupBox(u"New directory"_s, this);
+    Text3 = makeLabel(group, u"Text3"_s,
+                      u"To create a new directory\n"
+                      "> Double click on the parent directory\n"
+                      "> Click Create New Directory\n"
+                      "> Enter the new directory name without a backslash"_s,
+                      {}, true);
+    cmdnew = makeButton(group, u"cmdnew"_s, u"Create New Directory"_s,
                         u"Double click on the parent directory for the new directory and click "
-                        u"Create New Directory"_s);
-    lblhint = makeLabel(this, u"lblhint"_s, {}, {}, true);
+                        "Create New Directory"_s);
+    lblhint = makeHeading(group, u"lblhint"_s, {});
+    lblhint->setWordWrap(true);
+    QFont large = lblhint->font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
     lblhint->setFont(large);
     lblhint->setStyleSheet(u"color: #a02000"_s);
+    auto *inside = new QVBoxLayout(group);
+    inside->setSpacing(12);
+    inside->addWidget(Text3);
+    inside->addWidget(cmdnew);
+    inside->addWidget(lblhint);
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return to Setup"_s, u"Return to main menu"_s);
 
     auto *layout = new QVBoxLayout;
-    layout->addWidget(pathLabel);
-    layout->addWidget(txtdrivedir);
-    layout->addSpacing(18);
-    layout->addWidget(Text3, 1);
-    layout->addWidget(cmdnew);
-    layout->addSpacing(12);
-    layout->addWidget(lblhint, 1, Qt::AlignTop);
+    layout->addWidget(group);
+    layout->addStretch();
     layout->addWidget(cmdreturn);
     return layout;
 }
@@ -139,7 +120,7 @@ void frmdirb::connectControls()
     // where the first click has done the work.
     connect(Drive1, &QListWidget::itemClicked, this, &frmdirb::driveChosen);
     connect(Drive1, &QListWidget::itemActivated, this, &frmdirb::driveChosen);
-    connect(Dir1, &QListWidget::itemActivated, this, &frmdirb::folderChosen);
+    connect(Dir1, &QTreeWidget::itemActivated, this, &frmdirb::folderChosen);
     connect(cmdnew, &QPushButton::clicked, this, &frmdirb::createNew);
     connect(cmdreturn, &QPushButton::clicked, this,
             [this] { m_context.navigator.open(u"frminitb"_s); });
@@ -151,9 +132,10 @@ void frmdirb::showDrives()
     Drive1->clear();
     for (const Drive &drive : m_context.session.paths.drives()) {
         const QString root = drive.name + u'\\';
-        auto *item = addItem(Drive1, style()->standardIcon(QStyle::SP_DriveHDIcon),
-                             drive.label.isEmpty() ? root : QString(root + u"  "_s + drive.label),
-                             drive.name);
+        const QString text = drive.label.isEmpty() ? root : QString(root + u"  "_s + drive.label);
+        auto *item =
+            new QListWidgetItem(style()->standardIcon(QStyle::SP_DriveHDIcon), text, Drive1);
+        item->setData(pathRole, drive.name);
         if (root.compare(chosen, Qt::CaseInsensitive) == 0)
             Drive1->setCurrentItem(item);
     }
@@ -162,26 +144,29 @@ void frmdirb::showDrives()
 // The folders on the way to the event directory, and those inside it.
 void frmdirb::showFolders()
 {
-    const Session &session = m_context.session;
-    const QString &directory = session.settings.eventDirectory;
+    const QString &directory = m_context.session.settings.eventDirectory;
     txtdrivedir->setText(directory);
     lblhint->clear();
     Dir1->clear();
-    const QStringList above = foldersAbove(directory);
-    QString indent;
-    for (const QString &folder : above) {
-        const QString name = folder == rootOf(directory) ? folder : lastName(folder);
-        auto *item =
-            addItem(Dir1, style()->standardIcon(QStyle::SP_DirOpenIcon), indent + name, folder);
-        indent += u"    "_s;
-        Dir1->setCurrentItem(item);
+    QTreeWidgetItem *parent = Dir1->invisibleRootItem();
+    const auto addFolder = [&](const QString &text, const QString &folder,
+                               QStyle::StandardPixmap icon) {
+        auto *item = new QTreeWidgetItem(parent, {text});
+        item->setIcon(0, style()->standardIcon(icon));
+        item->setData(0, pathRole, folder);
+        return item;
+    };
+    for (const QString &folder : foldersAbove(directory)) {
+        const bool isRoot = parent == Dir1->invisibleRootItem();
+        parent = addFolder(isRoot ? folder : lastName(folder), folder, QStyle::SP_DirOpenIcon);
     }
+    Dir1->setCurrentItem(parent);
     trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel, [&] {
-        for (const QString &name : foldersInside(session, directory)) {
-            addItem(Dir1, style()->standardIcon(QStyle::SP_DirClosedIcon), indent + name,
-                    directory + name + u'\\');
-        }
+        for (const QString &name : foldersInside(m_context.session, directory))
+            addFolder(name, directory + name + u'\\', QStyle::SP_DirClosedIcon);
     });
+    Dir1->expandAll();
+    Dir1->scrollToItem(Dir1->currentItem());
 }
 
 void frmdirb::driveChosen(const QListWidgetItem *item)
@@ -194,9 +179,9 @@ void frmdirb::driveChosen(const QListWidgetItem *item)
     showFolders();
 }
 
-void frmdirb::folderChosen(const QListWidgetItem *item)
+void frmdirb::folderChosen(const QTreeWidgetItem *item)
 {
-    const QString folder = item->data(pathRole).toString();
+    const QString folder = item->data(0, pathRole).toString();
     Session &session = m_context.session;
     trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
                [&] { chooseFolder(session, folder); });
@@ -213,9 +198,10 @@ void frmdirb::createNew()
     trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
         createFolder(session, parent, name);
         showFolders();
-        for (int row = 0; row < Dir1->count(); ++row) {
-            if (Dir1->item(row)->data(pathRole).toString() == parent + name + u'\\')
-                Dir1->setCurrentRow(row);
+        const QTreeWidgetItem *shown = Dir1->currentItem();
+        for (int row = 0; row < shown->childCount(); ++row) {
+            if (shown->child(row)->text(0) == name)
+                Dir1->setCurrentItem(shown->child(row));
         }
         Dir1->setFocus();
         lblhint->setText(name

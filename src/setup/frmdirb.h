@@ -9,8 +9,9 @@ class QLayout;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
-class QPlainTextEdit;
 class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
 
 // Chooses the drive and folder of the event, and makes new folders.
 class frmdirb : public QWidget
@@ -26,17 +27,17 @@ private:
     void showDrives();
     void showFolders();
     void driveChosen(const QListWidgetItem *item);
-    void folderChosen(const QListWidgetItem *item);
+    void folderChosen(const QTreeWidgetItem *item);
     void createNew();
-    QLayout *leftSide();
-    QLayout *rightSide();
+    QLayout *lists();
+    QLayout *newDirectory();
 
     ScreenContext m_context;
     QListWidget *Drive1;
-    QListWidget *Dir1;
+    QTreeWidget *Dir1;
     QLineEdit *txtdir;
     QLineEdit *txtdrivedir;
-    QPlainTextEdit *Text3;
+    QLabel *Text3;
     QPushButton *cmdnew;
     QPushButton *cmdreturn;
     QLabel *lblhint;

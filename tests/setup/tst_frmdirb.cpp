@@ -4,20 +4,29 @@
 #include "setup/eventfolders.h"
 
 #include <QListWidget>
+#include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+QList<QTreeWidgetItem *> items(QWidget *screen)
+{
+    QList<QTreeWidgetItem *> found;
+    for (QTreeWidgetItemIterator item(child<QTreeWidget>(screen, u"Dir1"_s)); *item; ++item)
+        found << *item;
+    return found;
+}
+
 // A double click on a folder, as the operator does it.
 void openFolder(QWidget *screen, const QString &text)
 {
-    auto *list = child<QListWidget>(screen, u"Dir1"_s);
-    for (int row = 0; row < list->count(); ++row) {
-        if (list->item(row)->text().trimmed() == text) {
-            const QPoint at = list->visualItemRect(list->item(row)).center();
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-            QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    for (const QTreeWidgetItem *item : items(screen)) {
+        if (item->text(0) == text) {
+            auto *tree = child<QTreeWidget>(screen, u"Dir1"_s);
+            const QPoint at = tree->visualItemRect(item).center();
+            QTest::mouseClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+            QTest::mouseDClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, at);
             QCoreApplication::processEvents();
             return;
         }
@@ -27,10 +36,9 @@ void openFolder(QWidget *screen, const QString &text)
 
 QStringList foldersShown(QWidget *screen)
 {
-    auto *list = child<QListWidget>(screen, u"Dir1"_s);
     QStringList texts;
-    for (int row = 0; row < list->count(); ++row)
-        texts << list->item(row)->text();
+    for (const QTreeWidgetItem *item : items(screen))
+        texts << item->text(0);
     return texts;
 }
 
@@ -70,7 +78,7 @@ void tst_frmdirb::shows()
     QWidget *screen = event.open(u"frmdirb"_s);
     QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"C:\\Trelawn\\"_s);
     QCOMPARE(child<QListWidget>(screen, u"Drive1"_s)->currentItem()->text(), u"C:\\"_s);
-    QCOMPARE(foldersShown(screen), (QStringList{u"C:\\"_s, u"    Trelawn"_s, u"        Party"_s}));
+    QCOMPARE(foldersShown(screen), (QStringList{u"C:\\"_s, u"Trelawn"_s, u"Party"_s}));
     QCOMPARE(caption(screen, u"cmdnew"_s), u"Create New Directory"_s);
     QCOMPARE(caption(screen, u"cmdreturn"_s), u"Return to Setup"_s);
 }
@@ -90,7 +98,7 @@ void tst_frmdirb::secondEventAndBack()
 
     // Made, selected and pointed out, but not yet the event directory.
     QWidget *screen = event.current();
-    QCOMPARE(child<QListWidget>(screen, u"Dir1"_s)->currentItem()->text().trimmed(), u"Party"_s);
+    QCOMPARE(child<QTreeWidget>(screen, u"Dir1"_s)->currentItem()->text(0), u"Party"_s);
     QVERIFY(!labelText(screen, u"lblhint"_s).isEmpty());
     QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"C:\\Trelawn\\"_s);
     QVERIFY(initFile(event).contains(",\"C:\\Trelawn\\\","));
