@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Leaves room for the number after it.
-constexpr int largestBettorNumber = std::numeric_limits<int>::max() - 1;
+// One more is still a number.
+constexpr int largestNumber = std::numeric_limits<int>::max() - 1;
 
 QByteArray record(const Bettor &bettor)
 {
@@ -55,7 +55,7 @@ BettorTable BettorTable::parse(const QByteArray &bytes, int limit)
         if (isBlankLine(line))
             continue;
         const bool whole = splitRecord(line, fields) && fields.size() == 2;
-        const auto number = whole ? fieldInteger(fields[0], 1, largestBettorNumber) : std::nullopt;
+        const auto number = whole ? fieldInteger(fields[0], 1, largestNumber) : std::nullopt;
         if (!number) {
             table.m_damaged.append(QByteArray(line.data(), qsizetype(line.size())));
             continue;

@@ -127,6 +127,23 @@ bool loadInit(Session &session)
     return fields.isWhole();
 }
 
+bool rereadInit(Session &session)
+{
+    Settings &settings = session.settings;
+    const Settings before = settings;
+    if (!loadInit(session)) {
+        settings = before;
+        return false;
+    }
+    settings.eventDirectory = before.eventDirectory;
+    settings.currentRace = before.currentRace;
+    if (settings.fontIndex == 0)
+        settings.fontIndex = before.fontIndex;
+    if (settings.roundingIndex == 0)
+        settings.roundingIndex = before.roundingIndex;
+    return true;
+}
+
 void setFirstInit(Session &session)
 {
     Settings &settings = session.settings;

@@ -25,6 +25,11 @@ void makeInitFolder(Session &session);
 // FileError 53 when there is no Init (label "Init open-Setup").
 bool loadInit(Session &session);
 
+// Reads Init again in the middle of an event. The event directory, the race and what Init does not
+// give stay as they are in this run; a damaged Init changes nothing, and the result is false.
+// Throws FileError.
+bool rereadInit(Session &session);
+
 // The settings of a first start, when there is no Init.
 void setFirstInit(Session &session);
 

@@ -87,16 +87,17 @@ void AppendBet(Session &session, std::span<const Bet> bets)
                 QByteArray::fromStdString(lines), u"Bets Append"_s, u"Betsbackup Append"_s);
 }
 
-void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped)
+void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
+                const QString &label, const QString &twinLabel)
 {
     const int race = session.settings.currentRace;
     session.settings.operationLabel = u"Bets input"_s;
     readBets(session);
     const std::string kept = betFileWithout(session.bets, dropped);
-    session.settings.operationLabel = u"Bets Output"_s;
+    session.settings.operationLabel = label;
     if (kept != session.bets.bytes)
         keepTwinsInSaved(session, RecordFile::Bets, race);
-    rewriteTwins(session, RecordFile::Bets, race, QByteArray::fromStdString(kept), u"Bets Output"_s,
-                 u"Betsbackup Output"_s);
+    rewriteTwins(session, RecordFile::Bets, race, QByteArray::fromStdString(kept), label,
+                 twinLabel);
     LoadRaceBets(session);
 }

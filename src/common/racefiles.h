@@ -32,6 +32,8 @@ void createMissingBetsBackup(Session &session);
 void AppendBet(Session &session, std::span<const Bet> bets);
 
 // Re-reads the current race's bets, and rewrites Bets and Betsbackup without the rows for which
-// \a dropped is true (labels "Bets Output", "Betsbackup Output"), after a copy of both went to
-// Saved. Then reloads the bets. All other lines stay byte for byte.
-void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped);
+// \a dropped is true, after a copy of both went to Saved. Then reloads the bets. All other lines
+// stay byte for byte.
+void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
+                const QString &label = QStringLiteral("Bets Output"),
+                const QString &twinLabel = QStringLiteral("Betsbackup Output"));

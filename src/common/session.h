@@ -5,6 +5,7 @@
 #include "common/horses.h"
 #include "common/hostpath.h"
 #include "common/pools.h"
+#include "common/racepayoffs.h"
 #include "common/settings.h"
 
 // What one run of the program shares between its screens: made once in main, handed to every screen
@@ -18,4 +19,5 @@ struct Session
     BetTable bets;
     PoolTable pools;
     int multibetHousePercent = 0; // of every multibet pool, for this run
+    RacePayoffs payoffs; // while the pay-winners screen is open
 };

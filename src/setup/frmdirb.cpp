@@ -75,6 +75,7 @@ QLayout *frmdirb::lists()
     Dir1->setExpandsOnDoubleClick(false);
 
     auto *layout = new QVBoxLayout;
+    layout->setSpacing(6);
     layout->addWidget(makeHeading(this, u"lbldrive"_s, u"Click on desired drive below"_s));
     layout->addWidget(Drive1, 2);
     layout->addWidget(txtdir);
@@ -89,8 +90,7 @@ QLayout *frmdirb::newDirectory()
                       u"To create a new directory\n"
                       "> Double click on the parent directory\n"
                       "> Click Create New Directory\n"
-                      "> Enter the new directory name without a backslash"_s,
-                      {}, true);
+                      "> Enter the new directory name without a backslash"_s);
     cmdnew = makeButton(group, u"cmdnew"_s, u"Create New Directory"_s,
                         u"Double click on the parent directory for the new directory and click "
                         "Create New Directory"_s);

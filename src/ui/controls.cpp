@@ -139,13 +139,19 @@ QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text, con
     return label;
 }
 
+void enlarge(QWidget *widget, double factor)
+{
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(true);
+    widget->setFont(font);
+}
+
 QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
                     const QString &toolTip)
 {
     QLabel *label = makeLabel(parent, name, text, toolTip);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
+    enlarge(label, 1);
     return label;
 }
 
@@ -174,10 +180,8 @@ QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
                       const QString &toolTip)
 {
     QLineEdit *field = makeDisplay(parent, name, toolTip);
-    QFont font = field->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.4);
-    field->setFont(font);
+    field->setProperty("banner", true); // for the program's look
+    enlarge(field, 1.4);
     field->setAlignment(Qt::AlignCenter);
     field->setText(text);
     field->setAccessibleName(u"Event and race"_s);

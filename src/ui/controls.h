@@ -84,6 +84,9 @@ struct RaceOptions
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
                             const QString &captionPrefix = {});
 
+// Makes the widget's text bold and \a factor times as large.
+void enlarge(QWidget *widget, double factor);
+
 // Sets the width of a field to hold \a characters, whatever the font.
 void fitCharacters(QWidget *field, int characters);
 

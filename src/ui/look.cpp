@@ -32,7 +32,7 @@ void applyLook(QApplication &application)
     QApplication::setFont(font);
     // The banner, and the groups of controls: quiet frames under a strong head.
     application.setStyleSheet(uR"(
-QLineEdit#txtbanner { background: #1f4d34; color: #ffffff; border: none; padding: 3px; }
+QLineEdit[banner="true"] { background: #1f4d34; color: #ffffff; border: none; padding: 3px; }
 QGroupBox { border: 1px solid #b9c6bc; border-radius: 4px; margin-top: 0.7em; }
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
 QPushButton[standsOut="true"] {

@@ -52,10 +52,10 @@ void Navigator::open(const QString &name, const QString &note)
     m_window->show();
 }
 
-void Navigator::reopen()
+void Navigator::reopen(const QString &note)
 {
     const QString previous = m_previous;
-    open(currentName());
+    open(currentName(), note);
     m_previous = previous;
 }
 

@@ -73,7 +73,7 @@ private slots:
 
 void tst_frmdirb::shows()
 {
-    TestEvent event;
+    TestEvent event(false);
     makeFolder(event.path(u"Party"_s));
     QWidget *screen = event.open(u"frmdirb"_s);
     QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"C:\\Trelawn\\"_s);
@@ -124,7 +124,7 @@ void tst_frmdirb::secondEventAndBack()
 // The root of a drive has one backslash; choosing it does not touch Init.
 void tst_frmdirb::drive()
 {
-    TestEvent event;
+    TestEvent event(false);
     const QByteArray before = initFile(event);
     QWidget *screen = event.open(u"frmdirb"_s);
     selectInList(screen, u"Drive1"_s, u"D:\\"_s);
@@ -139,7 +139,7 @@ void tst_frmdirb::drive()
 // A drive that went away while the list was shown.
 void tst_frmdirb::driveNotReady()
 {
-    TestEvent event;
+    TestEvent event(false);
     const QString stick = event.session.paths.toHost(u"C:\\"_s) + u"/../G"_s;
     makeFolder(stick);
     QWidget *screen = event.open(u"frmdirb"_s);
@@ -173,7 +173,7 @@ void tst_frmdirb::names()
 {
     QFETCH(QString, name);
     QFETCH(QString, message);
-    TestEvent event;
+    TestEvent event(false);
     makeFolder(event.path(u"Party"_s));
     const QStringList before = foldersInside(event.session, u"C:\\Trelawn\\"_s);
     QWidget *screen = event.open(u"frmdirb"_s);
@@ -192,7 +192,7 @@ void tst_frmdirb::names()
 // When Init cannot be written the event stays where it was.
 void tst_frmdirb::initFails()
 {
-    TestEvent event;
+    TestEvent event(false);
     makeFolder(event.path(u"Party"_s));
     QWidget *screen = event.open(u"frmdirb"_s);
     QFile::remove(event.path(u"Init"_s));

@@ -1,0 +1,743 @@
+#include "payoff/frmpaywinnersb.h"
+
+#include "common/format.h"
+#include "common/racefiles.h"
+#include "payoff/payrace.h"
+#include "payoff/rounding.h"
+#include "ui/controls.h"
+#include "ui/listing.h"
+#include "ui/prompts.h"
+#include "ui/slipprinter.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSet>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+using enum Ticket;
+
+namespace {
+
+constexpr char poolFormat[] = "$#,##0.00";
+constexpr Finish allFinishes[] = {Finish::Win, Finish::Place, Finish::Show};
+
+QString horseText(const Horse &horse)
+{
+    return isUnused(horse) ? u"(no horse)"_s : QString(horse.number + u' ' + horse.name);
+}
+
+QListWidgetItem *selectedItem(const QListWidget *list)
+{
+    const auto selected = list->selectedItems();
+    return selected.isEmpty() ? nullptr : selected.front();
+}
+
+QLineEdit *makeAmount(QWidget *parent, const QString &name, const QString &toolTip)
+{
+    QLineEdit *field = makeDisplay(parent, name, toolTip);
+    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return field;
+}
+
+} // namespace
+
+frmpaywinnersb::frmpaywinnersb(const ScreenContext &context)
+    : m_context(context)
+{
+    build();
+    connectControls();
+    showRace();
+    lsthorses->setFocus();
+}
+
+void frmpaywinnersb::build()
+{
+    txtbanner = makeBanner(this, u"txtbanner"_s, {});
+    const RaceOptions races = makeRaceOptions(this, u"Race whose winners are paid"_s);
+    optrace = races.group;
+    lblnote = makeNoteLine(this);
+
+    auto *columns = new QHBoxLayout;
+    columns->addWidget(buildFinish(), 30);
+    columns->addWidget(buildPayoffs(), 42);
+    columns->addWidget(buildWinners(), 28);
+    QWidget *totals = buildTotals();
+    cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to the main menu"_s);
+    auto *foot = new QHBoxLayout;
+    foot->addLayout(buildGuidance(), 1);
+    auto *footRight = new QVBoxLayout;
+    footRight->addWidget(totals);
+    footRight->addWidget(cmdreturn);
+    foot->addLayout(footRight);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(8, 6, 8, 6);
+    layout->setSpacing(4);
+    layout->addWidget(txtbanner);
+    layout->addWidget(races.frame);
+    layout->addLayout(columns, 1);
+    layout->addLayout(foot);
+    layout->addWidget(lblnote);
+    assignAltLetters(this);
+}
+
+QWidget *frmpaywinnersb::buildFinish()
+{
+    auto *group = new QGroupBox(u"Finish"_s, this);
+    txthorse = makeDisplay(group, u"txthorse"_s, u"The horse selected in the list"_s);
+    txthorse->setAccessibleName(u"Selected horse"_s);
+    enlarge(txthorse, 1.1);
+    lsthorses = new QListWidget(group);
+    lsthorses->setObjectName(u"lsthorses"_s);
+    lsthorses->setAccessibleName(u"Horses of the race"_s);
+    lsthorses->setMinimumHeight(lsthorses->fontMetrics().height() * 6);
+
+    auto *grid = new QGridLayout;
+    const struct
+    {
+        Finish finish;
+        QPushButton *frmpaywinnersb::*button;
+        QString buttonName;
+        QString caption;
+        QString buttonTip;
+        QLineEdit *frmpaywinnersb::*field;
+        QString fieldName;
+        QString fieldTip;
+    } rows[] = {
+        {Finish::Win, &frmpaywinnersb::cmdwinner, u"cmdwinner"_s, u"ENTER WINNER"_s,
+         u"The selected horse came in first"_s, &frmpaywinnersb::txtwinhorse, u"txtwinhorse"_s,
+         u"Post position of the win horse"_s},
+        {Finish::Place, &frmpaywinnersb::cmdplace, u"cmdplace"_s, u"ENTER PLACE"_s,
+         u"The selected horse came in second"_s, &frmpaywinnersb::txtplacehorse, u"txtplacehorse"_s,
+         u"Post position of the place horse"_s},
+        {Finish::Show, &frmpaywinnersb::cmdshow, u"cmdshow"_s, u"ENTER SHOW"_s,
+         u"The selected horse came in third"_s, &frmpaywinnersb::txtshowhorse, u"txtshowhorse"_s,
+         u"Post position of the show horse"_s},
+    };
+    for (int i = 0; i < finishCount; ++i) {
+        const auto &row = rows[i];
+        this->*row.button = makeButton(group, row.buttonName, row.caption, row.buttonTip);
+        QLineEdit *field = makeDisplay(group, row.fieldName, row.fieldTip);
+        this->*row.field = field;
+        field->setAccessibleName(row.fieldTip);
+        field->setAlignment(Qt::AlignCenter);
+        enlarge(field, 1.2);
+        fitCharacters(field, 3);
+        QLabel *label = makeLabel(group, memberName(u"lblfinish"_s, i + 1), {}, {}, true);
+        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(13, u'n')));
+        lblfinish[std::size_t(i)] = label;
+        connect(this->*row.button, &QPushButton::clicked, this,
+                [this, finish = row.finish] { enterFinisher(finish); });
+        grid->addWidget(this->*row.button, i, 0);
+        grid->addWidget(field, i, 1);
+        grid->addWidget(label, i, 2);
+    }
+    grid->setColumnStretch(2, 1);
+
+    auto *layout = new QVBoxLayout(group);
+    layout->addWidget(txthorse);
+    layout->addWidget(lsthorses, 1);
+    layout->addLayout(grid);
+    return group;
+}
+
+QWidget *frmpaywinnersb::buildPayoffs()
+{
+    auto *group = new QGroupBox(u"Payoffs"_s, this);
+    txthousepct = makeField(group, u"txthousepct"_s, u"House percentage taken from the payoffs"_s);
+    txthousepct->setAccessibleName(u"House percentage"_s);
+    txthousepct->setMaxLength(8);
+    fitCharacters(txthousepct, 6);
+    txthousetot = makeAmount(group, u"txthousetot"_s, u"House cut in dollars"_s);
+    txthousetot->setAccessibleName(u"House cut"_s);
+    QLabel *percent = makeLabel(group, u"lblhousepct"_s, u"House percentage"_s);
+    percent->setBuddy(txthousepct);
+    auto *house = new QHBoxLayout;
+    house->addWidget(percent);
+    house->addWidget(txthousepct);
+    house->addWidget(makeLabel(group, u"lblpercent"_s, u"%"_s));
+    house->addSpacing(12);
+    house->addWidget(makeLabel(group, u"lblhousetot"_s, u"House cut"_s));
+    house->addWidget(txthousetot, 1);
+
+    cmdpayoff = makeButton(group, u"cmdpayoff"_s, u"CALCULATE  PAYOFF"_s,
+                           u"Calculate the payoffs and list the winning bettors"_s);
+    cmd532 = makeButton(group, u"cmd532"_s, u"CALCULATE 532  PAYOFF"_s,
+                        u"Split the win pool alone, 50, 30 and 20 percent"_s);
+    cmdtrack = makeButton(group, u"cmdtrack"_s, u"USE TRACK PAYOFF"_s,
+                          u"Use the $2 payoffs typed into all six payoff fields"_s);
+    cmdusing = makeButton(group, u"cmdusing"_s, u"USING TRACK PAYOFFS"_s,
+                          u"Select the race again to end the use of the track's payoffs"_s);
+    QSizePolicy keepsPlace = cmdusing->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    cmdusing->setSizePolicy(keepsPlace);
+    auto *buttons = new QGridLayout;
+    buttons->addWidget(cmdpayoff, 0, 0);
+    buttons->addWidget(cmd532, 0, 1);
+    buttons->addWidget(cmdtrack, 1, 0);
+    buttons->addWidget(cmdusing, 1, 1);
+
+    auto *grid = new QGridLayout;
+    const struct
+    {
+        QLineEdit *frmpaywinnersb::*field;
+        QString name;
+        QString toolTip;
+        int row;
+        int column;
+    } payoffs[] = {
+        {&frmpaywinnersb::txtwinwin, u"txtwinwin"_s, u"Win horse, win"_s, 0, 0},
+        {&frmpaywinnersb::txtwinplace, u"txtwinplace"_s, u"Win horse, place"_s, 0, 1},
+        {&frmpaywinnersb::txtwinshow, u"txtwinshow"_s, u"Win horse, show"_s, 0, 2},
+        {&frmpaywinnersb::txtplaceplace, u"txtplaceplace"_s, u"Place horse, place"_s, 1, 1},
+        {&frmpaywinnersb::txtplaceshow, u"txtplaceshow"_s, u"Place horse, show"_s, 1, 2},
+        {&frmpaywinnersb::txtshowshow, u"txtshowshow"_s, u"Show horse, show"_s, 2, 2},
+    };
+    lblpays = makeHeading(group, u"lblpays"_s, {});
+    enlarge(lblpays, 1.15);
+    grid->addWidget(lblpays, 0, 0, 1, 4);
+    const QString heads[] = {u"WIN"_s, u"PLACE"_s, u"SHOW"_s};
+    const QString horses[] = {u"Win horse"_s, u"Place horse"_s, u"Show horse"_s};
+    for (int i = 0; i < finishCount; ++i) {
+        QLabel *head = makeHeading(group, memberName(u"lblkind"_s, i + 1), heads[i]);
+        head->setAlignment(Qt::AlignCenter);
+        grid->addWidget(head, 1, i + 1);
+        grid->addWidget(makeLabel(group, memberName(u"lblhorse"_s, i + 1), horses[i]), i + 2, 0);
+        grid->setColumnStretch(i + 1, 1);
+    }
+    for (const auto &payoff : payoffs) {
+        QLineEdit *field = makeField(group, payoff.name, payoff.toolTip);
+        this->*payoff.field = field;
+        field->setAccessibleName(payoff.toolTip);
+        field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        enlarge(field, 1.35);
+        grid->addWidget(field, payoff.row + 2, payoff.column + 1);
+    }
+
+    const struct
+    {
+        QLineEdit *frmpaywinnersb::*field;
+        QString name;
+    } totals[] = {{&frmpaywinnersb::txtwintotal, u"txtwintotal"_s},
+                  {&frmpaywinnersb::txtplacetotal, u"txtplacetotal"_s},
+                  {&frmpaywinnersb::txtshowtotal, u"txtshowtotal"_s},
+                  {&frmpaywinnersb::txttotaltotal, u"txttotaltotal"_s}};
+    auto *totalGrid = new QGridLayout;
+    lbltotals = makeHeading(group, u"lbltotals"_s, {});
+    totalGrid->addWidget(lbltotals, 0, 0, 1, 4);
+    for (int i = 0; i < finishCount + 1; ++i) {
+        QLineEdit *field = makeAmount(group, totals[i].name, {});
+        this->*totals[i].field = field;
+        enlarge(field, 1.1);
+        QLabel *label = makeLabel(group, memberName(u"lbltotal"_s, i + 1), {});
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        lbltotal[std::size_t(i)] = label;
+        totalGrid->addWidget(label, 1, i);
+        totalGrid->addWidget(field, 2, i);
+    }
+
+    auto *layout = new QVBoxLayout(group);
+    layout->addLayout(house);
+    layout->addLayout(buttons);
+    layout->addLayout(grid);
+    layout->addLayout(totalGrid);
+    layout->addStretch();
+    return group;
+}
+
+QWidget *frmpaywinnersb::buildWinners()
+{
+    auto *group = new QGroupBox(u"Winners"_s, this);
+    lstwinners = new QListWidget(group);
+    lstwinners->setObjectName(u"lstwinners"_s);
+    lstwinners->setAccessibleName(u"WINNING BETTORS"_s);
+    lstwinners->setMinimumHeight(lstwinners->fontMetrics().height() * 6);
+    lblowed = makeLabel(group, u"lblowed"_s, {}, {}, true);
+    cmdpay = makeButton(group, u"cmdpay"_s, u"PAY WINNER"_s,
+                        u"Calculate payoff amount, remove name from winner list"_s);
+    enlarge(cmdpay, 1.1);
+    txtwinnername = makeDisplay(group, u"txtwinnername"_s, u"The bettor paid last"_s);
+    txtwinnername->setAccessibleName(u"Bettor paid"_s);
+    enlarge(txtwinnername, 1.2);
+    txttotalr = makeAmount(group, u"txttotalr"_s,
+                           u"Rounded payoff based on rounding factor on setup screen"_s);
+    txttotalr->setAccessibleName(u"Rounded payoff"_s);
+    enlarge(txttotalr, 1.8);
+    txtfactor = makeAmount(group, u"txtfactor"_s, u"Rounding factor of the setup screen"_s);
+    txtfactor->setAccessibleName(u"Round factor"_s);
+    fitCharacters(txtfactor, 5);
+
+    auto *amount = new QHBoxLayout;
+    amount->addWidget(makeLabel(group, u"lblfactor"_s, u"Round\nfactor"_s));
+    amount->addWidget(txtfactor);
+    amount->addWidget(makeHeading(group, u"lbltotalr"_s, u"PAY"_s));
+    amount->addWidget(txttotalr, 1);
+    auto *layout = new QVBoxLayout(group);
+    layout->addWidget(makeHeading(group, u"lblwinners"_s, u"WINNING BETTORS"_s));
+    layout->addWidget(lstwinners, 1);
+    layout->addWidget(lblowed);
+    layout->addWidget(cmdpay);
+    layout->addWidget(txtwinnername);
+    layout->addLayout(amount);
+    return group;
+}
+
+QWidget *frmpaywinnersb::buildTotals()
+{
+    auto *group = new QGroupBox(u"Race totals"_s, this);
+    const struct
+    {
+        QLineEdit *frmpaywinnersb::*field;
+        QString name;
+        QString caption;
+        QString toolTip;
+    } rows[] = {
+        {&frmpaywinnersb::txtbet, u"txtbet"_s, u"$BET"_s, u"Total amount bet on this event"_s},
+        {&frmpaywinnersb::txtpaid, u"txtpaid"_s, u"$PAID"_s,
+         u"Total amount paid to winners so far"_s},
+        {&frmpaywinnersb::txtrounded, u"txtrounded"_s, u"$PAID ROUNDED"_s,
+         u"Total rounded amount paid to winners so far"_s},
+    };
+    auto *grid = new QGridLayout(group);
+    for (int i = 0; i < 3; ++i) {
+        QLineEdit *field = makeAmount(group, rows[i].name, rows[i].toolTip);
+        this->*rows[i].field = field;
+        field->setAccessibleName(rows[i].toolTip);
+        enlarge(field, 1.1);
+        fitCharacters(field, 11);
+        grid->addWidget(
+            makeLabel(group, memberName(u"lblsum"_s, i + 1), rows[i].caption, rows[i].toolTip), i,
+            0);
+        grid->addWidget(field, i, 1);
+    }
+    return group;
+}
+
+QLayout *frmpaywinnersb::buildGuidance()
+{
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(makeLabel(
+        this, u"lblprint"_s,
+        u"You can request printing of amounts bet and paid for all winning bettors when clicking Pay Winner. Printing will occur after clicking return to Main Menu."_s,
+        {}, true));
+    const QString texts[] = {
+        u"Click on a WINNING BETTOR from the WINNING BETTOR list"_s,
+        u"Click on PAY WINNER to payoff the selected bettor"_s,
+        u"Continue until all winning bettors are paid"_s,
+        u"$BET should = $PAID, plus or minus a few cents because of rounding, when all bettors have been paid. When using track payoff, bets made versus bets paid will usually not be equal."_s,
+    };
+    int i = 0;
+    for (const QString &text : texts) {
+        QLabel *label = makeLabel(this, memberName(u"lblguide"_s, ++i), text, {}, true);
+        QSizePolicy keepsPlace = label->sizePolicy();
+        keepsPlace.setRetainSizeWhenHidden(true);
+        label->setSizePolicy(keepsPlace);
+        lblguide.append(label);
+        layout->addWidget(label);
+    }
+    layout->addStretch();
+    return layout;
+}
+
+void frmpaywinnersb::connectControls()
+{
+    connect(optrace, &QButtonGroup::idClicked, this, &frmpaywinnersb::selectRace);
+    connect(lsthorses, &QListWidget::itemSelectionChanged, this, [this] {
+        const QListWidgetItem *item = selectedItem(lsthorses);
+        txthorse->setText(item ? item->text() : u"Select a Horse"_s);
+    });
+    connect(txthousepct, &QLineEdit::returnPressed, this, [this] {
+        showMessage(this, u"House percentage is "_s + txthousepct->text() + u" %"_s, u"Payoff"_s);
+    });
+    connect(cmdpayoff, &QPushButton::clicked, this, [this] { calculate(false); });
+    connect(cmd532, &QPushButton::clicked, this, [this] {
+        if (askYesNo(
+                this,
+                u"Use 532 Payoff for a 50,30,20 percent split of the win pool only - Use Calculate Payoff for a standard split"_s,
+                u"532 Payoff"_s))
+            calculate(true);
+    });
+    connect(cmdtrack, &QPushButton::clicked, this, &frmpaywinnersb::useTrackPayoffs);
+    connect(cmdusing, &QPushButton::clicked, this, [this] {
+        lblnote->setText(
+            u"The track's payoffs are used. Select the race again to end their use."_s);
+    });
+    connect(cmdpay, &QPushButton::clicked, this, &frmpaywinnersb::payWinner);
+    connect(cmdreturn, &QPushButton::clicked, this, &frmpaywinnersb::leave);
+}
+
+std::array<QLineEdit *, ticketCount> frmpaywinnersb::payoffFields() const
+{
+    return {txtwinwin, txtwinplace, txtwinshow, txtplaceplace, txtplaceshow, txtshowshow};
+}
+
+std::array<QLineEdit *, finishCount> frmpaywinnersb::finishFields() const
+{
+    return {txtwinhorse, txtplacehorse, txtshowhorse};
+}
+
+std::array<QLineEdit *, finishCount + 1> frmpaywinnersb::totalFields() const
+{
+    return {txtwintotal, txtplacetotal, txtshowtotal, txttotaltotal};
+}
+
+void frmpaywinnersb::showPayoffField(Ticket ticket, const QString &text)
+{
+    m_shown[std::size_t(ticket)] = text;
+    payoffFields()[std::size_t(ticket)]->setText(text);
+}
+
+void frmpaywinnersb::setTotalCaptions(const QString &heading,
+                                      const std::array<QString, 4> &captions)
+{
+    lbltotals->setText(heading);
+    const auto fields = totalFields();
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        lbltotal[i]->setText(captions[i]);
+        fields[i]->setAccessibleName(captions[i]);
+    }
+}
+
+// A race chosen anew starts without finishers, flags, payoffs and lists; slips of bettors paid in
+// another race stay for the printer.
+void frmpaywinnersb::selectRace(int race)
+{
+    Session &session = m_context.session;
+    if (race == session.settings.currentRace) {
+        if (!mayStartOver())
+            return;
+    } else {
+        noteUnpaid();
+        m_slips += m_raceSlips;
+        session.settings.currentRace = race;
+    }
+    showRace();
+}
+
+void frmpaywinnersb::showRace()
+{
+    Session &session = m_context.session;
+    m_track.reset();
+    clearCalculation();
+    txtbanner->setText(session.settings.bannerAndRace());
+    if (QAbstractButton *option = optrace->button(session.settings.currentRace))
+        option->setChecked(true);
+    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow})
+        showPayoffField(ticket, {});
+    for (const Finish finish : allFinishes)
+        setFinisher(finish, 0);
+    txtfactor->setText(roundingText(session.settings.roundingIndex));
+    lsthorses->clear();
+    txthorse->setText(u"Select a Horse"_s);
+    lblnote->clear();
+
+    session.horses = {};
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+        const int damaged = loadHorses(session, u"Horses input"_s);
+        if (damaged > 0)
+            lblnote->setText(u"Damaged lines in Horses: "_s + QString::number(damaged));
+    });
+    for (const Horse &horse : session.horses) {
+        if (isUnused(horse))
+            continue;
+        auto *item = new QListWidgetItem(horseText(horse), lsthorses);
+        item->setData(Qt::UserRole, horse.post);
+    }
+}
+
+void frmpaywinnersb::clearCalculation()
+{
+    m_context.session.payoffs = {};
+    m_winners.clear();
+    m_raceSlips.clear();
+    m_owed = m_owedRounded = m_paid = m_paidRounded = 0;
+    m_paidCount = 0;
+    lstwinners->clear();
+    for (QLineEdit *field : totalFields())
+        field->clear();
+    for (QLineEdit *field : {txthousetot, txtbet, txtpaid, txtrounded, txtwinnername, txttotalr})
+        field->clear();
+    lblowed->clear();
+    lblpays->setText(u"$2 BET PAYS"_s);
+    setTotalCaptions(u"POOLS"_s, {u"Win"_s, u"Place"_s, u"Show"_s, u"Total"_s});
+    for (QLabel *label : std::as_const(lblguide))
+        label->hide();
+    cmdusing->setVisible(m_track.has_value());
+}
+
+void frmpaywinnersb::enterFinisher(Finish finish)
+{
+    const QListWidgetItem *item = selectedItem(lsthorses);
+    if (!item)
+        return showMessage(this, u"Must select horse"_s, u"Payoff"_s);
+    setFinisher(finish, item->data(Qt::UserRole).toInt());
+    if (m_context.session.payoffs.isCalculated())
+        lblnote->setText(u"The winners listed are those of the finish calculated before."_s);
+}
+
+void frmpaywinnersb::setFinisher(Finish finish, int post)
+{
+    const auto index = std::size_t(finish);
+    finishFields()[index]->setText(post == 0 ? QString() : QString::number(post));
+    lblfinish[index]->setText(post == 0 ? QString()
+                                        : horseText(m_context.session.horses.post(post)));
+}
+
+int frmpaywinnersb::finisher(Finish finish) const
+{
+    return int(numericValue(finishFields()[std::size_t(finish)]->text()));
+}
+
+// A missing place or show horse becomes a post without a horse, so that a race with fewer than
+// three finishers can be paid.
+bool frmpaywinnersb::completeFinishers()
+{
+    const int winner = finisher(Finish::Win);
+    if (winner < 1 || winner > postCount) {
+        showMessage(this, u"Missing Win horse"_s);
+        return false;
+    }
+    for (const Finish finish : {Finish::Place, Finish::Show}) {
+        if (finisher(finish) >= 1)
+            continue;
+        const int unused = firstUnusedPost(m_context.session.horses);
+        if (unused == 0) {
+            showMessage(this, u"Missing win,place, or show horse"_s);
+            return false;
+        }
+        setFinisher(finish, unused);
+    }
+    return true;
+}
+
+// What was paid counts for nothing after a new start, so it is never lost without a question.
+bool frmpaywinnersb::mayStartOver()
+{
+    return m_paidCount == 0 || askYesNo(this, u"Start over?"_s);
+}
+
+void frmpaywinnersb::calculate(bool is532)
+{
+    if (!completeFinishers() || !mayStartOver())
+        return;
+    Session &session = m_context.session;
+    RaceResult result;
+    for (const Finish finish : allFinishes)
+        result.finishers[std::size_t(finish)] = finisher(finish);
+    result.housePercent = numericValue(txthousepct->text());
+    result.is532 = is532;
+    result.trackPayoffs = m_track;
+    Settlement settlement;
+    if (!trapErrors(this, session, ErrorStyle::DescriptionOnly,
+                    [&] { settlement = settleCurrentRace(session, result); }))
+        return;
+    const RacePayoffs payoffs = session.payoffs;
+    clearCalculation();
+    session.payoffs = payoffs;
+    lblnote->clear();
+    if (settlement.badRecords > 0)
+        showMessage(this, u"Bad bet file record. A bet may have been lost."_s);
+    showSettlement(settlement);
+    if (!settlement.hasWinners)
+        return showMessage(this,
+                           u"No winners - Do 'CLEAR BETS' from main menu to calculate refunds"_s,
+                           u"Payoff"_s);
+    listWinners(settlement);
+}
+
+void frmpaywinnersb::showSettlement(const Settlement &settlement)
+{
+    const float totals[] = {settlement.winPool, settlement.placePool, settlement.showPool,
+                            settlement.allPools};
+    const auto fields = totalFields();
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        fields[i]->setText(formatMoney(totals[i], poolFormat));
+    txthousetot->setText(formatMoney(settlement.houseCut, poolFormat));
+    txtbet->setText(formatMoney(settlement.pools.amount(totalsRow, totalColumn), "Currency"));
+    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow}) {
+        showPayoffField(ticket, settlement.hasWinners
+                                    ? formatMoney(2 * settlement.payoffs[ticket], "Currency")
+                                    : QString());
+    }
+    if (m_context.session.payoffs.is532)
+        lblpays->setText(u"$2 BET PAYS - 532 PAYOFF"_s);
+}
+
+void frmpaywinnersb::listWinners(const Settlement &settlement)
+{
+    const Session &session = m_context.session;
+    m_winners = settlement.winners;
+    for (std::size_t i = 0; i < m_winners.size(); ++i) {
+        const WinningBettor &winner = m_winners[i];
+        QString name = session.bettors.nameOf(winner.number);
+        if (name.isNull())
+            name = QString::number(winner.number) + u" Bad Bettor Number"_s;
+        auto *item = new QListWidgetItem(name, lstwinners);
+        item->setData(Qt::UserRole, qulonglong(i));
+        m_owed += winner.owed;
+        m_owedRounded += float(rounding(double(winner.owed), session.settings.roundingIndex));
+    }
+    showPaidTotals();
+    for (QLabel *label : std::as_const(lblguide))
+        label->show();
+    const auto &finishers = session.payoffs.finishers;
+    if (finishers[0] == finishers[1] || finishers[0] == finishers[2]
+        || (finishers[1] == finishers[2] && !isUnused(session.horses.post(finishers[1]))))
+        lblnote->setText(u"The same horse was entered for two places."_s);
+    lstwinners->setFocus();
+}
+
+void frmpaywinnersb::useTrackPayoffs()
+{
+    if (!askOkCancel(this, u"Use track payoffs?"_s, u"Track Payoff"_s))
+        return;
+    TicketAmounts track;
+    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow}) {
+        const auto payoff = trackPayoff(ticket);
+        if (!payoff)
+            return showMessage(
+                this,
+                u"Missing entry or non-numeric entry - enter an amount in all payoff fields using only numbers and decimal points"_s);
+        track[ticket] = *payoff;
+    }
+    if (!mayStartOver())
+        return;
+    m_track = track;
+    clearCalculation();
+    lblnote->setText(u"Click on CALCULATE  PAYOFF to list the winners at the track's payoffs."_s);
+}
+
+// The payoff per $1 that a field gives for the track's. What the program put there itself is a
+// payoff after the house percentage, or a bettor's amount; for those the payoff as it was before
+// the house percentage counts, so that it is not taken twice.
+std::optional<float> frmpaywinnersb::trackPayoff(Ticket ticket) const
+{
+    const QLineEdit *field = payoffFields()[std::size_t(ticket)];
+    const RacePayoffs &payoffs = m_context.session.payoffs;
+    if (payoffs.isCalculated() && !field->isModified()
+        && field->text() == m_shown[std::size_t(ticket)] && !field->text().isEmpty())
+        return payoffs.beforeHouse[ticket];
+    if (!isNumeric(field->text()))
+        return std::nullopt;
+    const auto value = float(numericAmount(field->text()));
+    return std::isfinite(value) ? std::optional(value / 2) : std::nullopt;
+}
+
+void frmpaywinnersb::payWinner()
+{
+    QListWidgetItem *item = selectedItem(lstwinners);
+    if (!item)
+        return;
+    Session &session = m_context.session;
+    const QString name = item->text();
+    if (name == anyBettorName() && m_context.navigator.has(u"frmanyb"_s))
+        m_context.navigator.openBeside(u"frmanyb"_s);
+    const WinningBettor &winner = m_winners[item->data(Qt::UserRole).toULongLong()];
+    if (session.bettors.nameOf(winner.number).isNull())
+        return showMessage(this, u"Bettor name not found"_s, u"Pay winners"_s);
+
+    const Payment payment =
+        paymentFor(winner.stakes, session.payoffs.perDollar, session.settings.roundingIndex);
+    m_paid += float(payment.total);
+    m_paidRounded += float(payment.rounded);
+    ++m_paidCount;
+    showPayment(name, payment);
+    if (!m_printPayoffs)
+        m_printPayoffs = askYesNo(this, u"Print Payoffs?"_s);
+    if (*m_printPayoffs)
+        keepSlip(name, payment);
+    delete item;
+    // The next payment needs a selection of its own: a second press pays nobody by accident.
+    lstwinners->setCurrentRow(-1);
+    showPaidTotals();
+}
+
+void frmpaywinnersb::showPayment(const QString &name, const Payment &payment)
+{
+    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow})
+        showPayoffField(ticket, formatMoney(payment.amount(ticket), "Currency"));
+    const double totals[] = {payment.horseTotals[0], payment.horseTotals[1], payment.horseTotals[2],
+                             payment.total};
+    const auto fields = totalFields();
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        fields[i]->setText(formatMoney(totals[i], "Currency"));
+    lblpays->setText(u"AMOUNTS FOR "_s + name);
+    setTotalCaptions(u"AMOUNT BY HORSE"_s,
+                     {u"Win horse"_s, u"Place horse"_s, u"Show horse"_s, u"Total"_s});
+    txtfactor->setText(roundingText(m_context.session.settings.roundingIndex));
+    txttotalr->setText(formatMoney(payment.rounded, "Currency"));
+    txtwinnername->setText(name);
+    showPaidTotals();
+}
+
+void frmpaywinnersb::keepSlip(const QString &name, const Payment &payment)
+{
+    const Session &session = m_context.session;
+    std::array<QString, finishCount> numbers;
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        numbers[i] = session.horses.post(session.payoffs.finishers[i]).number;
+    m_raceSlips += winnerSlipLines(name, session.settings.bannerAndRace(), numbers, payment);
+}
+
+void frmpaywinnersb::showPaidTotals()
+{
+    txtpaid->setText(formatMoney(m_paid, "Currency"));
+    txtrounded->setText(formatMoney(m_paidRounded, "Currency"));
+    lblowed->setText(
+        u"%1 of %2 to pay\nOwed to all: %3, rounded %4"_s.arg(lstwinners->count())
+            .arg(m_winners.size())
+            .arg(formatMoney(m_owed, "Currency"), formatMoney(m_owedRounded, "Currency")));
+}
+
+void frmpaywinnersb::noteUnpaid()
+{
+    const RacePayoffs &payoffs = m_context.session.payoffs;
+    if (!payoffs.isCalculated())
+        return;
+    m_unpaid.remove(payoffs.race);
+    const int count = lstwinners->count();
+    if (count == 0)
+        return;
+    constexpr int named = 3;
+    QStringList names;
+    for (int row = 0; row < std::min(count, named); ++row)
+        names.append(lstwinners->item(row)->text());
+    QString note = u"Not paid in"_s + raceName(payoffs.race) + u": "_s + names.join(u", "_s);
+    if (count > named)
+        note += u" and %1 more"_s.arg(count - named);
+    m_unpaid.insert(payoffs.race, note);
+}
+
+bool frmpaywinnersb::printSlips()
+{
+    const Slip slip = winnerSlips(m_slips + m_raceSlips);
+    if (slip.lines.isEmpty())
+        return true;
+    Session &session = m_context.session;
+    session.settings.operationLabel = u"Pay winners"_s;
+    const bool printed = trapErrors(this, session, ErrorStyle::DescriptionOnly,
+                                    [&] { m_context.printer.print(slip); });
+    if (!printed)
+        showListing(m_context, slipText(slip));
+    return printed;
+}
+
+void frmpaywinnersb::leave()
+{
+    noteUnpaid();
+    QStringList notes = m_unpaid.values();
+    if (!printSlips())
+        notes.append(u"The payoff slips are in the list window."_s);
+    m_context.session.payoffs = {};
+    m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s));
+}
