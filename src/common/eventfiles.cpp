@@ -56,6 +56,15 @@ QString moveFullTwinToSaved(Session &session, const QString &twin)
     return QFileInfo(twin).fileName() + " was moved to Saved as "_L1 + copy;
 }
 
+// An empty file that was not there loses nothing to a power failure: it needs no flush.
+void writeNewFile(const QString &path, const QByteArray &records)
+{
+    if (records.isEmpty() && !QFileInfo::exists(path))
+        createRecordFile(path);
+    else
+        replaceRecordFile(path, records);
+}
+
 // Creates a missing record file and its twin with the records that a new one holds.
 QString createIfMissing(Session &session, RecordFile file, int race, const QByteArray &records,
                         const QString &labelBase)
@@ -68,9 +77,9 @@ QString createIfMissing(Session &session, RecordFile file, int race, const QByte
     label = labelBase + "backup output-Setup"_L1;
     QString note = moveFullTwinToSaved(session, twin);
     label = labelBase + " output-Setup"_L1;
-    replaceRecordFile(mainFile(session, file, race), records);
+    writeNewFile(mainFile(session, file, race), records);
     label = labelBase + "backup output-Setup"_L1;
-    replaceRecordFile(twin, records);
+    writeNewFile(twin, records);
     return note;
 }
 

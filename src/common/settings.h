@@ -62,8 +62,5 @@ QString raceName(int race);
 // "0.01", "0.10", "0.25", "0.50" or "1.00" for the rounding index 1 to 5.
 QString roundingText(int roundingIndex);
 
-// What bet sheets carry at their foot until the organiser changes it: five lines.
-QString defaultBetSheetMessage();
-
 // The report font size in points; an index outside 1 to 7 gives 8.
 int fontPoints(int fontIndex);

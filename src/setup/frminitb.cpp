@@ -219,7 +219,7 @@ void frminitb::connectControls()
 {
     connect(m_races.group, &QButtonGroup::idClicked, this, &frminitb::changeRaceTo);
     connect(txtbanner1, &QLineEdit::returnPressed, this, &frminitb::takeBanner);
-    connect(txtbanner1, &QLineEdit::textEdited, this, &frminitb::noteUnsavedBanner);
+    connect(txtbanner1, &QLineEdit::textEdited, this, &frminitb::showNote);
     connect(cmdprint, &QPushButton::clicked, this, &frminitb::switchReceipts);
     connect(cmdrecptfont, &QPushButton::clicked, this, &frminitb::askReceiptFont);
     connect(cmdround, &QPushButton::clicked, this, [this] {
@@ -251,6 +251,7 @@ void frminitb::showSettings()
     setCaption(cmdprint, receiptsCaption(settings));
     setCaption(cmdround, roundingCaption(settings));
     m_races.group->button(settings.currentRace)->setChecked(true);
+    showNote();
 }
 
 void frminitb::startRun()
@@ -276,7 +277,7 @@ void frminitb::startRun()
                  u"Printer Attached?"_s);
     settings.setReceiptPrinting(printer);
     settings.printerAttached = printer;
-    trap([&] { lblnote->setText(resetEventDirectory(session, !whole)); });
+    trap([&] { m_note = resetEventDirectory(session, !whole); });
     showSettings();
 }
 
@@ -317,16 +318,14 @@ void frminitb::takeBanner()
 {
     if (!trap([&] { changeBanner(m_context.session, txtbanner1->text()); }))
         return;
-    lblnote->clear();
     showSettings();
     showMessage(this, u"Banner information changed"_s, u"Setup"_s);
 }
 
-void frminitb::noteUnsavedBanner()
+void frminitb::showNote()
 {
-    const bool changed = txtbanner1->text() != m_context.session.settings.banner;
-    lblnote->setText(changed ? u"Press Enter in the banner text to change the banner."_s
-                             : QString());
+    const bool unsaved = txtbanner1->text() != m_context.session.settings.banner;
+    lblnote->setText(unsaved ? u"Press Enter in the banner text to change the banner."_s : m_note);
 }
 
 void frminitb::switchReceipts()
@@ -381,7 +380,8 @@ void frminitb::clearFiles(int (*clear)(Session &), const QString &done, const QS
     int kept = 0;
     if (!trap([&] { kept = clear(m_context.session); }))
         return;
-    lblnote->setText("Copies of the old files in the folder Saved: "_L1 + QString::number(kept));
+    m_note = "Copies of the old files in the folder Saved: "_L1 + QString::number(kept);
+    showNote();
     showMessage(this, done, title);
 }
 

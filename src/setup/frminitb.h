@@ -35,7 +35,7 @@ private:
 
     void changeRaceTo(int race);
     void takeBanner();
-    void noteUnsavedBanner();
+    void showNote();
     void switchReceipts();
     void askReceiptFont();
     void clearBetFiles();
@@ -49,6 +49,7 @@ private:
     bool trap(Work work);
 
     ScreenContext m_context;
+    QString m_note; // shown while the banner's text is the banner
     RaceOptions m_races;
     QLabel *lbltitle;
     QLineEdit *txtbanner;

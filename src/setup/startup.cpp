@@ -36,8 +36,6 @@ void completeSettings(Settings &settings)
         settings.currentRace = 1;
     if (settings.fontIndex < 1)
         settings.fontIndex = unsetFontIndex;
-    if (settings.betSheetMessage.isNull())
-        settings.betSheetMessage = defaultBetSheetMessage();
 }
 
 bool readOrCreateInit(Session &session)
@@ -60,7 +58,6 @@ void sizeTables(Session &session)
 {
     session.bettors = BettorTable(session.settings.bettorLimit);
     session.bets = BetTable();
-    session.bets.rows.reserve(std::size_t(session.settings.betLimit));
     session.pools = PoolTable();
 }
 

@@ -11,8 +11,7 @@ bool isInitDriveAnswer(const QString &answer);
 // True when the display has fewer pixels in width than the screens are designed for.
 bool isDisplayTooNarrow(int physicalWidth);
 
-// Gives unset settings their start values: race 1, rounding 0.01, font index 8 and the message of
-// the bet sheets.
+// Gives unset settings their start values: race 1, rounding 0.01 and font index 8.
 void completeSettings(Settings &settings);
 
 // Reads Init, or writes a first one when there is none. Returns false when Init was damaged. Every
@@ -20,7 +19,8 @@ void completeSettings(Settings &settings);
 // written.
 bool readOrCreateInit(Session &session);
 
-// Empties the shared tables and makes room for what the limits allow.
+// Empties the shared tables. That of the bettors gets a slot for each that the limit allows; those
+// of the bets grow with their files.
 void sizeTables(Session &session);
 
 // Sets the event directory of a start and rewrites Init; of a damaged Init a copy goes to Saved

@@ -62,9 +62,12 @@ void Navigator::reopen(const QString &note)
 QWidget *Navigator::openBeside(const QString &name)
 {
     QWidget *screen = make(entry(name));
+    QWidget *focused = screen->focusWidget();
     screen->setParent(m_window, Qt::Window);
     screen->setAttribute(Qt::WA_DeleteOnClose);
     screen->setWindowTitle(entry(name).title);
+    if (focused)
+        focused->setFocus();
     screen->show();
     return screen;
 }

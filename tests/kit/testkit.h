@@ -33,6 +33,9 @@ public:
     // An input box; a null \a typed cancels it.
     void expectInput(const QString &text, const QString &title, const QString &typed);
 
+    // An input box whose text is accepted as it stands there.
+    void expectInputKept(const QString &text, const QString &title);
+
     // True when all expected boxes came and no other; call it through QVERIFY at each step's end.
     bool allCame();
 
@@ -47,6 +50,7 @@ private:
         Answer answer;
         bool input;
         QString typed;
+        bool kept = false;
     };
     void answer(QWidget *dialog);
 
