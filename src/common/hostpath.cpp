@@ -70,7 +70,7 @@ QString HostPaths::toHost(const QString &path) const
     if (hasNativeDrives())
         return QDir::fromNativeSeparators(path);
     if (path.startsWith("\\\\"_L1)) {
-        const QStringList names = path.mid(2).split(u'\\', Qt::SkipEmptyParts);
+        const QStringList names = path.mid(2).replace(u'/', u'\\').split(u'\\', Qt::SkipEmptyParts);
         if (names.size() < 2 || names.contains(u".."_s))
             throw FileError(ErrorNumber::BadFileName);
         QString root = mountedShare(names[0], names[1]);

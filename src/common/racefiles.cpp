@@ -33,11 +33,6 @@ int loadHorses(Session &session, const QString &label)
 
 void saveHorses(Session &session)
 {
-    // Writing the 21 posts ends a damaged line, so its file is kept.
-    const QString path = raceFile(session, RecordFile::Horses);
-    session.settings.operationLabel = u"Horses output"_s;
-    if (QFileInfo::exists(path) && parseHorses(readRecordFile(path)).damagedLines > 0)
-        keepInSaved(session, path);
     rewriteTwins(session, RecordFile::Horses, session.settings.currentRace,
                  horseRecords(session.horses), u"Horses output"_s, u"Horsesbackup output"_s);
 }

@@ -11,7 +11,7 @@
 int loadHorses(Session &session, const QString &label);
 
 // Rewrites the current race's Horses and Horsesbackup from the session's horses (labels "Horses
-// output", "Horsesbackup output"). Horses with damaged lines are copied to Saved first.
+// output", "Horsesbackup output").
 void saveHorses(Session &session);
 
 // Reads Bettors into the session.

@@ -35,6 +35,7 @@ void tst_hostpath::toHost_data()
         u"/network/DESK-PC/Tshare/Bets Race1"_s);
     row("share's root", u"\\\\DESK-PC\\Tshare\\"_s, u"/network/DESK-PC/Tshare"_s);
     row("above the share", u"\\\\DESK-PC\\Tshare\\..\\.."_s, {}, 52);
+    row("above the share, other slashes", u"\\\\DESK-PC\\Tshare/../x"_s, {}, 52);
     row("computer without a share", u"\\\\DESK-PC\\"_s, {}, 52);
     row("no such drive", u"W:\\x"_s, {}, 68);
     row("neither drive nor computer", u"Trelawn\\Bets"_s, {}, 52);

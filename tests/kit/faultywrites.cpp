@@ -107,14 +107,16 @@ ssize_t pwrite64(int handle, const void *bytes, size_t size, off64_t offset)
     return pwrite(handle, bytes, size, offset);
 }
 
+// Flushes are counted but never reach the disk: no test outlives a power cut, and waiting for the
+// disk hundreds of times would be most of a test's time.
 int fsync(int handle)
 {
-    return unlessFaulty(armed && isOnDisk(handle), [=] { return syscall(SYS_fsync, handle); });
+    return unlessFaulty(armed && isOnDisk(handle), [] { return 0; });
 }
 
 int fdatasync(int handle)
 {
-    return unlessFaulty(armed && isOnDisk(handle), [=] { return syscall(SYS_fdatasync, handle); });
+    return fsync(handle);
 }
 
 int renameat2(int fromFolder, const char *from, int toFolder, const char *to,
@@ -136,6 +138,8 @@ int linkat(int fromFolder, const char *from, int toFolder, const char *to, int f
 }
 
 } // extern "C"
+
+void skipRealFlushes() {}
 
 FaultyWrites::FaultyWrites(int nth, Fault fault)
 {

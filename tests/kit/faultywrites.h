@@ -37,6 +37,10 @@ struct FaultyRound
     bool died = false;                // the process ended in mid-operation (Fault::Exit)
 };
 
+// Lets flushes return at once in this test program. Being called is all it takes: with it the file
+// that stands in front of the system's functions is linked in.
+void skipRealFlushes();
+
 // Runs \a prepare, \a operation and \a check with the first call failing, then the second, and so
 // on, until the operation needs no more calls. With Fault::Exit each operation runs in a forked
 // process. Returns the number of calls that could fail; 0 means that nothing was

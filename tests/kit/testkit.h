@@ -59,7 +59,8 @@ private:
 };
 
 // A session whose drives lie in a temporary folder, with Init drive C: and the event directory
-// C:\Trelawn\ (made, and filled with new record files unless told otherwise), race 1.
+// C:\Trelawn\ (made, and filled with new record files unless told otherwise), race 1. From its
+// making to the end of the test function any Qt warning fails the test.
 class TestEvent
 {
 public:
@@ -111,7 +112,10 @@ QString caption(QWidget *screen, const QString &name);
 // Every focusable control in tab order, by object name, starting from the focused one.
 QStringList tabOrder(QWidget *screen);
 
-// The main of a test program: offscreen, C locale, the program's look, any Qt warning fails.
+// Lets any Qt warning fail the test function that calls this.
+void failOnQtWarnings();
+
+// The main of a test program: offscreen, C locale, the program's look.
 #define TRELAWN_TEST_MAIN(TestClass)                                                               \
     int main(int argc, char *argv[])                                                               \
     {                                                                                              \
