@@ -18,6 +18,6 @@ struct Session
     HorseTable horses;
     BetTable bets;
     PoolTable pools;
+    RacePayoffs payoffs;          // while the pay-winners screen is open
     int multibetHousePercent = 0; // of every multibet pool, for this run
-    RacePayoffs payoffs; // while the pay-winners screen is open
 };

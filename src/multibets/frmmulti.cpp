@@ -50,10 +50,7 @@ QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &access
     QLineEdit *field = makeDisplay(parent, name, toolTip);
     field->setAccessibleName(accessibleName);
     field->setAlignment(Qt::AlignRight);
-    QFont font = field->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    field->setFont(font);
+    enlarge(field, 1.2);
     return field;
 }
 
@@ -109,19 +106,16 @@ QWidget *frmmulti::buildTypeAndAmount()
         types.append({type.code, type.button, type.caption, type.toolTip});
     m_types = new TypeButtons(types, typeBox);
     auto *typeLayout = new QVBoxLayout(typeBox);
-    typeLayout->setContentsMargins(6, 2, 6, 4);
+    typeLayout->setContentsMargins(6, 6, 6, 4);
     typeLayout->addWidget(m_types);
 
     auto *amountBox = new QGroupBox(u"Bet Amt"_s, row);
     auto *amountLayout = new QHBoxLayout(amountBox);
-    amountLayout->setContentsMargins(6, 2, 6, 4);
+    amountLayout->setContentsMargins(6, 6, 6, 4);
     txtbetamt = makeCell(amountBox, u"txtbetamt"_s, u"Click to increase this amount by $1"_s);
     txtbetamt->setAccessibleName(u"Bet Amt"_s);
     txtbetamt->setAlignment(Qt::AlignCenter);
-    QFont large = txtbetamt->font();
-    large.setBold(true);
-    large.setPointSizeF(large.pointSizeF() * 1.4);
-    txtbetamt->setFont(large);
+    enlarge(txtbetamt, 1.4);
     fitCharacters(txtbetamt, 8);
     amountLayout->addWidget(txtbetamt);
     for (std::size_t i = 0; i < txtamt.size(); ++i) {
@@ -166,7 +160,7 @@ QWidget *frmmulti::buildGrid()
         chkbox[std::size_t(line)] = boxed;
     }
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(m_grid);
     return box;
 }
@@ -177,12 +171,10 @@ QWidget *frmmulti::buildBettor()
     m_search = new BettorSearch(BettorSearch::Typing::NarrowsList, u"Reset Bettor list"_s,
                                 u"Reset bettor list to beginning"_s, box);
     lblbettor = makeHeading(box, u"lblbettor"_s, {});
-    QFont font = lblbettor->font();
-    font.setPointSizeF(font.pointSizeF() * 1.3);
-    lblbettor->setFont(font);
+    enlarge(lblbettor, 1.3);
     lblbettor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(lblbettor);
     layout->addWidget(m_search, 1);
     return box;
@@ -194,7 +186,7 @@ QWidget *frmmulti::buildHorses()
     lsthorses = makeList(box, u"lsthorses"_s, u"Horses of the race"_s);
     lsthorses->setSelectionMode(QAbstractItemView::NoSelection);
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(lsthorses);
     return box;
 }
@@ -223,7 +215,7 @@ QWidget *frmmulti::buildPreview()
     counts->addWidget(txtcount);
     counts->addLayout(labelled(box, u"lblthisbet"_s, u"This Bet"_s, txtthisbet), 1);
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(cmdplacebet);
     layout->addWidget(lstbets, 1);
     layout->addLayout(counts);
@@ -245,7 +237,7 @@ QWidget *frmmulti::buildPriorBets()
                                u"Clear one or more saved prior bets - hold down  shift, ctrl keys "
                                "to select multiple bets to delete"_s);
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(lstpriorbets, 1);
     layout->addLayout(labelled(box, u"lbltotprior"_s, u"Total"_s, txttotprior));
     layout->addWidget(cmdclearprior);

@@ -71,7 +71,7 @@ QWidget *frmpaymulti::buildTypeAndGrid()
     for (int line = 0; line < 3; ++line)
         m_grid->setLine(line, "Line "_L1 + QString::number(line + 1), tips[line], tips[line]);
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(m_types);
     layout->addWidget(m_grid);
     return box;
@@ -80,53 +80,52 @@ QWidget *frmpaymulti::buildTypeAndGrid()
 QWidget *frmpaymulti::buildFigures()
 {
     auto *box = new QGroupBox(u"Pool and Payoff"_s, this);
+    cmdenterwin = makeButton(box, u"cmdenterwin"_s, u"FIND WINNERS"_s,
+                             u"Click to display a list of winning bettors"_s);
+    enlarge(cmdenterwin, 1.3);
     txtpercent = makeCell(box, u"txtpercent"_s,
                           u"Click to increase the house pct by 1% - double click to set to 0"_s);
-    txtpercent->setAccessibleName(u"House Percent"_s);
     txtpool = makeDisplay(box, u"txtpool"_s);
     txthouse = makeDisplay(box, u"txthouse"_s,
                            u"Total $ for the house cut (house percent times total pool"_s);
     txttpay = makeDisplay(box, u"txttpay"_s, u"Total paid minus the house cut"_s);
     txttotal = makeDisplay(box, u"txttotal"_s);
-    txttotal->setFrame(false);
-    txttotal->setAccessibleName(u"Meaning of the payoff"_s);
-    QPalette palette = txttotal->palette();
-    palette.setColor(QPalette::Base, Qt::transparent);
-    txttotal->setPalette(palette);
+    txttotal->setStyleSheet(u"border: none; background: transparent"_s);
     txtpay = makeDisplay(box, u"txtpay"_s);
-    cmdenterwin = makeButton(box, u"cmdenterwin"_s, u"FIND WINNERS"_s,
-                             u"Click to display a list of winning bettors"_s);
-    QLabel *help = makeLabel(box, u"lblhelp"_s,
-                             u">Click on a race\n>Click on a bet type\n>Click on the winning \n"
-                             "Horse Numbers\n>Click Find Winners\n>Click on another bet type"_s);
+    QLabel *lblhelp = makeLabel(box, u"lblhelp"_s,
+                                u">Click on a race\n>Click on a bet type\n>Click on the winning \n"
+                                "Horse Numbers\n>Click Find Winners\n>Click on another bet type"_s);
 
     auto *grid = new QGridLayout(box);
-    grid->addWidget(help, 0, 0, 1, 2);
-    grid->addWidget(cmdenterwin, 0, 2, 1, 1);
+    grid->setContentsMargins(10, 8, 10, 6);
+    grid->setVerticalSpacing(10);
+    grid->addWidget(cmdenterwin, 0, 0, 1, 2);
     const std::pair<QString, QLineEdit *> figures[] = {{u"House Percent"_s, txtpercent},
                                                        {u"Total Pool"_s, txtpool},
                                                        {u"House Cut"_s, txthouse},
-                                                       {u"Total Paid"_s, txttpay},
-                                                       {QString(), txtpay}};
+                                                       {u"Total Paid"_s, txttpay}};
     int row = 1;
     for (const auto &[text, field] : figures) {
-        QFont font = field->font();
-        font.setBold(true);
-        font.setPointSizeF(font.pointSizeF() * (field == txtpay ? 1.6 : 1.2));
-        field->setFont(font);
-        field->setAlignment(Qt::AlignRight);
-        if (text.isEmpty()) {
-            txttotal->setFont(font);
-            grid->addWidget(txttotal, row, 0, 1, 2);
-        } else {
-            field->setAccessibleName(text);
-            grid->addWidget(makeLabel(box, {}, text), row, 0, 1, 2);
-        }
-        grid->addWidget(field, row++, 2);
+        field->setAccessibleName(text);
+        QLabel *label = makeLabel(box, {}, text);
+        label->setBuddy(field);
+        enlarge(label, 1.1);
+        grid->addWidget(label, row, 0);
+        grid->addWidget(field, row++, 1);
+        enlarge(field, 1.3);
     }
+    txtpay->setAccessibleName(u"Payoff or refund"_s);
+    enlarge(txttotal, 1.8);
+    enlarge(txtpay, 1.8);
+    grid->addWidget(txttotal, row, 0);
+    grid->addWidget(txtpay, row++, 1);
+    for (QLineEdit *field :
+         {static_cast<QLineEdit *>(txtpercent), txtpool, txthouse, txttpay, txtpay})
+        field->setAlignment(Qt::AlignRight);
+    grid->setRowStretch(row++, 1);
+    grid->addWidget(lblhelp, row, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(2, 1);
-    grid->setRowStretch(row, 1);
     return box;
 }
 
@@ -137,6 +136,7 @@ QWidget *frmpaymulti::buildWinners()
     lstbets->setObjectName(u"lstbets"_s);
     lstbets->setAccessibleName(u"WINNERS"_s);
     lstbets->setUniformItemSizes(true);
+    enlarge(lstbets, 1.2);
     cmdprint = makeButton(box, u"cmdprint"_s, u"PRINT"_s, u"Print the list of winning bettors"_s);
     cmdreturn = makeButton(box, u"cmdreturn"_s, u"RETURN"_s, u"Return to the multibets screen"_s);
     auto *buttons = new QHBoxLayout;
@@ -144,7 +144,7 @@ QWidget *frmpaymulti::buildWinners()
     buttons->addStretch();
     buttons->addWidget(cmdreturn);
     auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 2, 6, 4);
+    layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(lstbets, 1);
     layout->addLayout(buttons);
     return box;

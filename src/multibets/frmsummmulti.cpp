@@ -37,7 +37,7 @@ void frmsummmulti::build()
     lstsumm->setObjectName(u"lstsumm"_s);
     lstsumm->setAccessibleName(u"Summary of all multibets"_s);
     QFont font(u"Times New Roman"_s);
-    font.setPointSizeF(lstsumm->font().pointSizeF() * 1.6);
+    font.setPointSizeF(lstsumm->font().pointSizeF() * 2);
     lstsumm->setFont(font);
     cmdprint = makeButton(this, u"cmdprint"_s, u"PRINT"_s);
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"RETURN"_s, u"Return to the multibets screen"_s);

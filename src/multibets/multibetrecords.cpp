@@ -5,6 +5,7 @@
 #include "common/format.h"
 #include "common/recordfile.h"
 #include "common/recordlines.h"
+#include "multibets/multibettypes.h"
 
 #include <cmath>
 #include <limits>
@@ -26,6 +27,16 @@ QByteArray recordAmount(double amount)
     return text;
 }
 
+// The code of a known type is shared by all its bets.
+QString typeText(const RecordField &field)
+{
+    for (const MultibetType &type : multibetTypes()) {
+        if (type.code == QLatin1StringView(field.text.data(), qsizetype(field.text.size())))
+            return type.code;
+    }
+    return fieldText(field);
+}
+
 // \a fields is room that the lines of a file share.
 bool parseWith(std::vector<RecordField> &fields, std::string_view line, Multibet &bet)
 {
@@ -41,7 +52,7 @@ bool parseWith(std::vector<RecordField> &fields, std::string_view line, Multibet
     const auto bettor = fieldInteger(fields[5], 0, largestNumber);
     if (!amount || !bettor)
         return false;
-    bet.type = fieldText(fields[3]);
+    bet.type = typeText(fields[3]);
     bet.amount = *amount;
     bet.bettor = *bettor;
     return true;

@@ -38,11 +38,15 @@ QStringList winnerLines(const QList<Multibet> &winning, const BettorTable &betto
                         double payPerDollar)
 {
     const QHash<int, QString> names = namesOf(bettors);
+    QHash<double, QString> payouts; // by stake: a race has few different ones
     QStringList lines;
+    lines.reserve(winning.size());
     for (const Multibet &bet : winning) {
         const auto name = names.constFind(bet.bettor);
-        lines.append(payLine(name == names.cend() ? badBettor(bet.bettor) : *name,
-                             bet.amount * payPerDollar));
+        QString &payout = payouts[bet.amount];
+        if (payout.isEmpty())
+            payout = u' ' + formatMoney(bet.amount * payPerDollar, dollars);
+        lines.append((name == names.cend() ? badBettor(bet.bettor) : *name) + payout);
     }
     return lines;
 }

@@ -20,7 +20,7 @@ constexpr QStringView sheetRows[] = {
     u"|    |EXACTA   |                                                                    |      |",
     u"|    |PICK 3   |(3) 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20 21  [___]    |      |",
 };
-constexpr int blocksAPage = 6;
+constexpr int blocksAPage = 8;
 
 } // namespace
 

@@ -17,7 +17,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSet>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -67,18 +67,19 @@ void frmpaywinnersb::build()
     optrace = races.group;
     lblnote = makeNoteLine(this);
 
+    auto *payoffs = new QVBoxLayout;
     auto *columns = new QHBoxLayout;
     columns->addWidget(buildFinish(), 30);
-    columns->addWidget(buildPayoffs(), 42);
+    payoffs->addWidget(buildPayoffs(), 1);
+    columns->addLayout(payoffs, 42);
     columns->addWidget(buildWinners(), 28);
-    QWidget *totals = buildTotals();
+    payoffs->addWidget(buildTotals());
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to the main menu"_s);
+    enlarge(cmdreturn, 1.1);
     auto *foot = new QHBoxLayout;
     foot->addLayout(buildGuidance(), 1);
-    auto *footRight = new QVBoxLayout;
-    footRight->addWidget(totals);
-    footRight->addWidget(cmdreturn);
-    foot->addLayout(footRight);
+    foot->addSpacing(12);
+    foot->addWidget(cmdreturn, 0, Qt::AlignBottom);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 6);
@@ -100,6 +101,7 @@ QWidget *frmpaywinnersb::buildFinish()
     lsthorses = new QListWidget(group);
     lsthorses->setObjectName(u"lsthorses"_s);
     lsthorses->setAccessibleName(u"Horses of the race"_s);
+    enlarge(lsthorses, 1.1);
     lsthorses->setMinimumHeight(lsthorses->fontMetrics().height() * 6);
 
     auto *grid = new QGridLayout;
@@ -135,6 +137,7 @@ QWidget *frmpaywinnersb::buildFinish()
         fitCharacters(field, 3);
         QLabel *label = makeLabel(group, memberName(u"lblfinish"_s, i + 1), {}, {}, true);
         label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(13, u'n')));
+        enlarge(label, 1);
         lblfinish[std::size_t(i)] = label;
         connect(this->*row.button, &QPushButton::clicked, this,
                 [this, finish = row.finish] { enterFinisher(finish); });
@@ -178,6 +181,7 @@ QWidget *frmpaywinnersb::buildPayoffs()
                           u"Use the $2 payoffs typed into all six payoff fields"_s);
     cmdusing = makeButton(group, u"cmdusing"_s, u"USING TRACK PAYOFFS"_s,
                           u"Select the race again to end the use of the track's payoffs"_s);
+    enlarge(cmdusing, 1);
     QSizePolicy keepsPlace = cmdusing->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
     cmdusing->setSizePolicy(keepsPlace);
@@ -220,7 +224,7 @@ QWidget *frmpaywinnersb::buildPayoffs()
         this->*payoff.field = field;
         field->setAccessibleName(payoff.toolTip);
         field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        enlarge(field, 1.35);
+        enlarge(field, 1.7);
         grid->addWidget(field, payoff.row + 2, payoff.column + 1);
     }
 
@@ -249,18 +253,20 @@ QWidget *frmpaywinnersb::buildPayoffs()
     auto *layout = new QVBoxLayout(group);
     layout->addLayout(house);
     layout->addLayout(buttons);
-    layout->addLayout(grid);
-    layout->addLayout(totalGrid);
     layout->addStretch();
+    layout->addLayout(grid);
+    layout->addStretch();
+    layout->addLayout(totalGrid);
     return group;
 }
 
 QWidget *frmpaywinnersb::buildWinners()
 {
-    auto *group = new QGroupBox(u"Winners"_s, this);
+    auto *group = new QGroupBox(u"Pay"_s, this);
     lstwinners = new QListWidget(group);
     lstwinners->setObjectName(u"lstwinners"_s);
     lstwinners->setAccessibleName(u"WINNING BETTORS"_s);
+    enlarge(lstwinners, 1.1);
     lstwinners->setMinimumHeight(lstwinners->fontMetrics().height() * 6);
     lblowed = makeLabel(group, u"lblowed"_s, {}, {}, true);
     cmdpay = makeButton(group, u"cmdpay"_s, u"PAY WINNER"_s,
@@ -272,7 +278,7 @@ QWidget *frmpaywinnersb::buildWinners()
     txttotalr = makeAmount(group, u"txttotalr"_s,
                            u"Rounded payoff based on rounding factor on setup screen"_s);
     txttotalr->setAccessibleName(u"Rounded payoff"_s);
-    enlarge(txttotalr, 1.8);
+    enlarge(txttotalr, 2);
     txtfactor = makeAmount(group, u"txtfactor"_s, u"Rounding factor of the setup screen"_s);
     txtfactor->setAccessibleName(u"Round factor"_s);
     fitCharacters(txtfactor, 5);
@@ -313,39 +319,46 @@ QWidget *frmpaywinnersb::buildTotals()
         QLineEdit *field = makeAmount(group, rows[i].name, rows[i].toolTip);
         this->*rows[i].field = field;
         field->setAccessibleName(rows[i].toolTip);
-        enlarge(field, 1.1);
-        fitCharacters(field, 11);
-        grid->addWidget(
-            makeLabel(group, memberName(u"lblsum"_s, i + 1), rows[i].caption, rows[i].toolTip), i,
-            0);
-        grid->addWidget(field, i, 1);
+        enlarge(field, 1.3);
+        QLabel *label =
+            makeHeading(group, memberName(u"lblsum"_s, i + 1), rows[i].caption, rows[i].toolTip);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(label, 0, i);
+        grid->addWidget(field, 1, i);
     }
     return group;
 }
 
 QLayout *frmpaywinnersb::buildGuidance()
 {
+    guidance = new QStackedWidget(this);
+    const auto addPage = [this](const QString &name, const QStringList &texts) {
+        auto *page = new QWidget(guidance);
+        auto *lines = new QVBoxLayout(page);
+        lines->setContentsMargins(0, 0, 0, 0);
+        for (int i = 0; i < texts.size(); ++i)
+            lines->addWidget(makeLabel(page, memberName(name, i + 1), texts[i], {}, true));
+        lines->addStretch();
+        guidance->addWidget(page);
+    };
+    addPage(
+        u"lblstep"_s,
+        {u"Click on the horse that won and on ENTER WINNER, then enter the place and show horses."_s,
+         u"Type the house percentage, if there is one."_s,
+         u"Click on CALCULATE  PAYOFF. For the track's payoffs, first type all six of them and click on USE TRACK PAYOFF."_s});
+    addPage(
+        u"lblguide"_s,
+        {u"Click on a WINNING BETTOR from the WINNING BETTOR list"_s,
+         u"Click on PAY WINNER to payoff the selected bettor"_s,
+         u"Continue until all winning bettors are paid"_s,
+         u"$BET should = $PAID, plus or minus a few cents because of rounding, when all bettors have been paid. When using track payoff, bets made versus bets paid will usually not be equal."_s});
+
     auto *layout = new QVBoxLayout;
+    layout->addWidget(guidance);
     layout->addWidget(makeLabel(
         this, u"lblprint"_s,
         u"You can request printing of amounts bet and paid for all winning bettors when clicking Pay Winner. Printing will occur after clicking return to Main Menu."_s,
         {}, true));
-    const QString texts[] = {
-        u"Click on a WINNING BETTOR from the WINNING BETTOR list"_s,
-        u"Click on PAY WINNER to payoff the selected bettor"_s,
-        u"Continue until all winning bettors are paid"_s,
-        u"$BET should = $PAID, plus or minus a few cents because of rounding, when all bettors have been paid. When using track payoff, bets made versus bets paid will usually not be equal."_s,
-    };
-    int i = 0;
-    for (const QString &text : texts) {
-        QLabel *label = makeLabel(this, memberName(u"lblguide"_s, ++i), text, {}, true);
-        QSizePolicy keepsPlace = label->sizePolicy();
-        keepsPlace.setRetainSizeWhenHidden(true);
-        label->setSizePolicy(keepsPlace);
-        lblguide.append(label);
-        layout->addWidget(label);
-    }
-    layout->addStretch();
     return layout;
 }
 
@@ -470,8 +483,7 @@ void frmpaywinnersb::clearCalculation()
     lblowed->clear();
     lblpays->setText(u"$2 BET PAYS"_s);
     setTotalCaptions(u"POOLS"_s, {u"Win"_s, u"Place"_s, u"Show"_s, u"Total"_s});
-    for (QLabel *label : std::as_const(lblguide))
-        label->hide();
+    guidance->setCurrentIndex(0);
     cmdusing->setVisible(m_track.has_value());
 }
 
@@ -588,8 +600,7 @@ void frmpaywinnersb::listWinners(const Settlement &settlement)
         m_owedRounded += float(rounding(double(winner.owed), session.settings.roundingIndex));
     }
     showPaidTotals();
-    for (QLabel *label : std::as_const(lblguide))
-        label->show();
+    guidance->setCurrentIndex(1);
     const auto &finishers = session.payoffs.finishers;
     if (finishers[0] == finishers[1] || finishers[0] == finishers[2]
         || (finishers[1] == finishers[2] && !isUnused(session.horses.post(finishers[1]))))
@@ -612,9 +623,21 @@ void frmpaywinnersb::useTrackPayoffs()
     }
     if (!mayStartOver())
         return;
+    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow}) {
+        if (isUntouched(ticket))
+            showPayoffField(ticket, formatMoney(2 * track[ticket], "Currency"));
+    }
     m_track = track;
     clearCalculation();
     lblnote->setText(u"Click on CALCULATE  PAYOFF to list the winners at the track's payoffs."_s);
+}
+
+// True for a payoff field that still shows what the program put there.
+bool frmpaywinnersb::isUntouched(Ticket ticket) const
+{
+    const QLineEdit *field = payoffFields()[std::size_t(ticket)];
+    return !field->isModified() && !field->text().isEmpty()
+           && field->text() == m_shown[std::size_t(ticket)];
 }
 
 // The payoff per $1 that a field gives for the track's. What the program put there itself is a
@@ -622,14 +645,12 @@ void frmpaywinnersb::useTrackPayoffs()
 // the house percentage counts, so that it is not taken twice.
 std::optional<float> frmpaywinnersb::trackPayoff(Ticket ticket) const
 {
-    const QLineEdit *field = payoffFields()[std::size_t(ticket)];
-    const RacePayoffs &payoffs = m_context.session.payoffs;
-    if (payoffs.isCalculated() && !field->isModified()
-        && field->text() == m_shown[std::size_t(ticket)] && !field->text().isEmpty())
-        return payoffs.beforeHouse[ticket];
-    if (!isNumeric(field->text()))
+    if (isUntouched(ticket))
+        return m_track ? (*m_track)[ticket] : m_context.session.payoffs.beforeHouse[ticket];
+    const QString text = payoffFields()[std::size_t(ticket)]->text();
+    if (!isNumeric(text))
         return std::nullopt;
-    const auto value = float(numericAmount(field->text()));
+    const auto value = float(numericAmount(text));
     return std::isfinite(value) ? std::optional(value / 2) : std::nullopt;
 }
 
@@ -694,7 +715,7 @@ void frmpaywinnersb::showPaidTotals()
     txtpaid->setText(formatMoney(m_paid, "Currency"));
     txtrounded->setText(formatMoney(m_paidRounded, "Currency"));
     lblowed->setText(
-        u"%1 of %2 to pay\nOwed to all: %3, rounded %4"_s.arg(lstwinners->count())
+        u"%1 of %2 to pay\nOwed %3, rounded %4"_s.arg(lstwinners->count())
             .arg(m_winners.size())
             .arg(formatMoney(m_owed, "Currency"), formatMoney(m_owedRounded, "Currency")));
 }

@@ -15,6 +15,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
+class QStackedWidget;
 
 // The pay-winners screen: the finishers and payoffs of a race, its winning bettors, and paying them
 // one by one.
@@ -44,6 +45,7 @@ private:
     bool completeFinishers();
     bool mayStartOver();
     void useTrackPayoffs();
+    bool isUntouched(Ticket ticket) const;
     std::optional<float> trackPayoff(Ticket ticket) const;
     void showSettlement(const Settlement &settlement);
     void listWinners(const Settlement &settlement);
@@ -126,6 +128,6 @@ private:
     QLineEdit *txtpaid;
     QLineEdit *txtrounded;
     QPushButton *cmdreturn;
-    QList<QLabel *> lblguide;
+    QStackedWidget *guidance; // before and after the calculation
     QLabel *lblnote;
 };

@@ -43,8 +43,11 @@ Settlement settleCurrentRace(Session &session, RaceResult result)
     Settlement settlement = settle(bets, result);
     session.bets = std::move(bets);
     session.pools = settlement.pools;
-    session.payoffs = {
-        session.settings.currentRace, result.finishers, settlement.payoffs,
-        settlement.beforeHouse,       result.is532,     result.trackPayoffs.has_value()};
+    session.payoffs = {};
+    if (settlement.hasWinners) {
+        session.payoffs = {
+            session.settings.currentRace, result.finishers, settlement.payoffs,
+            settlement.beforeHouse,       result.is532,     result.trackPayoffs.has_value()};
+    }
     return settlement;
 }

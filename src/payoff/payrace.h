@@ -11,6 +11,6 @@ int firstUnusedPost(const HorseTable &horses);
 
 // Reads Bettors and the current race's Bets (label "Bets input", and "Bet file empty" when there is
 // no such file) and settles the race with the session's horses. \a result gives the finishers, the
-// house percentage and the mode. On success the session holds the bets, pools and payoffs. Throws
-// FileError and then leaves the session's bets, pools and payoffs alone.
+// house percentage and the mode. On success the session holds the bets, the pools and, when anybody
+// won, the payoffs. Throws FileError and then leaves the session's bets, pools and payoffs alone.
 Settlement settleCurrentRace(Session &session, RaceResult result);

@@ -16,6 +16,7 @@ constexpr int posts = 21;
 
 // Yellow, or magenta with a heavy frame and bold figures, so that the state needs no colour.
 constexpr char styles[] = R"(
+QLineEdit { border: none; background: transparent; }
 ClickCell { background: #ffff00; color: #101810; border: 1px solid #9a9a3c; }
 ClickCell:disabled { background: #e6e6cf; color: #80886f; border: 1px solid #c4c4ad; }
 ClickCell[chosen="true"] { background: #ff00ff; font-weight: bold; border: 3px solid #101810; }
@@ -41,6 +42,7 @@ PostGrid::PostGrid(Selection selection, QWidget *parent)
     setStyleSheet(QLatin1StringView(styles));
     for (int line = 0; line < lineCount; ++line) {
         txtgroup[std::size_t(line)] = makeDisplay(this, memberName(u"txtgroup"_s, line));
+        fitCharacters(txtgroup[std::size_t(line)], 12);
         m_layout->addWidget(txtgroup[std::size_t(line)], line, 0);
         for (int post = 1; post <= posts; ++post) {
             const int index = indexOf(line, post);

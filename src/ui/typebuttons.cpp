@@ -27,10 +27,7 @@ TypeButtons::TypeButtons(const QList<Type> &types, QWidget *parent)
     txttype = makeDisplay(this, u"txttype"_s, u"Current bet type selection"_s);
     txttype->setAccessibleName(u"Bet type"_s);
     txttype->setAlignment(Qt::AlignCenter);
-    QFont font = txttype->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.6);
-    txttype->setFont(font);
+    enlarge(txttype, 1.6);
     fitCharacters(txttype, 4);
     layout->addWidget(txttype);
 }
@@ -43,6 +40,11 @@ QString TypeButtons::type() const
 void TypeButtons::setType(const QString &code)
 {
     txttype->setText(code);
-    for (qsizetype i = 0; i < m_buttons.size(); ++i)
-        m_buttons[i]->setChecked(m_types[i].code == code);
+    for (qsizetype i = 0; i < m_buttons.size(); ++i) {
+        const bool current = m_types[i].code == code;
+        m_buttons[i]->setChecked(current);
+        QFont font = this->font();
+        font.setBold(current);
+        m_buttons[i]->setFont(font);
+    }
 }
