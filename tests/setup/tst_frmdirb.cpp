@@ -112,10 +112,12 @@ void tst_frmdirb::secondEventAndBack()
     clickButton(screen, u"cmdreturn"_s);
     QCOMPARE(event.navigator().currentName(), u"frminitb"_s);
     QCOMPARE(event.session.settings.eventDirectory, u"C:\\Trelawn\\Party\\"_s);
-    CreateEventFiles(event.session);
+    clickButton(event.current(), u"cmdok"_s);
+    QCOMPARE(event.navigator().currentName(), u"frmmenub"_s);
     QCOMPARE(event.read(u"Bets Race1"_s), QByteArray());
     QVERIFY(event.exists(u"Multibetsbackup Race12"_s));
 
+    clickButton(event.current(), u"cmdsetup"_s);
     clickButton(event.current(), u"Command1"_s);
     openFolder(event.current(), u"Trelawn"_s);
     QCOMPARE(event.read(u"Bets Race1"_s), QByteArray("1,1,1,5\r\n"));
