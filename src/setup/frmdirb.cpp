@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStyle>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -34,8 +35,9 @@ frmdirb::frmdirb(const ScreenContext &context)
     build();
     connectControls();
     showDrives();
-    showFolders();
     Dir1->setFocus();
+    // A failure is shown once the screen can be seen.
+    QTimer::singleShot(0, this, &frmdirb::showFolders);
 }
 
 void frmdirb::build()
@@ -161,6 +163,7 @@ void frmdirb::showFolders()
         parent = addFolder(isRoot ? folder : lastName(folder), folder, QStyle::SP_DirOpenIcon);
     }
     Dir1->setCurrentItem(parent);
+    m_context.session.settings.operationLabel = u"Directory-Open"_s;
     trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel, [&] {
         for (const QString &name : foldersInside(m_context.session, directory))
             addFolder(name, directory + name + u'\\', QStyle::SP_DirClosedIcon);

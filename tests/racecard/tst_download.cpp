@@ -184,6 +184,8 @@ void tst_download::request()
     QVERIFY(server.asked().contains("Content-Type: application/x-www-form-urlencoded\n"));
     QVERIFY(server.asked().endsWith("\n\nrace=1"));
 
+    // Nobody is there; what HTTP does not serve; a path that is too long.
+    QCOMPARE(FetchUrl(u"http://127.0.0.1:1/postboard"_s, type, {}, 1024, 1), QByteArray());
     for (const QString &scheme : {u"ftp"_s, u"gopher"_s, u"file"_s})
         QCOMPARE(FetchUrl(scheme + server.address().mid(4), type, {}, 1024, 1), QByteArray());
     QCOMPARE(FetchUrl(server.address(u'/' + QString(1025, u'a')), type, {}, 1024, 1), QByteArray());

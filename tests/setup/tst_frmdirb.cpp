@@ -63,6 +63,7 @@ private slots:
     void shows();
     void secondEventAndBack();
     void drive();
+    void ownDriveGone();
     void driveNotReady();
     void names_data();
     void names();
@@ -136,6 +137,20 @@ void tst_frmdirb::drive()
     QCOMPARE(initFile(event), before);
     openFolder(screen, u"D:\\"_s);
     QVERIFY(initFile(event).contains("\"D:\\\",0,"));
+}
+
+// The event's own drive went away: told once, and another can be chosen.
+void tst_frmdirb::ownDriveGone()
+{
+    TestEvent event(false);
+    event.session.settings.eventDirectory = u"G:\\Party\\"_s;
+    BoxRobot robot;
+    robot.expect(u"Device unavailable Directory-Open"_s, u"Directory-Open"_s);
+    QWidget *screen = event.open(u"frmdirb"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"G:\\Party\\"_s);
+    selectInList(screen, u"Drive1"_s, u"D:\\"_s);
+    QCOMPARE(event.session.settings.eventDirectory, u"D:\\"_s);
 }
 
 // A drive that went away while the list was shown.
