@@ -96,7 +96,7 @@ QLayout *frmdirb::newDirectory()
     cmdnew = makeButton(group, u"cmdnew"_s, u"Create New Directory"_s,
                         u"Double click on the parent directory for the new directory and click "
                         "Create New Directory"_s);
-    lblhint = makeHeading(group, u"lblhint"_s, {});
+    lblhint = makeHeading(this, u"lblhint"_s, {});
     lblhint->setWordWrap(true);
     QFont large = lblhint->font();
     large.setPointSizeF(large.pointSizeF() * 1.3);
@@ -106,12 +106,11 @@ QLayout *frmdirb::newDirectory()
     inside->setSpacing(12);
     inside->addWidget(Text3);
     inside->addWidget(cmdnew);
-    inside->addWidget(lblhint);
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return to Setup"_s, u"Return to main menu"_s);
 
     auto *layout = new QVBoxLayout;
     layout->addWidget(group);
-    layout->addStretch();
+    layout->addWidget(lblhint, 1, Qt::AlignTop);
     layout->addWidget(cmdreturn);
     return layout;
 }
