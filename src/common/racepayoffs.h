@@ -7,6 +7,8 @@
 // The winning combinations: the kind of bet comes last.
 enum class Ticket { WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow };
 inline constexpr int ticketCount = 6;
+inline constexpr Ticket allTickets[] = {Ticket::WinWin,     Ticket::WinPlace,  Ticket::WinShow,
+                                        Ticket::PlacePlace, Ticket::PlaceShow, Ticket::ShowShow};
 
 // One amount for each winning combination: stakes in dollars, or payoffs per $1 with the stake
 // included.
@@ -30,6 +32,7 @@ private:
 // The finishing horses, in this order wherever there are three of something.
 enum class Finish { Win, Place, Show };
 inline constexpr int finishCount = 3;
+inline constexpr Finish allFinishes[] = {Finish::Win, Finish::Place, Finish::Show};
 
 // What the pay-winners screen last calculated; all zero while nothing is calculated.
 struct RacePayoffs

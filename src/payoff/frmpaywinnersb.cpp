@@ -3,11 +3,11 @@
 #include "common/format.h"
 #include "common/racefiles.h"
 #include "payoff/payrace.h"
-#include "payoff/rounding.h"
 #include "ui/controls.h"
 #include "ui/listing.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
+#include "ui/ticketgrid.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -29,7 +30,6 @@ using enum Ticket;
 namespace {
 
 constexpr char poolFormat[] = "$#,##0.00";
-constexpr Finish allFinishes[] = {Finish::Win, Finish::Place, Finish::Show};
 
 QString horseText(const Horse &horse)
 {
@@ -42,11 +42,22 @@ QListWidgetItem *selectedItem(const QListWidget *list)
     return selected.isEmpty() ? nullptr : selected.front();
 }
 
-QLineEdit *makeAmount(QWidget *parent, const QString &name, const QString &toolTip)
+QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName)
 {
-    QLineEdit *field = makeDisplay(parent, name, toolTip);
-    field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    return field;
+    auto *list = new QListWidget(parent);
+    list->setObjectName(name);
+    list->setAccessibleName(accessibleName);
+    QFont font = list->font();
+    font.setPointSizeF(font.pointSizeF() * 1.15);
+    list->setFont(font);
+    list->setMinimumHeight(list->fontMetrics().height() * 6);
+    return list;
+}
+
+// A text of the operator's own must not widen the screen.
+void ignoreTextWidth(QLabel *label)
+{
+    label->setSizePolicy(QSizePolicy::Ignored, label->sizePolicy().verticalPolicy());
 }
 
 } // namespace
@@ -54,28 +65,117 @@ QLineEdit *makeAmount(QWidget *parent, const QString &name, const QString &toolT
 frmpaywinnersb::frmpaywinnersb(const ScreenContext &context)
     : m_context(context)
 {
+    makeFields();
+    makeButtons();
     build();
     connectControls();
-    showRace();
     lsthorses->setFocus();
+    QTimer::singleShot(0, this, &frmpaywinnersb::showRace);
+}
+
+void frmpaywinnersb::makeFields()
+{
+    using Self = frmpaywinnersb;
+    enum Kind { Post, Amount, Text };
+    const struct
+    {
+        QLineEdit *frmpaywinnersb::*field;
+        QString name;
+        QString toolTip;
+        Kind kind;
+        double size;
+    } fields[] = {
+        {&Self::txthorse, u"txthorse"_s, u"The horse selected in the list"_s, Text, 1.1},
+        {&Self::txtwinhorse, u"txtwinhorse"_s, u"Post position of the win horse"_s, Post, 1.2},
+        {&Self::txtplacehorse, u"txtplacehorse"_s, u"Post position of the place horse"_s, Post,
+         1.2},
+        {&Self::txtshowhorse, u"txtshowhorse"_s, u"Post position of the show horse"_s, Post, 1.2},
+        {&Self::txthousetot, u"txthousetot"_s, u"House cut in dollars"_s, Amount, 1},
+        {&Self::txtwintotal, u"txtwintotal"_s, {}, Amount, 1.1},
+        {&Self::txtplacetotal, u"txtplacetotal"_s, {}, Amount, 1.1},
+        {&Self::txtshowtotal, u"txtshowtotal"_s, {}, Amount, 1.1},
+        {&Self::txttotaltotal, u"txttotaltotal"_s, {}, Amount, 1.1},
+        {&Self::txtbet, u"txtbet"_s, u"Total amount bet on this event"_s, Amount, 1.3},
+        {&Self::txtpaid, u"txtpaid"_s, u"Total amount paid to winners so far"_s, Amount, 1.3},
+        {&Self::txtrounded, u"txtrounded"_s, u"Total rounded amount paid to winners so far"_s,
+         Amount, 1.3},
+        {&Self::txtfactor, u"txtfactor"_s, u"Rounding factor of the setup screen"_s, Amount, 1},
+        {&Self::txtwinnername, u"txtwinnername"_s, u"The bettor paid last"_s, Text, 1.2},
+        {&Self::txttotalr, u"txttotalr"_s,
+         u"Rounded payoff based on rounding factor on setup screen"_s, Amount, 2},
+    };
+    for (const auto &row : fields) {
+        QLineEdit *field = makeDisplay(this, row.name, row.toolTip);
+        this->*row.field = field;
+        field->setAccessibleName(row.toolTip);
+        if (row.size > 1)
+            enlarge(field, row.size);
+        if (row.kind == Amount)
+            field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        if (row.kind == Post) {
+            field->setAlignment(Qt::AlignCenter);
+            fitCharacters(field, 3);
+        }
+    }
+    txthousepct = makeField(this, u"txthousepct"_s, u"House percentage taken from the payoffs"_s);
+    txthousepct->setAccessibleName(u"House percentage"_s);
+    txthousepct->setMaxLength(8);
+    fitCharacters(txthousepct, 6);
+    fitCharacters(txtfactor, 5);
+    payoffs = new TicketGrid(1.5, this);
+    txtbanner = makeBanner(this, u"txtbanner"_s, {});
+    lsthorses = makeList(this, u"lsthorses"_s, u"Horses of the race"_s);
+    lstwinners = makeList(this, u"lstwinners"_s, u"WINNING BETTORS"_s);
+    lblnote = makeNoteLine(this);
+}
+
+void frmpaywinnersb::makeButtons()
+{
+    using Self = frmpaywinnersb;
+    const struct
+    {
+        QPushButton *frmpaywinnersb::*button;
+        QString name;
+        QString caption;
+        QString toolTip;
+    } buttons[] = {
+        {&Self::cmdwinner, u"cmdwinner"_s, u"ENTER WINNER"_s,
+         u"The selected horse came in first"_s},
+        {&Self::cmdplace, u"cmdplace"_s, u"ENTER PLACE"_s, u"The selected horse came in second"_s},
+        {&Self::cmdshow, u"cmdshow"_s, u"ENTER SHOW"_s, u"The selected horse came in third"_s},
+        {&Self::cmdpayoff, u"cmdpayoff"_s, u"CALCULATE  PAYOFF"_s,
+         u"Calculate the payoffs and list the winning bettors"_s},
+        {&Self::cmd532, u"cmd532"_s, u"CALCULATE 532  PAYOFF"_s,
+         u"Split the win pool alone, 50, 30 and 20 percent"_s},
+        {&Self::cmdtrack, u"cmdtrack"_s, u"USE TRACK PAYOFF"_s,
+         u"Use the $2 payoffs typed into all six payoff fields"_s},
+        {&Self::cmdusing, u"cmdusing"_s, u"USING TRACK PAYOFFS"_s,
+         u"Select the race again to end the use of the track's payoffs"_s},
+        {&Self::cmdpay, u"cmdpay"_s, u"PAY WINNER"_s,
+         u"Calculate payoff amount, remove name from winner list"_s},
+        {&Self::cmdreturn, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to the main menu"_s},
+    };
+    for (const auto &row : buttons)
+        this->*row.button = makeButton(this, row.name, row.caption, row.toolTip);
+    enlarge(cmdusing, 1);
+    enlarge(cmdpay, 1.1);
+    enlarge(cmdreturn, 1.1);
+    QSizePolicy keepsPlace = cmdusing->sizePolicy();
+    keepsPlace.setRetainSizeWhenHidden(true);
+    cmdusing->setSizePolicy(keepsPlace);
 }
 
 void frmpaywinnersb::build()
 {
-    txtbanner = makeBanner(this, u"txtbanner"_s, {});
     const RaceOptions races = makeRaceOptions(this, u"Race whose winners are paid"_s);
     optrace = races.group;
-    lblnote = makeNoteLine(this);
-
-    auto *payoffs = new QVBoxLayout;
+    auto *middle = new QVBoxLayout;
+    middle->addWidget(buildPayoffs(), 1);
+    middle->addWidget(buildTotals());
     auto *columns = new QHBoxLayout;
-    columns->addWidget(buildFinish(), 30);
-    payoffs->addWidget(buildPayoffs(), 1);
-    columns->addLayout(payoffs, 42);
-    columns->addWidget(buildWinners(), 28);
-    payoffs->addWidget(buildTotals());
-    cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to the main menu"_s);
-    enlarge(cmdreturn, 1.1);
+    columns->addWidget(buildFinish(), 28);
+    columns->addLayout(middle, 46);
+    columns->addWidget(buildWinners(), 26);
     auto *foot = new QHBoxLayout;
     foot->addLayout(buildGuidance(), 1);
     foot->addSpacing(12);
@@ -89,60 +189,32 @@ void frmpaywinnersb::build()
     layout->addLayout(columns, 1);
     layout->addLayout(foot);
     layout->addWidget(lblnote);
+
+    QWidget *before = optrace->button(raceCount);
+    for (QWidget *next : std::initializer_list<QWidget *>{
+             lsthorses, cmdwinner, cmdplace, cmdshow, txthousepct, cmdpayoff, cmd532, cmdtrack,
+             cmdusing, payoffs->field(WinWin), payoffs->field(WinPlace), payoffs->field(WinShow),
+             payoffs->field(PlacePlace), payoffs->field(PlaceShow), payoffs->field(ShowShow),
+             lstwinners, cmdpay, cmdreturn}) {
+        setTabOrder(before, next);
+        before = next;
+    }
     assignAltLetters(this);
 }
 
 QWidget *frmpaywinnersb::buildFinish()
 {
     auto *group = new QGroupBox(u"Finish"_s, this);
-    txthorse = makeDisplay(group, u"txthorse"_s, u"The horse selected in the list"_s);
-    txthorse->setAccessibleName(u"Selected horse"_s);
-    enlarge(txthorse, 1.1);
-    lsthorses = new QListWidget(group);
-    lsthorses->setObjectName(u"lsthorses"_s);
-    lsthorses->setAccessibleName(u"Horses of the race"_s);
-    enlarge(lsthorses, 1.1);
-    lsthorses->setMinimumHeight(lsthorses->fontMetrics().height() * 6);
-
     auto *grid = new QGridLayout;
-    const struct
-    {
-        Finish finish;
-        QPushButton *frmpaywinnersb::*button;
-        QString buttonName;
-        QString caption;
-        QString buttonTip;
-        QLineEdit *frmpaywinnersb::*field;
-        QString fieldName;
-        QString fieldTip;
-    } rows[] = {
-        {Finish::Win, &frmpaywinnersb::cmdwinner, u"cmdwinner"_s, u"ENTER WINNER"_s,
-         u"The selected horse came in first"_s, &frmpaywinnersb::txtwinhorse, u"txtwinhorse"_s,
-         u"Post position of the win horse"_s},
-        {Finish::Place, &frmpaywinnersb::cmdplace, u"cmdplace"_s, u"ENTER PLACE"_s,
-         u"The selected horse came in second"_s, &frmpaywinnersb::txtplacehorse, u"txtplacehorse"_s,
-         u"Post position of the place horse"_s},
-        {Finish::Show, &frmpaywinnersb::cmdshow, u"cmdshow"_s, u"ENTER SHOW"_s,
-         u"The selected horse came in third"_s, &frmpaywinnersb::txtshowhorse, u"txtshowhorse"_s,
-         u"Post position of the show horse"_s},
-    };
+    QPushButton *const buttons[] = {cmdwinner, cmdplace, cmdshow};
     for (int i = 0; i < finishCount; ++i) {
-        const auto &row = rows[i];
-        this->*row.button = makeButton(group, row.buttonName, row.caption, row.buttonTip);
-        QLineEdit *field = makeDisplay(group, row.fieldName, row.fieldTip);
-        this->*row.field = field;
-        field->setAccessibleName(row.fieldTip);
-        field->setAlignment(Qt::AlignCenter);
-        enlarge(field, 1.2);
-        fitCharacters(field, 3);
-        QLabel *label = makeLabel(group, memberName(u"lblfinish"_s, i + 1), {}, {}, true);
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(13, u'n')));
-        enlarge(label, 1);
+        QLabel *label = makeHeading(group, memberName(u"lblfinish"_s, i + 1), {});
+        label->setWordWrap(true);
+        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(12, u'n')));
+        ignoreTextWidth(label);
         lblfinish[std::size_t(i)] = label;
-        connect(this->*row.button, &QPushButton::clicked, this,
-                [this, finish = row.finish] { enterFinisher(finish); });
-        grid->addWidget(this->*row.button, i, 0);
-        grid->addWidget(field, i, 1);
+        grid->addWidget(buttons[i], i, 0);
+        grid->addWidget(finishFields()[std::size_t(i)], i, 1);
         grid->addWidget(label, i, 2);
     }
     grid->setColumnStretch(2, 1);
@@ -157,135 +229,70 @@ QWidget *frmpaywinnersb::buildFinish()
 QWidget *frmpaywinnersb::buildPayoffs()
 {
     auto *group = new QGroupBox(u"Payoffs"_s, this);
-    txthousepct = makeField(group, u"txthousepct"_s, u"House percentage taken from the payoffs"_s);
-    txthousepct->setAccessibleName(u"House percentage"_s);
-    txthousepct->setMaxLength(8);
-    fitCharacters(txthousepct, 6);
-    txthousetot = makeAmount(group, u"txthousetot"_s, u"House cut in dollars"_s);
-    txthousetot->setAccessibleName(u"House cut"_s);
+    auto *house = new QHBoxLayout;
     QLabel *percent = makeLabel(group, u"lblhousepct"_s, u"House percentage"_s);
     percent->setBuddy(txthousepct);
-    auto *house = new QHBoxLayout;
     house->addWidget(percent);
     house->addWidget(txthousepct);
     house->addWidget(makeLabel(group, u"lblpercent"_s, u"%"_s));
     house->addSpacing(12);
     house->addWidget(makeLabel(group, u"lblhousetot"_s, u"House cut"_s));
     house->addWidget(txthousetot, 1);
-
-    cmdpayoff = makeButton(group, u"cmdpayoff"_s, u"CALCULATE  PAYOFF"_s,
-                           u"Calculate the payoffs and list the winning bettors"_s);
-    cmd532 = makeButton(group, u"cmd532"_s, u"CALCULATE 532  PAYOFF"_s,
-                        u"Split the win pool alone, 50, 30 and 20 percent"_s);
-    cmdtrack = makeButton(group, u"cmdtrack"_s, u"USE TRACK PAYOFF"_s,
-                          u"Use the $2 payoffs typed into all six payoff fields"_s);
-    cmdusing = makeButton(group, u"cmdusing"_s, u"USING TRACK PAYOFFS"_s,
-                          u"Select the race again to end the use of the track's payoffs"_s);
-    enlarge(cmdusing, 1);
-    QSizePolicy keepsPlace = cmdusing->sizePolicy();
-    keepsPlace.setRetainSizeWhenHidden(true);
-    cmdusing->setSizePolicy(keepsPlace);
     auto *buttons = new QGridLayout;
     buttons->addWidget(cmdpayoff, 0, 0);
     buttons->addWidget(cmd532, 0, 1);
     buttons->addWidget(cmdtrack, 1, 0);
     buttons->addWidget(cmdusing, 1, 1);
 
-    auto *grid = new QGridLayout;
-    const struct
-    {
-        QLineEdit *frmpaywinnersb::*field;
-        QString name;
-        QString toolTip;
-        int row;
-        int column;
-    } payoffs[] = {
-        {&frmpaywinnersb::txtwinwin, u"txtwinwin"_s, u"Win horse, win"_s, 0, 0},
-        {&frmpaywinnersb::txtwinplace, u"txtwinplace"_s, u"Win horse, place"_s, 0, 1},
-        {&frmpaywinnersb::txtwinshow, u"txtwinshow"_s, u"Win horse, show"_s, 0, 2},
-        {&frmpaywinnersb::txtplaceplace, u"txtplaceplace"_s, u"Place horse, place"_s, 1, 1},
-        {&frmpaywinnersb::txtplaceshow, u"txtplaceshow"_s, u"Place horse, show"_s, 1, 2},
-        {&frmpaywinnersb::txtshowshow, u"txtshowshow"_s, u"Show horse, show"_s, 2, 2},
-    };
     lblpays = makeHeading(group, u"lblpays"_s, {});
     enlarge(lblpays, 1.15);
-    grid->addWidget(lblpays, 0, 0, 1, 4);
-    const QString heads[] = {u"WIN"_s, u"PLACE"_s, u"SHOW"_s};
-    const QString horses[] = {u"Win horse"_s, u"Place horse"_s, u"Show horse"_s};
-    for (int i = 0; i < finishCount; ++i) {
-        QLabel *head = makeHeading(group, memberName(u"lblkind"_s, i + 1), heads[i]);
-        head->setAlignment(Qt::AlignCenter);
-        grid->addWidget(head, 1, i + 1);
-        grid->addWidget(makeLabel(group, memberName(u"lblhorse"_s, i + 1), horses[i]), i + 2, 0);
-        grid->setColumnStretch(i + 1, 1);
-    }
-    for (const auto &payoff : payoffs) {
-        QLineEdit *field = makeField(group, payoff.name, payoff.toolTip);
-        this->*payoff.field = field;
-        field->setAccessibleName(payoff.toolTip);
-        field->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        enlarge(field, 1.7);
-        grid->addWidget(field, payoff.row + 2, payoff.column + 1);
-    }
-
-    const struct
-    {
-        QLineEdit *frmpaywinnersb::*field;
-        QString name;
-    } totals[] = {{&frmpaywinnersb::txtwintotal, u"txtwintotal"_s},
-                  {&frmpaywinnersb::txtplacetotal, u"txtplacetotal"_s},
-                  {&frmpaywinnersb::txtshowtotal, u"txtshowtotal"_s},
-                  {&frmpaywinnersb::txttotaltotal, u"txttotaltotal"_s}};
-    auto *totalGrid = new QGridLayout;
+    ignoreTextWidth(lblpays);
+    auto *totals = new QGridLayout;
     lbltotals = makeHeading(group, u"lbltotals"_s, {});
-    totalGrid->addWidget(lbltotals, 0, 0, 1, 4);
+    totals->addWidget(lbltotals, 0, 0, 1, 4);
     for (int i = 0; i < finishCount + 1; ++i) {
-        QLineEdit *field = makeAmount(group, totals[i].name, {});
-        this->*totals[i].field = field;
-        enlarge(field, 1.1);
         QLabel *label = makeLabel(group, memberName(u"lbltotal"_s, i + 1), {});
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         lbltotal[std::size_t(i)] = label;
-        totalGrid->addWidget(label, 1, i);
-        totalGrid->addWidget(field, 2, i);
+        totals->addWidget(label, 1, i);
+        totals->addWidget(totalFields()[std::size_t(i)], 2, i);
     }
 
     auto *layout = new QVBoxLayout(group);
     layout->addLayout(house);
     layout->addLayout(buttons);
     layout->addStretch();
-    layout->addLayout(grid);
+    layout->addWidget(lblpays);
+    layout->addWidget(payoffs);
     layout->addStretch();
-    layout->addLayout(totalGrid);
+    layout->addLayout(totals);
+    return group;
+}
+
+QWidget *frmpaywinnersb::buildTotals()
+{
+    auto *group = new QGroupBox(u"Race totals"_s, this);
+    auto *grid = new QGridLayout(group);
+    const QString captions[] = {u"$BET"_s, u"$PAID"_s, u"$PAID ROUNDED"_s};
+    QLineEdit *const fields[] = {txtbet, txtpaid, txtrounded};
+    for (int i = 0; i < 3; ++i) {
+        QLabel *label = makeHeading(group, memberName(u"lblsum"_s, i + 1), captions[i]);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(label, 0, i);
+        grid->addWidget(fields[i], 1, i);
+    }
     return group;
 }
 
 QWidget *frmpaywinnersb::buildWinners()
 {
     auto *group = new QGroupBox(u"Pay"_s, this);
-    lstwinners = new QListWidget(group);
-    lstwinners->setObjectName(u"lstwinners"_s);
-    lstwinners->setAccessibleName(u"WINNING BETTORS"_s);
-    enlarge(lstwinners, 1.1);
-    lstwinners->setMinimumHeight(lstwinners->fontMetrics().height() * 6);
     lblowed = makeLabel(group, u"lblowed"_s, {}, {}, true);
-    cmdpay = makeButton(group, u"cmdpay"_s, u"PAY WINNER"_s,
-                        u"Calculate payoff amount, remove name from winner list"_s);
-    enlarge(cmdpay, 1.1);
-    txtwinnername = makeDisplay(group, u"txtwinnername"_s, u"The bettor paid last"_s);
-    txtwinnername->setAccessibleName(u"Bettor paid"_s);
-    enlarge(txtwinnername, 1.2);
-    txttotalr = makeAmount(group, u"txttotalr"_s,
-                           u"Rounded payoff based on rounding factor on setup screen"_s);
-    txttotalr->setAccessibleName(u"Rounded payoff"_s);
-    enlarge(txttotalr, 2);
-    txtfactor = makeAmount(group, u"txtfactor"_s, u"Rounding factor of the setup screen"_s);
-    txtfactor->setAccessibleName(u"Round factor"_s);
-    fitCharacters(txtfactor, 5);
-
+    auto *factor = new QHBoxLayout;
+    factor->addWidget(makeLabel(group, u"lblfactor"_s, u"Round factor"_s));
+    factor->addWidget(txtfactor);
+    factor->addStretch();
     auto *amount = new QHBoxLayout;
-    amount->addWidget(makeLabel(group, u"lblfactor"_s, u"Round\nfactor"_s));
-    amount->addWidget(txtfactor);
     amount->addWidget(makeHeading(group, u"lbltotalr"_s, u"PAY"_s));
     amount->addWidget(txttotalr, 1);
     auto *layout = new QVBoxLayout(group);
@@ -293,39 +300,9 @@ QWidget *frmpaywinnersb::buildWinners()
     layout->addWidget(lstwinners, 1);
     layout->addWidget(lblowed);
     layout->addWidget(cmdpay);
+    layout->addLayout(factor);
     layout->addWidget(txtwinnername);
     layout->addLayout(amount);
-    return group;
-}
-
-QWidget *frmpaywinnersb::buildTotals()
-{
-    auto *group = new QGroupBox(u"Race totals"_s, this);
-    const struct
-    {
-        QLineEdit *frmpaywinnersb::*field;
-        QString name;
-        QString caption;
-        QString toolTip;
-    } rows[] = {
-        {&frmpaywinnersb::txtbet, u"txtbet"_s, u"$BET"_s, u"Total amount bet on this event"_s},
-        {&frmpaywinnersb::txtpaid, u"txtpaid"_s, u"$PAID"_s,
-         u"Total amount paid to winners so far"_s},
-        {&frmpaywinnersb::txtrounded, u"txtrounded"_s, u"$PAID ROUNDED"_s,
-         u"Total rounded amount paid to winners so far"_s},
-    };
-    auto *grid = new QGridLayout(group);
-    for (int i = 0; i < 3; ++i) {
-        QLineEdit *field = makeAmount(group, rows[i].name, rows[i].toolTip);
-        this->*rows[i].field = field;
-        field->setAccessibleName(rows[i].toolTip);
-        enlarge(field, 1.3);
-        QLabel *label =
-            makeHeading(group, memberName(u"lblsum"_s, i + 1), rows[i].caption, rows[i].toolTip);
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(label, 0, i);
-        grid->addWidget(field, 1, i);
-    }
     return group;
 }
 
@@ -365,10 +342,11 @@ QLayout *frmpaywinnersb::buildGuidance()
 void frmpaywinnersb::connectControls()
 {
     connect(optrace, &QButtonGroup::idClicked, this, &frmpaywinnersb::selectRace);
-    connect(lsthorses, &QListWidget::itemSelectionChanged, this, [this] {
-        const QListWidgetItem *item = selectedItem(lsthorses);
-        txthorse->setText(item ? item->text() : u"Select a Horse"_s);
-    });
+    connect(cmdwinner, &QPushButton::clicked, this, [this] { enterFinisher(Finish::Win); });
+    connect(cmdplace, &QPushButton::clicked, this, [this] { enterFinisher(Finish::Place); });
+    connect(cmdshow, &QPushButton::clicked, this, [this] { enterFinisher(Finish::Show); });
+    connect(lsthorses, &QListWidget::itemSelectionChanged, this,
+            &frmpaywinnersb::showSelectedHorse);
     connect(txthousepct, &QLineEdit::returnPressed, this, [this] {
         showMessage(this, u"House percentage is "_s + txthousepct->text() + u" %"_s, u"Payoff"_s);
     });
@@ -389,11 +367,6 @@ void frmpaywinnersb::connectControls()
     connect(cmdreturn, &QPushButton::clicked, this, &frmpaywinnersb::leave);
 }
 
-std::array<QLineEdit *, ticketCount> frmpaywinnersb::payoffFields() const
-{
-    return {txtwinwin, txtwinplace, txtwinshow, txtplaceplace, txtplaceshow, txtshowshow};
-}
-
 std::array<QLineEdit *, finishCount> frmpaywinnersb::finishFields() const
 {
     return {txtwinhorse, txtplacehorse, txtshowhorse};
@@ -402,12 +375,6 @@ std::array<QLineEdit *, finishCount> frmpaywinnersb::finishFields() const
 std::array<QLineEdit *, finishCount + 1> frmpaywinnersb::totalFields() const
 {
     return {txtwintotal, txtplacetotal, txtshowtotal, txttotaltotal};
-}
-
-void frmpaywinnersb::showPayoffField(Ticket ticket, const QString &text)
-{
-    m_shown[std::size_t(ticket)] = text;
-    payoffFields()[std::size_t(ticket)]->setText(text);
 }
 
 void frmpaywinnersb::setTotalCaptions(const QString &heading,
@@ -427,14 +394,15 @@ void frmpaywinnersb::selectRace(int race)
 {
     Session &session = m_context.session;
     if (race == session.settings.currentRace) {
-        if (!mayStartOver())
-            return;
-    } else {
-        noteUnpaid();
-        m_slips += m_raceSlips;
-        session.settings.currentRace = race;
+        if (mayStartOver())
+            showRace();
+        return;
     }
+    m_ledger.closeRace(session.bettors);
+    session.settings.currentRace = race;
     showRace();
+    if (lblnote->text().isEmpty())
+        lblnote->setText(m_ledger.unpaidNotes().join(u"; "_s));
 }
 
 void frmpaywinnersb::showRace()
@@ -445,13 +413,13 @@ void frmpaywinnersb::showRace()
     txtbanner->setText(session.settings.bannerAndRace());
     if (QAbstractButton *option = optrace->button(session.settings.currentRace))
         option->setChecked(true);
-    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow})
-        showPayoffField(ticket, {});
+    for (const Ticket ticket : allTickets)
+        payoffs->setText(ticket, {});
     for (const Finish finish : allFinishes)
         setFinisher(finish, 0);
     txtfactor->setText(roundingText(session.settings.roundingIndex));
     lsthorses->clear();
-    txthorse->setText(u"Select a Horse"_s);
+    showSelectedHorse();
     lblnote->clear();
 
     session.horses = {};
@@ -471,10 +439,7 @@ void frmpaywinnersb::showRace()
 void frmpaywinnersb::clearCalculation()
 {
     m_context.session.payoffs = {};
-    m_winners.clear();
-    m_raceSlips.clear();
-    m_owed = m_owedRounded = m_paid = m_paidRounded = 0;
-    m_paidCount = 0;
+    m_ledger.clear();
     lstwinners->clear();
     for (QLineEdit *field : totalFields())
         field->clear();
@@ -485,6 +450,13 @@ void frmpaywinnersb::clearCalculation()
     setTotalCaptions(u"POOLS"_s, {u"Win"_s, u"Place"_s, u"Show"_s, u"Total"_s});
     guidance->setCurrentIndex(0);
     cmdusing->setVisible(m_track.has_value());
+}
+
+void frmpaywinnersb::showSelectedHorse()
+{
+    const QListWidgetItem *item = selectedItem(lsthorses);
+    txthorse->setText(item ? item->text() : u"Select a Horse"_s);
+    txthorse->setCursorPosition(0);
 }
 
 void frmpaywinnersb::enterFinisher(Finish finish)
@@ -535,7 +507,7 @@ bool frmpaywinnersb::completeFinishers()
 // What was paid counts for nothing after a new start, so it is never lost without a question.
 bool frmpaywinnersb::mayStartOver()
 {
-    return m_paidCount == 0 || askYesNo(this, u"Start over?"_s);
+    return m_ledger.paidCount() == 0 || askYesNo(this, u"Start over?"_s);
 }
 
 void frmpaywinnersb::calculate(bool is532)
@@ -553,9 +525,9 @@ void frmpaywinnersb::calculate(bool is532)
     if (!trapErrors(this, session, ErrorStyle::DescriptionOnly,
                     [&] { settlement = settleCurrentRace(session, result); }))
         return;
-    const RacePayoffs payoffs = session.payoffs;
+    const RacePayoffs calculated = session.payoffs;
     clearCalculation();
-    session.payoffs = payoffs;
+    session.payoffs = calculated;
     lblnote->clear();
     if (settlement.badRecords > 0)
         showMessage(this, u"Bad bet file record. A bet may have been lost."_s);
@@ -576,10 +548,10 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
         fields[i]->setText(formatMoney(totals[i], poolFormat));
     txthousetot->setText(formatMoney(settlement.houseCut, poolFormat));
     txtbet->setText(formatMoney(settlement.pools.amount(totalsRow, totalColumn), "Currency"));
-    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow}) {
-        showPayoffField(ticket, settlement.hasWinners
-                                    ? formatMoney(2 * settlement.payoffs[ticket], "Currency")
-                                    : QString());
+    for (const Ticket ticket : allTickets) {
+        payoffs->setText(ticket, settlement.hasWinners
+                                     ? formatMoney(2 * settlement.payoffs[ticket], "Currency")
+                                     : QString());
     }
     if (m_context.session.payoffs.is532)
         lblpays->setText(u"$2 BET PAYS - 532 PAYOFF"_s);
@@ -588,17 +560,11 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
 void frmpaywinnersb::listWinners(const Settlement &settlement)
 {
     const Session &session = m_context.session;
-    m_winners = settlement.winners;
-    for (std::size_t i = 0; i < m_winners.size(); ++i) {
-        const WinningBettor &winner = m_winners[i];
-        QString name = session.bettors.nameOf(winner.number);
-        if (name.isNull())
-            name = QString::number(winner.number) + u" Bad Bettor Number"_s;
-        auto *item = new QListWidgetItem(name, lstwinners);
-        item->setData(Qt::UserRole, qulonglong(i));
-        m_owed += winner.owed;
-        m_owedRounded += float(rounding(double(winner.owed), session.settings.roundingIndex));
+    for (const WinningBettor &winner : settlement.winners) {
+        auto *item = new QListWidgetItem(winnerName(session.bettors, winner.number), lstwinners);
+        item->setData(Qt::UserRole, lstwinners->count() - 1);
     }
+    m_ledger.start(session.payoffs.race, settlement.winners, session.settings.roundingIndex);
     showPaidTotals();
     guidance->setCurrentIndex(1);
     const auto &finishers = session.payoffs.finishers;
@@ -613,7 +579,7 @@ void frmpaywinnersb::useTrackPayoffs()
     if (!askOkCancel(this, u"Use track payoffs?"_s, u"Track Payoff"_s))
         return;
     TicketAmounts track;
-    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow}) {
+    for (const Ticket ticket : allTickets) {
         const auto payoff = trackPayoff(ticket);
         if (!payoff)
             return showMessage(
@@ -623,21 +589,13 @@ void frmpaywinnersb::useTrackPayoffs()
     }
     if (!mayStartOver())
         return;
-    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow}) {
-        if (isUntouched(ticket))
-            showPayoffField(ticket, formatMoney(2 * track[ticket], "Currency"));
+    for (const Ticket ticket : allTickets) {
+        if (payoffs->isUntouched(ticket))
+            payoffs->setText(ticket, formatMoney(2 * track[ticket], "Currency"));
     }
     m_track = track;
     clearCalculation();
     lblnote->setText(u"Click on CALCULATE  PAYOFF to list the winners at the track's payoffs."_s);
-}
-
-// True for a payoff field that still shows what the program put there.
-bool frmpaywinnersb::isUntouched(Ticket ticket) const
-{
-    const QLineEdit *field = payoffFields()[std::size_t(ticket)];
-    return !field->isModified() && !field->text().isEmpty()
-           && field->text() == m_shown[std::size_t(ticket)];
 }
 
 // The payoff per $1 that a field gives for the track's. What the program put there itself is a
@@ -645,9 +603,9 @@ bool frmpaywinnersb::isUntouched(Ticket ticket) const
 // the house percentage counts, so that it is not taken twice.
 std::optional<float> frmpaywinnersb::trackPayoff(Ticket ticket) const
 {
-    if (isUntouched(ticket))
+    if (payoffs->isUntouched(ticket))
         return m_track ? (*m_track)[ticket] : m_context.session.payoffs.beforeHouse[ticket];
-    const QString text = payoffFields()[std::size_t(ticket)]->text();
+    const QString text = payoffs->text(ticket);
     if (!isNumeric(text))
         return std::nullopt;
     const auto value = float(numericAmount(text));
@@ -663,15 +621,14 @@ void frmpaywinnersb::payWinner()
     const QString name = item->text();
     if (name == anyBettorName() && m_context.navigator.has(u"frmanyb"_s))
         m_context.navigator.openBeside(u"frmanyb"_s);
-    const WinningBettor &winner = m_winners[item->data(Qt::UserRole).toULongLong()];
+    const auto index = std::size_t(item->data(Qt::UserRole).toInt());
+    const WinningBettor &winner = m_ledger.winners()[index];
     if (session.bettors.nameOf(winner.number).isNull())
         return showMessage(this, u"Bettor name not found"_s, u"Pay winners"_s);
 
     const Payment payment =
         paymentFor(winner.stakes, session.payoffs.perDollar, session.settings.roundingIndex);
-    m_paid += float(payment.total);
-    m_paidRounded += float(payment.rounded);
-    ++m_paidCount;
+    m_ledger.pay(index, payment);
     showPayment(name, payment);
     if (!m_printPayoffs)
         m_printPayoffs = askYesNo(this, u"Print Payoffs?"_s);
@@ -680,13 +637,12 @@ void frmpaywinnersb::payWinner()
     delete item;
     // The next payment needs a selection of its own: a second press pays nobody by accident.
     lstwinners->setCurrentRow(-1);
-    showPaidTotals();
 }
 
 void frmpaywinnersb::showPayment(const QString &name, const Payment &payment)
 {
-    for (const Ticket ticket : {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow})
-        showPayoffField(ticket, formatMoney(payment.amount(ticket), "Currency"));
+    for (const Ticket ticket : allTickets)
+        payoffs->setText(ticket, formatMoney(payment.amount(ticket), "Currency"));
     const double totals[] = {payment.horseTotals[0], payment.horseTotals[1], payment.horseTotals[2],
                              payment.total};
     const auto fields = totalFields();
@@ -698,6 +654,7 @@ void frmpaywinnersb::showPayment(const QString &name, const Payment &payment)
     txtfactor->setText(roundingText(m_context.session.settings.roundingIndex));
     txttotalr->setText(formatMoney(payment.rounded, "Currency"));
     txtwinnername->setText(name);
+    txtwinnername->setCursorPosition(0);
     showPaidTotals();
 }
 
@@ -707,41 +664,22 @@ void frmpaywinnersb::keepSlip(const QString &name, const Payment &payment)
     std::array<QString, finishCount> numbers;
     for (std::size_t i = 0; i < numbers.size(); ++i)
         numbers[i] = session.horses.post(session.payoffs.finishers[i]).number;
-    m_raceSlips += winnerSlipLines(name, session.settings.bannerAndRace(), numbers, payment);
+    m_ledger.addSlip(winnerSlipLines(name, session.settings.bannerAndRace(), numbers, payment));
 }
 
 void frmpaywinnersb::showPaidTotals()
 {
-    txtpaid->setText(formatMoney(m_paid, "Currency"));
-    txtrounded->setText(formatMoney(m_paidRounded, "Currency"));
-    lblowed->setText(
-        u"%1 of %2 to pay\nOwed %3, rounded %4"_s.arg(lstwinners->count())
-            .arg(m_winners.size())
-            .arg(formatMoney(m_owed, "Currency"), formatMoney(m_owedRounded, "Currency")));
-}
-
-void frmpaywinnersb::noteUnpaid()
-{
-    const RacePayoffs &payoffs = m_context.session.payoffs;
-    if (!payoffs.isCalculated())
-        return;
-    m_unpaid.remove(payoffs.race);
-    const int count = lstwinners->count();
-    if (count == 0)
-        return;
-    constexpr int named = 3;
-    QStringList names;
-    for (int row = 0; row < std::min(count, named); ++row)
-        names.append(lstwinners->item(row)->text());
-    QString note = u"Not paid in"_s + raceName(payoffs.race) + u": "_s + names.join(u", "_s);
-    if (count > named)
-        note += u" and %1 more"_s.arg(count - named);
-    m_unpaid.insert(payoffs.race, note);
+    txtpaid->setText(formatMoney(m_ledger.paid(), "Currency"));
+    txtrounded->setText(formatMoney(m_ledger.paidRounded(), "Currency"));
+    lblowed->setText(u"%1 of %2 to pay\nOwed %3, rounded %4"_s.arg(m_ledger.unpaidCount())
+                         .arg(m_ledger.winners().size())
+                         .arg(formatMoney(m_ledger.owed(), "Currency"),
+                              formatMoney(m_ledger.owedRounded(), "Currency")));
 }
 
 bool frmpaywinnersb::printSlips()
 {
-    const Slip slip = winnerSlips(m_slips + m_raceSlips);
+    const Slip slip = winnerSlips(m_ledger.slips());
     if (slip.lines.isEmpty())
         return true;
     Session &session = m_context.session;
@@ -755,8 +693,8 @@ bool frmpaywinnersb::printSlips()
 
 void frmpaywinnersb::leave()
 {
-    noteUnpaid();
-    QStringList notes = m_unpaid.values();
+    m_ledger.closeRace(m_context.session.bettors);
+    QStringList notes = m_ledger.unpaidNotes();
     if (!printSlips())
         notes.append(u"The payoff slips are in the list window."_s);
     m_context.session.payoffs = {};

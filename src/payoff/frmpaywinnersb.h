@@ -1,21 +1,19 @@
 #pragma once
 
-#include "common/slip.h"
-#include "payoff/settle.h"
-#include "payoff/winnerslips.h"
+#include "payoff/winnerledger.h"
 #include "ui/navigator.h"
 
-#include <QMap>
 #include <QWidget>
 
-class QBoxLayout;
+#include <optional>
+
 class QButtonGroup;
-class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QStackedWidget;
+class TicketGrid;
 
 // The pay-winners screen: the finishers and payoffs of a race, its winning bettors, and paying them
 // one by one.
@@ -27,6 +25,8 @@ public:
     explicit frmpaywinnersb(const ScreenContext &context);
 
 private:
+    void makeFields();
+    void makeButtons();
     void build();
     QWidget *buildFinish();
     QWidget *buildPayoffs();
@@ -37,6 +37,7 @@ private:
 
     void selectRace(int race);
     void showRace();
+    void showSelectedHorse();
     void enterFinisher(Finish finish);
     void setFinisher(Finish finish, int post);
     int finisher(Finish finish) const;
@@ -45,7 +46,6 @@ private:
     bool completeFinishers();
     bool mayStartOver();
     void useTrackPayoffs();
-    bool isUntouched(Ticket ticket) const;
     std::optional<float> trackPayoff(Ticket ticket) const;
     void showSettlement(const Settlement &settlement);
     void listWinners(const Settlement &settlement);
@@ -56,34 +56,18 @@ private:
     void keepSlip(const QString &name, const Payment &payment);
     void showPaidTotals();
 
-    void noteUnpaid();
     void leave();
     bool printSlips();
 
-    std::array<QLineEdit *, ticketCount> payoffFields() const;
     std::array<QLineEdit *, finishCount> finishFields() const;
     std::array<QLineEdit *, finishCount + 1> totalFields() const;
-    void showPayoffField(Ticket ticket, const QString &text);
     void setTotalCaptions(const QString &heading, const std::array<QString, 4> &captions);
 
     ScreenContext m_context;
 
-    // Of the calculation that stands.
-    std::vector<WinningBettor> m_winners;
-    std::array<QString, ticketCount> m_shown; // what the program last put into the payoff fields
-    float m_owed = 0;
-    float m_owedRounded = 0;
-    float m_paid = 0;
-    float m_paidRounded = 0;
-    int m_paidCount = 0;
-    QList<SlipLine> m_raceSlips; // of the bettors paid from it
-
+    WinnerLedger m_ledger;
     std::optional<TicketAmounts> m_track; // the track's payoffs per $1, while they are used
-
-    // Of this visit of the screen.
-    std::optional<bool> m_printPayoffs; // the answer, once it was asked
-    QList<SlipLine> m_slips;            // of races paid before
-    QMap<int, QString> m_unpaid;        // by race: who was left unpaid
+    std::optional<bool> m_printPayoffs;   // the answer, once it was asked in this visit
 
     QLineEdit *txtbanner;
     QButtonGroup *optrace;
@@ -104,12 +88,7 @@ private:
     QPushButton *cmdtrack;
     QPushButton *cmdusing;
     QLabel *lblpays;
-    QLineEdit *txtwinwin;
-    QLineEdit *txtwinplace;
-    QLineEdit *txtwinshow;
-    QLineEdit *txtplaceplace;
-    QLineEdit *txtplaceshow;
-    QLineEdit *txtshowshow;
+    TicketGrid *payoffs;
     QLabel *lbltotals;
     std::array<QLabel *, finishCount + 1> lbltotal;
     QLineEdit *txtwintotal;

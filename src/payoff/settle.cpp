@@ -8,8 +8,6 @@ namespace {
 
 using enum Ticket;
 
-constexpr Ticket allTickets[] = {WinWin, WinPlace, WinShow, PlacePlace, PlaceShow, ShowShow};
-
 // The three pools that payoffs are paid from.
 struct PayingPools
 {

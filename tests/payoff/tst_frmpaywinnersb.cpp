@@ -498,6 +498,7 @@ void tst_frmpaywinnersb::anotherRace()
     QCOMPARE(fieldText(screen, u"txtwinhorse"_s), QString());
     QCOMPARE(payoffs().join(QString()), QString());
     QVERIFY(winners().isEmpty());
+    QCOMPARE(labelText(screen, u"lblnote"_s), u"Not paid in Race1: AnyBettor, BOB, CAROL"_s);
     QCOMPARE(child<QListWidget>(screen, u"lsthorses"_s)->count(), 1);
     enter(u"cmdwinner"_s, u"8 OTHER"_s);
     clickButton(screen, u"cmdpayoff"_s);
