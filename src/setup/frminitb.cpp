@@ -355,7 +355,7 @@ void frminitb::clearBettorsFile()
     if (refusesBeforeBets(u"Clear Bettors"_s))
         return;
     if (askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
-        clearFiles(&clearAllBettors, u"Bettor file cleared and initialized"_s,
+        clearFiles(&::clearBettorsFile, u"Bettor file cleared and initialized"_s,
                    u"Initialize Bettor"_s);
 }
 

@@ -33,7 +33,7 @@ int clearAllBets(Session &session)
     return kept;
 }
 
-int clearAllBettors(Session &session)
+int clearBettorsFile(Session &session)
 {
     session.settings.operationLabel = u"Bettors output-Setup"_s;
     const int kept = keepTwinsInSaved(session, RecordFile::Bettors, 0);

@@ -11,7 +11,7 @@
 int clearAllBets(Session &session);
 
 // Rewrites Bettors and Bettorsbackup with AnyBettor alone.
-int clearAllBettors(Session &session);
+int clearBettorsFile(Session &session);
 
 // Rewrites Horses and Horsesbackup of every race with 21 unused posts.
 int clearAllHorses(Session &session);
