@@ -368,7 +368,7 @@ void frmmulti::showLegs()
     }
     listHorses(legs);
     m_legNote = legs.note;
-    lblnote->setText(m_legNote);
+    showNote();
 }
 
 void frmmulti::listHorses(const MultibetLegs &legs)
@@ -447,21 +447,20 @@ void frmmulti::preview()
     if (m_preview.full)
         showMessage(this, u"400 bet maximum exceeded"_s);
 
-    QStringList notes{m_legNote};
+    QStringList notes;
     if (multibetType(selected.type)->lines == 3 && selected.posts[2].isEmpty()
         && !m_preview.pending.isEmpty())
         notes.append(u"Without a post on line 3 this bet cannot win"_s);
     if (m_stake == 0)
         notes.append(u"The bet amount is $0: nothing would be saved"_s);
-    notes.removeAll(QString());
-    lblnote->setText(notes.join(u'\n'));
+    showNote(notes.join(u"; "_s));
 }
 
 void frmmulti::clearPreview()
 {
     m_preview = {};
     lstbets->clear();
-    lblnote->setText(m_legNote);
+    showNote();
     showTotals();
 }
 
@@ -471,6 +470,17 @@ void frmmulti::showTotals()
     txtthisbet->setText(total);
     txttotalbet->setText(total);
     txtcount->setText(QString::number(m_preview.lines.size()));
+}
+
+// What there is to say now, then what stays true: a missing leg, and the grand total.
+void frmmulti::showNote(const QString &text)
+{
+    QStringList notes{text, m_legNote};
+    if (m_grandTotal != 0)
+        notes.append("Multibets since this screen was opened: "_L1
+                     + formatMoney(m_grandTotal, dollars));
+    notes.removeAll(QString());
+    lblnote->setText(notes.join(u"; "_s));
 }
 
 void frmmulti::makeBet()
@@ -484,9 +494,7 @@ void frmmulti::makeBet()
         return;
     m_prior += m_preview.pending;
     m_grandTotal += m_preview.total;
-    lblnote->setText("Bets saved: "_L1 + QString::number(m_preview.pending.size())
-                     + "; multibets since this screen was opened: "_L1
-                     + formatMoney(m_grandTotal, dollars));
+    showNote("Bets saved: "_L1 + QString::number(m_preview.pending.size()));
     m_preview = {}; // the list stays and shows what was saved
     showTotals();
     showPriorBets();
@@ -538,7 +546,7 @@ void frmmulti::deletePriorBets()
     });
     loadPriorBets();
     if (!unchanged)
-        lblnote->setText(u"The bets on file have changed: the list is new, nothing was deleted"_s);
+        showNote(u"The bets on file have changed: the list is new, nothing was deleted"_s);
 }
 
 void frmmulti::switchReceipts()
@@ -563,11 +571,11 @@ void frmmulti::printBlankSheets()
     if (copies == 0)
         return;
     if (!session.settings.mayPrint())
-        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
+        return showNote(u"Nothing was printed: no printer is attached"_s);
     session.settings.operationLabel = u"Print Bet Sheet"_s;
     trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
         for (int copy = 0; copy < copies; ++copy)
             m_context.printer.print(blankMultibetSheet());
-        lblnote->setText("Bet sheets printed: "_L1 + QString::number(copies));
+        showNote("Bet sheets printed: "_L1 + QString::number(copies));
     });
 }

@@ -57,6 +57,7 @@ private:
     void switchReceipts();
     void printBlankSheets();
     void showTotals();
+    void showNote(const QString &text = {});
     void showPriorBets();
     void showReceiptState();
 

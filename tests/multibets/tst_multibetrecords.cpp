@@ -75,7 +75,7 @@ void tst_multibetrecords::text()
 
 void tst_multibetrecords::append()
 {
-    TestEvent event;
+    TestEvent event(false);
     event.session.settings.currentRace = 10;
     event.write(u"Multibets Race10"_s, "1,2,0,\"Q\",1,2"); // a last line without its end
     event.write(u"Multibetsbackup Race10"_s, "1,2,0,\"Q\",1,2\r\n");
@@ -89,8 +89,7 @@ void tst_multibetrecords::append()
 // A missing file is made empty; the full twin that its emptying would lose goes to Saved.
 void tst_multibetrecords::missingFile()
 {
-    TestEvent event;
-    QFile::remove(event.path(u"Multibets Race1"_s));
+    TestEvent event(false);
     event.write(u"Multibetsbackup Race1"_s, "1,2,0,\"Q\",1,2\r\n");
     QVERIFY(loadOrCreateMultibets(event.session).rows.empty());
     QCOMPARE(event.read(u"Multibets Race1"_s), QByteArray());
@@ -130,7 +129,7 @@ void tst_multibetrecords::remove()
     QFETCH(QList<int>, places);
     QFETCH(bool, removed);
     QFETCH(QByteArray, left);
-    TestEvent event;
+    TestEvent event(false);
     event.write(u"Multibets Race1"_s, file);
     event.write(u"Multibetsbackup Race1"_s, file);
     const Multibet listed[] = {
@@ -149,10 +148,9 @@ void tst_multibetrecords::remove()
 // A folder in the twin's place makes the second append fail: the bets count in neither file.
 void tst_multibetrecords::failedAppend()
 {
-    TestEvent event;
+    TestEvent event(false);
     const QByteArray file = "1,2,0,\"Q\",1,7\r\n";
     event.write(u"Multibets Race1"_s, file);
-    QFile::remove(event.path(u"Multibetsbackup Race1"_s));
     QVERIFY(QDir().mkpath(event.path(u"Multibetsbackup Race1"_s)));
     const Multibet bets[] = {{{1, 2, 3}, u"T"_s, 1, 7}};
     QVERIFY_THROWS_EXCEPTION(FileError, appendMultibets(event.session, bets));

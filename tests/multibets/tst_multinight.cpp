@@ -57,6 +57,8 @@ void tst_multinight::night()
     take(screen, {"cmdtrifecta", "BOB", {{1}, {2}, {3}}, {1, 2, 3}, 0, 1, "$1.50"});
     take(screen, {"cmdpick3", "BOB", {{1}, {1}, {10}}, {}, 10, 0, "$10.00"});
     QVERIFY(robot.allCame());
+    QCOMPARE(labelText(screen, u"lblnote"_s),
+             u"Bets saved: 1; Multibets since this screen was opened: $28.50"_s);
 
     const QByteArray doubleRecord = "4,9,0,\"DD\",5,2\r\n";
     const QByteArray wheelRecords = "4,7,0,\"EX\",2,2\r\n4,8,0,\"EX\",2,2\r\n";
