@@ -141,14 +141,11 @@ void saveBettors(Session &session)
         replaceBettors(session, twin, oldTwin, records);
 }
 
-void clearBettors(Session &session)
+void clearBettorList(Session &session)
 {
     session.settings.operationLabel = u"Bettors output"_s;
     makeFolder(eventFolder(session));
-    keepTwinsInSaved(session, RecordFile::Bettors, 0);
-    rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), u"Bettors output"_s,
-                 u"Bettorsbackup output"_s);
-    loadBettors(session, u"Bettors input"_s);
+    clearBettors(session, {});
 }
 
 QString bettorListNote(const BettorTable &bettors)

@@ -40,7 +40,7 @@ void saveBettors(Session &session);
 
 // Starts Bettors and Bettorsbackup anew with AnyBettor alone and reads them back. What they held
 // is copied to Saved first.
-void clearBettors(Session &session);
+void clearBettorList(Session &session);
 
 // What the operator should know about the list that was read: a missing AnyBettor, damaged lines.
 QString bettorListNote(const BettorTable &bettors);

@@ -307,7 +307,7 @@ void frmbettorsb::clearAll()
     if (!askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
         return;
     if (!trapErrors(this, session, ErrorStyle::NumberAndDescription,
-                    [&] { clearBettors(session); }))
+                    [&] { clearBettorList(session); }))
         return;
     m_loaded = true;
     lblnote->clear();

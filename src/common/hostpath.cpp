@@ -7,6 +7,8 @@
 #include <QMap>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,13 +46,20 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
-// A path below the root of a drive, which has nothing above it. Throws 52 for a second colon.
+// A path below the root of a drive. The folder above a root is the root itself, so that no path
+// leads out of its drive. Throws 52 for a second colon.
 QString below(const QString &root, const QString &rest)
 {
     if (rest.contains(u':'))
         throw FileError(ErrorNumber::BadFileName);
-    const QString path = QDir::cleanPath(u'/' + QString(rest).replace(u'\\', u'/'));
-    return path == "/"_L1 ? root : root + path;
+    QStringList names;
+    for (const QString &name : QString(rest).replace(u'\\', u'/').split(u'/')) {
+        if (name == ".."_L1)
+            names.resize(std::max<qsizetype>(0, names.size() - 1));
+        else if (!name.isEmpty() && name != "."_L1)
+            names.append(name);
+    }
+    return QDir::cleanPath(root + u'/' + names.join(u'/'));
 }
 
 } // namespace

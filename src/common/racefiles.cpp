@@ -44,6 +44,17 @@ void loadBettors(Session &session, const QString &label)
     session.bettors = BettorTable::parse(bytes, session.settings.bettorLimit);
 }
 
+int clearBettors(Session &session, const QString &labelEnd)
+{
+    const QString label = "Bettors output"_L1 + labelEnd;
+    session.settings.operationLabel = label;
+    const int kept = keepTwinsInSaved(session, RecordFile::Bettors, 0);
+    rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), label,
+                 "Bettorsbackup output"_L1 + labelEnd);
+    session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
+    return kept;
+}
+
 QString LoadRaceBets(Session &session)
 {
     QString note;

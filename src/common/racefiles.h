@@ -17,6 +17,11 @@ void saveHorses(Session &session);
 // Reads Bettors into the session.
 void loadBettors(Session &session, const QString &label);
 
+// Rewrites Bettors and Bettorsbackup with AnyBettor alone; what they held goes to Saved first. The
+// labels are "Bettors output" and "Bettorsbackup output", each with \a labelEnd. Returns the number
+// of copies.
+int clearBettors(Session &session, const QString &labelEnd);
+
 // Reads the current race's Bets into the session's bet table and totals its pools (label "Bets
 // input"). Missing Bets are created empty; a missing Betsbackup is created as a copy of Bets.
 // Returns a note of what was moved to Saved, or an empty text.

@@ -2,6 +2,7 @@
 
 #include "common/eventfiles.h"
 #include "common/init.h"
+#include "common/racefiles.h"
 #include "common/session.h"
 #include "setup/eventchoices.h"
 #include "setup/newevent.h"
@@ -355,8 +356,8 @@ void frminitb::clearBettorsFile()
     if (refusesBeforeBets(u"Clear Bettors"_s))
         return;
     if (askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
-        clearFiles(&::clearBettorsFile, u"Bettor file cleared and initialized"_s,
-                   u"Initialize Bettor"_s);
+        clearFiles([](Session &session) { return clearBettors(session, u"-Setup"_s); },
+                   u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
 }
 
 void frminitb::clearHorseFiles()

@@ -33,16 +33,6 @@ int clearAllBets(Session &session)
     return kept;
 }
 
-int clearBettorsFile(Session &session)
-{
-    session.settings.operationLabel = u"Bettors output-Setup"_s;
-    const int kept = keepTwinsInSaved(session, RecordFile::Bettors, 0);
-    rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), u"Bettors output-Setup"_s,
-                 u"Bettorsbackup output-Setup"_s);
-    session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
-    return kept;
-}
-
 int clearAllHorses(Session &session)
 {
     const int kept =

@@ -10,9 +10,6 @@
 // directory is made if needed.
 int clearAllBets(Session &session);
 
-// Rewrites Bettors and Bettorsbackup with AnyBettor alone.
-int clearBettorsFile(Session &session);
-
 // Rewrites Horses and Horsesbackup of every race with 21 unused posts.
 int clearAllHorses(Session &session);
 

@@ -239,7 +239,7 @@ void tst_bettorlist::clearing()
 {
     TestEvent event(false);
     event.write(u"Bettors"_s, file("1,'AnyBettor'|2,'B'"));
-    clearBettors(event.session);
+    clearBettorList(event.session);
     QCOMPARE(event.read(u"Bettors"_s), file("1,'AnyBettor'"));
     QCOMPARE(event.read(u"Bettorsbackup"_s), file("1,'AnyBettor'"));
     QCOMPARE(event.session.bettors.nextNumber, 2);

@@ -143,6 +143,9 @@ void tst_download::fetch_data()
     QTest::newRow("500") << page("sorry", "500 Error") << path << QByteArray();
     QTest::newRow("cut in mid-body")
         << page(QByteArray(5000, 'a')).chopped(1000) << path << QByteArray();
+    QTest::newRow("cut between two chunks")
+        << QByteArray("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n") << path
+        << QByteArray();
     QTest::newRow("no answer at all") << QByteArray() << path << QByteArray();
     QTest::newRow("an answer that is not HTTP")
         << QByteArray("hello\r\n\r\n") << path << QByteArray();
