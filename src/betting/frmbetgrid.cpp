@@ -67,10 +67,10 @@ BetGrid::BetGrid(QWidget *parent)
     addTotals(grid);
     grid->addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
                   postCount + 2, 0);
-    // Rows share the height there is, from their text's height to twice that.
+    // Rows share the height there is, from their text's height to two and a half times that.
     for (auto *field : findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
         field->setSizePolicy(field->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-        field->setMaximumHeight(2 * field->fontMetrics().height());
+        field->setMaximumHeight(5 * field->fontMetrics().height() / 2);
     }
 }
 
@@ -144,19 +144,21 @@ void BetGrid::addTotals(QGridLayout *grid)
 {
     const int row = postCount + 1;
     grid->addWidget(makeHeading(this, u"lbltotals"_s, u"TOTALS"_s), row, 0, 1, 2);
-    const auto makeTotal = [&](const QString &name, int column, const QString &meaning) {
+    const auto makeTotal = [&](const QString &name, int column, int columns, double size,
+                               const QString &meaning) {
         QLineEdit *field = makeDisplay(this, name);
         field->setAlignment(Qt::AlignRight);
         field->setAccessibleName(meaning);
-        enlarge(field, 1.1);
-        fitCharacters(field, 6);
-        grid->addWidget(field, row, column);
+        enlarge(field, size);
+        field->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+        grid->addWidget(field, row, column, 1, columns);
         return field;
     };
-    txtwintot = makeTotal(u"txtwintot"_s, 2, u"Total of win bets on this sheet"_s);
-    txtplacetot = makeTotal(u"txtplacetot"_s, 3, u"Total of place bets on this sheet"_s);
-    txtshowtot = makeTotal(u"txtshowtot"_s, 4, u"Total of show bets on this sheet"_s);
-    txttotaltot = makeTotal(u"txttotaltot"_s, 5, u"Total of this sheet"_s);
+    txtwintot = makeTotal(u"txtwintot"_s, 2, 1, 1.1, u"Total of win bets on this sheet"_s);
+    txtplacetot = makeTotal(u"txtplacetot"_s, 3, 1, 1.1, u"Total of place bets on this sheet"_s);
+    txtshowtot = makeTotal(u"txtshowtot"_s, 4, 1, 1.1, u"Total of show bets on this sheet"_s);
+    // The grand total is larger and takes the room below the odds as well.
+    txttotaltot = makeTotal(u"txttotaltot"_s, 5, 2, 1.5, u"Total of this sheet"_s);
 }
 
 void BetGrid::setHorses(const HorseTable &horses)

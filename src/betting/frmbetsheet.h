@@ -56,7 +56,7 @@ private:
     QWidget *buildBettorColumn();
     QWidget *buildGridColumn();
     QWidget *buildActionColumn();
-    QPushButton *makeExit(const BetSheetKind::Exit &exit);
+    QPushButton *makeExit(QWidget *parent, const BetSheetKind::Exit &exit);
     void connectControls();
     void fill();
 

@@ -43,7 +43,7 @@ const BetSheetKind &localBetSheet()
 {
     static const BetSheetKind kind{
         {{u"Command1"_s, u"Summary"_s, u"Display a summary of all bets for this race"_s,
-          u"frmsummaryb"_s},
+          u"frmsummb"_s},
          {u"cmdmulti"_s, u"Multi Bets"_s, u"Handle Trifecta,Daily Double, Quinela, etc type bets"_s,
           u"frmmulti"_s}},
         u"Delete Selected Prior Bets"_s,
@@ -63,12 +63,8 @@ const BetSheetKind &networkBetSheet()
 
 void BetSheet::build()
 {
-    m_search =
-        new BettorSearch(BettorSearch::Typing::MovesToName, u"Reset Bettor List"_s, {}, this);
-    m_grid = new BetGrid(this);
-    m_amount = new BetAmountPanel(m_kind.signToolTip, this);
-    m_priorPanel = new PriorBetsPanel(m_kind.deleteCaption, this);
-
+    // Made in reading order, which is the order of the Tab key.
+    QWidget *head = buildHead();
     auto *columns = new QHBoxLayout;
     columns->setSpacing(10);
     columns->addWidget(buildBettorColumn(), 22);
@@ -78,7 +74,7 @@ void BetSheet::build()
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 4);
     layout->setSpacing(4);
-    layout->addWidget(buildHead());
+    layout->addWidget(head);
     layout->addLayout(columns, 1);
     layout->addWidget(lblnote);
     showBettor();
@@ -96,7 +92,7 @@ QWidget *BetSheet::buildHead()
     const RaceOptions races = makeRaceOptions(head, u"Click to select a race"_s, 6);
     m_races = races.group;
     m_races->button(m_context.session.settings.currentRace)->setChecked(true);
-    lblselected = makeLabel(head, u"lblselected"_s, {});
+    lblselected = makeLabel(head, u"lblselected"_s, {}, {}, true);
     enlarge(lblselected, 2);
     lblselected->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lbltobeplaced = makeLabel(head, u"lbltobeplaced"_s, {},
@@ -124,10 +120,11 @@ QWidget *BetSheet::buildHead()
 QWidget *BetSheet::buildBettorColumn()
 {
     auto *column = new QWidget(this);
-    m_search->setParent(column);
+    m_search =
+        new BettorSearch(BettorSearch::Typing::MovesToName, u"Reset Bettor List"_s, {}, column);
     QPushButton *cmdbettors =
-        makeExit({u"cmdbettors"_s, u"Add a Bettor"_s,
-                  u"Leave this screen to update bettor information"_s, u"frmbettorsb"_s});
+        makeExit(column, {u"cmdbettors"_s, u"Add a Bettor"_s,
+                          u"Leave this screen to update bettor information"_s, u"frmbettorsb"_s});
     QLabel *lblinstructions =
         makeLabel(column, u"lblinstructions"_s, QString::fromUtf16(instructions), {}, true);
     shrink(lblinstructions);
@@ -144,7 +141,7 @@ QWidget *BetSheet::buildBettorColumn()
 QWidget *BetSheet::buildGridColumn()
 {
     auto *column = new QWidget(this);
-    m_grid->setParent(column);
+    m_grid = new BetGrid(column);
     QLabel *lblkeys =
         makeLabel(column, u"lblkeys"_s,
                   u"Keys: arrows move, Space bets, 1-6 presets, + and - sign, Ctrl+Enter places, "
@@ -162,8 +159,7 @@ QWidget *BetSheet::buildGridColumn()
 QWidget *BetSheet::buildActionColumn()
 {
     auto *column = new QWidget(this);
-    m_amount->setParent(column);
-    m_priorPanel->setParent(column);
+    m_amount = new BetAmountPanel(m_kind.signToolTip, column);
     cmdplacebets = makeButton(column, u"cmdplacebets"_s, u"Place these Bets"_s,
                               u"Click to place bets entered on this screen"_s);
     enlarge(cmdplacebets, 1.3);
@@ -171,6 +167,7 @@ QWidget *BetSheet::buildActionColumn()
                                u"Clear all bet entries"_s);
     cmdprint = makeButton(column, u"cmdprint"_s, u"Receipts will not print"_s,
                           u"Click to turn bet receipt printing on or off"_s);
+    m_priorPanel = new PriorBetsPanel(m_kind.deleteCaption, column);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(6);
@@ -183,16 +180,16 @@ QWidget *BetSheet::buildActionColumn()
     layout->addWidget(m_priorPanel, 1);
     auto *exits = new QHBoxLayout;
     for (const BetSheetKind::Exit &exit : m_kind.exits)
-        exits->addWidget(makeExit(exit));
-    exits->addWidget(
-        makeExit({u"cmdmainmenu"_s, u"Return"_s, u"Return to the menu screen"_s, u"frmmenub"_s}));
+        exits->addWidget(makeExit(column, exit));
+    exits->addWidget(makeExit(
+        column, {u"cmdmainmenu"_s, u"Return"_s, u"Return to the menu screen"_s, u"frmmenub"_s}));
     layout->addLayout(exits);
     return column;
 }
 
-QPushButton *BetSheet::makeExit(const BetSheetKind::Exit &exit)
+QPushButton *BetSheet::makeExit(QWidget *parent, const BetSheetKind::Exit &exit)
 {
-    QPushButton *button = makeButton(this, exit.button, exit.caption, exit.toolTip);
+    QPushButton *button = makeButton(parent, exit.button, exit.caption, exit.toolTip);
     button->setEnabled(m_context.navigator.has(exit.screen));
     connect(button, &QPushButton::clicked, this,
             [this, screen = exit.screen] { m_context.navigator.open(screen); });

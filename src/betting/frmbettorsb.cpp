@@ -52,6 +52,12 @@ bool isTyping(const QKeyEvent &key)
     }
 }
 
+// Several computers go by the list, so that none may take bettors out of it.
+bool sharesTheList(const Settings &settings)
+{
+    return settings.mainComputer == "yes"_L1 || settings.networkMode == 1;
+}
+
 } // namespace
 
 frmbettorsb::frmbettorsb(const ScreenContext &context)
@@ -161,6 +167,7 @@ void frmbettorsb::load()
     session.bettors = BettorTable(session.settings.bettorLimit);
     m_loaded = trapErrors(this, session, ErrorStyle::NumberAndDescription,
                           [&] { loadBettors(session, u"Bettors input"_s); });
+    m_asRead = session.bettors;
     fillList();
 }
 
@@ -255,7 +262,7 @@ void frmbettorsb::deleteSelected()
 {
     lblnote->setText(standingNote());
     const Session &session = m_context.session;
-    if (session.settings.mainComputer == "yes"_L1)
+    if (sharesTheList(session.settings))
         return showMessage(this, u"Bettor delete not permitted in multiple computer mode"_s);
     const auto selected = cbobettornames->selectedItems();
     if (selected.isEmpty())
@@ -300,7 +307,7 @@ void frmbettorsb::clearAll()
 {
     lblnote->setText(standingNote());
     Session &session = m_context.session;
-    if (session.settings.mainComputer == "yes"_L1)
+    if (sharesTheList(session.settings))
         return showMessage(this, u"Bettor clear not permitted in multiple computer mode"_s);
     if (session.settings.betsCleared != "yes"_L1)
         return showMessage(this, u"Must clear Bets first"_s, session.settings.operationLabel);
@@ -310,6 +317,7 @@ void frmbettorsb::clearAll()
                     [&] { clearBettorList(session); }))
         return;
     m_loaded = true;
+    m_asRead = session.bettors;
     lblnote->clear();
     fillList();
     showMessage(this, u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
@@ -344,9 +352,10 @@ void frmbettorsb::rejectTyping()
 void frmbettorsb::leaveTo(const QString &screen)
 {
     Session &session = m_context.session;
+    QString note;
     if (m_loaded && !trapErrors(this, session, ErrorStyle::NumberAndDescription, [&] {
-            saveBettors(session);
+            note = saveBettors(session, m_asRead);
         }))
         return;
-    m_context.navigator.open(screen);
+    m_context.navigator.open(screen, note);
 }

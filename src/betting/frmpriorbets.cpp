@@ -4,6 +4,7 @@
 #include "ui/controls.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -53,7 +54,9 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
 
 void PriorBetsPanel::showBets(const PriorBets &prior)
 {
-    lblpriorbettor->setText(prior.name);
+    lblpriorbettor->setText(lblpriorbettor->fontMetrics().elidedText(prior.name, Qt::ElideRight,
+                                                                     lblpriorbettor->width()));
+    lblpriorbettor->setAccessibleName(prior.name);
     lstpriorbets->clear();
     lstpriorbets->addItems(prior.lines());
     lstpriorbets->scrollToBottom();

@@ -132,7 +132,7 @@ void tst_bettorlist::savedFiles()
         else
             addBettor(event.session.bettors, step.mid(1));
     }
-    saveBettors(event.session);
+    saveBettors(event.session, event.session.bettors);
     QCOMPARE(event.read(u"Bettors"_s), file(main));
     QCOMPARE(event.read(u"Bettorsbackup"_s), file(twin));
 }
@@ -154,7 +154,7 @@ void tst_bettorlist::savedCopies()
     event.session.bettors = BettorTable::parse(file("1,'AnyBettor'|2,'B'"), 10);
     event.write(u"Bettors"_s, file(onFile));
     event.write(u"Bettorsbackup"_s, file(onFile));
-    saveBettors(event.session);
+    saveBettors(event.session, event.session.bettors);
     QTEST(int(copies(event).size()), "copied");
     for (const QString &copy : copies(event))
         QCOMPARE(event.read("Saved/"_L1 + copy), file(onFile));
