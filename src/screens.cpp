@@ -10,11 +10,11 @@
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 #include "setup/frmdirb.h"
+#include "repair/frmfixb.h"
 #include "reports/frmreportb.h"
 #include "reports/frmsummb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
-#include "repair/frmfixb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 

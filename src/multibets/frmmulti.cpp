@@ -302,7 +302,7 @@ void frmmulti::connectControls()
     for (const auto &[button, screen] : ways) {
         button->setEnabled(m_context.navigator.has(screen));
         connect(button, &QPushButton::clicked, this,
-                [this, screen] { m_context.navigator.open(screen); });
+                [this, name = screen] { m_context.navigator.open(name); });
     }
 }
 

@@ -19,7 +19,7 @@ struct Computer : TestEvent
 {
     explicit Computer(const QString &thumb) { plugIn(thumb); }
 
-    QString driveLink() const { return QDir::cleanPath(path(u"../../F"_s)); }
+    QString driveLink() const { return session.paths.toHost(u"C:\\"_s) + "/../F"_L1; }
     void plugIn(const QString &thumb) const { QFile::link(thumb, driveLink()); }
     void pullOut() const { QFile::remove(driveLink()); }
 
