@@ -9,6 +9,7 @@
 #include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
+#include "setup/frmdirb.h"
 #include "repair/frmfixb.h"
 #include "reports/frmreportb.h"
 #include "reports/frmsummb.h"
@@ -38,6 +39,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
         screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
         screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),

@@ -9,6 +9,7 @@ struct SlipText
 {
     int column = 0;
     QString text;
+    bool endsAligned = false; // on paper its end, not its start, lines up with the lines around it
 };
 
 using SlipLine = QList<SlipText>;

@@ -61,6 +61,14 @@ int paintSlip(const Slip &slip, QPagedPaintDevice &device)
     const auto paintLine = [&](const SlipLine &line) {
         double x = 0;
         for (const SlipText &part : line) {
+            if (part.endsAligned) {
+                const QString text = part.text.trimmed();
+                const double end = (part.column - 1 + double(part.text.size())) * columnWidth;
+                x = std::max(x, end - metrics.horizontalAdvance(text));
+                painter.drawText(QPointF(x, y + metrics.ascent()), text);
+                x += metrics.horizontalAdvance(text);
+                continue;
+            }
             if (part.column > 0)
                 x = std::max(x, (part.column - 1) * columnWidth);
             x += paintText(x, part.text);
