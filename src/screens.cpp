@@ -3,16 +3,17 @@
 #include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
+#include "betting/frmsheetbnw.h"
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
 #include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
-#include "setup/frmdirb.h"
 #include "repair/frmfixb.h"
 #include "reports/frmreportb.h"
 #include "reports/frmsummb.h"
+#include "setup/frmdirb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
 #include "transfer/frmdrives.h"
@@ -50,6 +51,8 @@ std::vector<ScreenEntry> allScreens()
         screen<frmmainld>(u"frmmainld"_s, u"Thumb Drive to Main Computer"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
         screen<frmreportb>(u"frmreportb"_s, u"Print Reports"_s, u"cmdreturn"_s),
+        screen<frmsheetbnw>(u"frmsheetbnw"_s, u"Using network files as master computer"_s,
+                            u"cmdmainmenu"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
         screen<frmsummb>(u"frmsummb"_s, u"Race Summary"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),

@@ -150,7 +150,8 @@ void frmbettorsb::connectControls()
     connect(txtbettorname, &QLineEdit::returnPressed, this, &frmbettorsb::add);
     connect(cmddelete, &QPushButton::clicked, this, &frmbettorsb::deleteSelected);
     connect(cmdclearbettors, &QPushButton::clicked, this, &frmbettorsb::clearAll);
-    connect(cmdbetsheet, &QPushButton::clicked, this, [this] { leaveTo(betSheetScreen(m_context.session.settings)); });
+    connect(cmdbetsheet, &QPushButton::clicked, this,
+            [this] { leaveTo(betSheetScreen(m_context.session.settings)); });
     connect(cmdreturn, &QPushButton::clicked, this, [this] { leaveTo(u"frmmenub"_s); });
     connect(cbobettornames, &QListWidget::itemSelectionChanged, this, &frmbettorsb::showSelected);
     cbobettornames->installEventFilter(this);

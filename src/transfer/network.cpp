@@ -101,6 +101,19 @@ QString shareFolder(const QString &computer)
     return u"\\\\"_s + computer + u"\\Tshare\\"_s;
 }
 
+bool isShareMissing(const FileError &error)
+{
+    switch (error.number()) {
+    case ErrorNumber::BadFileName:
+    case ErrorNumber::PathNotFound:
+    case ErrorNumber::DeviceUnavailable:
+    case ErrorNumber::DiskNotReady:
+        return true;
+    default:
+        return false;
+    }
+}
+
 QString startAsMaster(Session &session, const QString &computer)
 {
     Settings &settings = session.settings;
