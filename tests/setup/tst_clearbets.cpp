@@ -172,7 +172,8 @@ void tst_clearbets::firstUseAfterwards()
     Session &session = event.session;
     LoadRaceBets(session);
     keepTwins(session, RecordFile::Bets);
-    deleteTwins(session, RecordFile::Bets);
+    QVERIFY(!deleteTwins(session, RecordFile::Bets, RaceStakes())); // not what was read
+    QVERIFY(deleteTwins(session, RecordFile::Bets, straightStakes(session)));
     QCOMPARE(session.bets.rows.size(), std::size_t(0));
     QCOMPARE(session.pools.amount(totalsRow, totalColumn), 0.0F);
     QCOMPARE(LoadRaceBets(session), QString());
@@ -209,10 +210,10 @@ void tst_clearbets::powerLoss()
         fill(event, bets, multibets);
     };
     const auto clear = [&] {
-        for (const RecordFile file : {RecordFile::Bets, RecordFile::Multibets}) {
-            keepTwins(event.session, file);
-            deleteTwins(event.session, file);
-        }
+        keepTwins(event.session, RecordFile::Bets);
+        deleteTwins(event.session, RecordFile::Bets, straightStakes(event.session));
+        keepTwins(event.session, RecordFile::Multibets);
+        deleteTwins(event.session, RecordFile::Multibets, multibetStakes(event.session));
     };
     const auto survives = [&](const QString &base, const QByteArray &records) {
         for (const QString &twin : {u""_s, u"backup"_s}) {
