@@ -1,0 +1,163 @@
+#include "betting/bettorlist.h"
+#include "betting/placement.h"
+#include "betting/priorbets.h"
+#include "common/eventfiles.h"
+#include "common/racefiles.h"
+#include "kit/testkit.h"
+#include "racecard/scratch.h"
+#include "transfer/network.h"
+
+#include <QDir>
+#include <QProcess>
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+// Several computers on one shared folder, each a process of its own: this program started again
+// with the part that it plays.
+
+namespace {
+
+constexpr int placers = 4;
+constexpr int sheets = 500; // of each placer, spread over the races
+constexpr int races = 3;
+constexpr int rounds = 60; // of the computer that deletes, scratches and adds bettors
+constexpr int scratchedPost = 20;
+constexpr int newBettorEvery = 50;
+
+// Lets the session's computer find \\HOST\Tshare in the folder.
+void connectShare(const TestEvent &event, const QString &share)
+{
+    const QString network = event.session.paths.toHost(u"C:\\"_s) + "/../../network/HOST"_L1;
+    QDir().mkpath(network);
+    QFile::link(share, QDir::cleanPath(network) + "/Tshare"_L1);
+}
+
+void addBettorNamed(Session &session, const QString &name)
+{
+    loadBettors(session, u"Bettors input"_s);
+    const BettorTable asRead = session.bettors;
+    addBettor(session.bettors, name);
+    saveBettors(session, asRead);
+}
+
+// One bet a sheet; the amounts tell the sheets apart.
+void placeSheets(Session &session, int placer)
+{
+    for (int sheet = 1; sheet <= sheets; ++sheet) {
+        session.settings.currentRace = sheet % races + 1;
+        BetEntries entries;
+        entries.add(sheet % 14 + 1, BetType::Win, float(sheet));
+        placeBets(session, entries, 10 + placer);
+        if (sheet % newBettorEvery == 0) {
+            addBettorNamed(session, u"NEW-%1-%2"_s.arg(placer).arg(sheet));
+        }
+    }
+}
+
+// Bets of bettor 50 are placed and deleted again, those of bettor 51 scratched.
+void manageRaces(Session &session)
+{
+    for (int round = 1; round <= rounds; ++round) {
+        session.settings.currentRace = round % races + 1;
+        BetEntries own;
+        own.add(1, BetType::Show, 5);
+        placeBets(session, own, 50);
+        // A list that another computer has outdated deletes nothing; it is made again.
+        while (deletePriorBets(session, loadPriorBets(session, 50, u"FIFTY"_s).bets).listWasStale) {
+        }
+        BetEntries scratched;
+        scratched.add(scratchedPost, BetType::Win, 5);
+        placeBets(session, scratched, 51);
+        LoadRaceBets(session);
+        removeBetsOn(session, scratchedPost, session.bets.rows.size());
+        addBettorNamed(session, u"MANAGED-%1"_s.arg(round));
+    }
+}
+
+int playPart(const QString &share, int placer)
+{
+    TestEvent event(false);
+    connectShare(event, share);
+    startAsSatellite(event.session, u"HOST"_s);
+    if (placer > 0)
+        placeSheets(event.session, placer);
+    else
+        manageRaces(event.session);
+    return 0;
+}
+
+// How often each bet of the placers stands in a file; damaged lines and others' bets fail.
+std::map<std::pair<int, int>, int> countBets(const QByteArray &bytes)
+{
+    std::map<std::pair<int, int>, int> counts;
+    const BetTable bets = parseBets(bytes.toStdString());
+    for (const BetRow &row : bets.rows) {
+        if (row.damaged || row.bet.bettor >= 50)
+            qFatal("stray line: %s", std::string(bets.line(row)).c_str());
+        ++counts[{int(row.bet.bettor) - 10, int(row.bet.amount)}];
+    }
+    return counts;
+}
+
+} // namespace
+
+class tst_sharedfolder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // Every placed record is there once, in file and twin, every line whole; every bettor that was
+    // added is there, under a number of its own.
+    void noBetIsLost()
+    {
+        QTemporaryDir share;
+        TestEvent master;
+        connectShare(master, share.path());
+        startAsMaster(master.session, u"HOST"_s);
+
+        std::vector<std::unique_ptr<QProcess>> parts;
+        for (int placer = 0; placer <= placers; ++placer) {
+            parts.push_back(std::make_unique<QProcess>());
+            parts.back()->setProcessChannelMode(QProcess::ForwardedChannels);
+            parts.back()->start(QCoreApplication::applicationFilePath(),
+                                {u"part"_s, share.path(), QString::number(placer)});
+        }
+        for (const auto &part : parts) {
+            QVERIFY(part->waitForFinished(100'000));
+            QCOMPARE(part->exitStatus(), QProcess::NormalExit);
+            QCOMPARE(part->exitCode(), 0);
+        }
+
+        for (int race = 1; race <= races; ++race) {
+            const auto inMain = countBets(master.read(u"Bets"_s + raceName(race)));
+            QVERIFY(inMain == countBets(master.read(u"Betsbackup"_s + raceName(race))));
+            for (int placer = 1; placer <= placers; ++placer) {
+                for (int sheet = 1; sheet <= sheets; ++sheet) {
+                    const auto bet = inMain.find({placer, sheet});
+                    const int found = bet == inMain.end() ? 0 : bet->second;
+                    QCOMPARE(found, sheet % races + 1 == race ? 1 : 0);
+                }
+            }
+        }
+        for (const auto &twin : {u"Bettors"_s, u"Bettorsbackup"_s}) {
+            const auto bettors = BettorTable::parse(master.read(twin), defaultBettorLimit);
+            QSet<int> numbers;
+            for (const Bettor &bettor : bettors.sortedBettors())
+                numbers.insert(bettor.number);
+            QCOMPARE(numbers.size(), 1 + rounds + placers * sheets / newBettorEvery);
+            QCOMPARE(bettors.sortedBettors().size(), numbers.size());
+        }
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    if (argc == 4 && QByteArray(argv[1]) == "part") {
+        const QCoreApplication application(argc, argv);
+        return playPart(QString::fromLocal8Bit(argv[2]), QByteArray(argv[3]).toInt());
+    }
+    return runTest<tst_sharedfolder>(argc, argv);
+}
+#include "tst_sharedfolder.moc"
