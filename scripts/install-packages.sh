@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs by apt what the named groups of packages lack; nothing when all is there.
-# Usage: install-packages.sh GROUP..., with the groups run, display, test and bench.
+# Usage: install-packages.sh GROUP..., with the groups run, display, test, bench and share.
 set -euo pipefail
 
 declare -A groups=(
@@ -8,6 +8,7 @@ declare -A groups=(
     [display]="tigervnc-standalone-server openbox"
     [test]="git clang-format clang-tidy poppler-utils"
     [bench]="libbenchmark-dev mawk sqlite3"
+    [share]="samba smbclient cifs-utils"
 )
 
 missing=()

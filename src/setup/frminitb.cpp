@@ -238,7 +238,7 @@ void frminitb::connectControls()
     for (const auto &[button, name] : screens) {
         button->setEnabled(m_context.navigator.has(name));
         connect(button, &QPushButton::clicked, this,
-                [this, screen = name] { m_context.navigator.open(screen); });
+                [this, screen = name] { openScreen(screen); });
     }
 }
 
@@ -321,6 +321,15 @@ void frminitb::takeBanner()
         return;
     showSettings();
     showMessage(this, u"Banner information changed"_s, u"Setup"_s);
+}
+
+void frminitb::openScreen(const QString &name)
+{
+    // The directory is the shared folder as long as computers bet together.
+    if (name == "frmdirb"_L1 && m_context.session.settings.networkMode != 0)
+        lblnote->setText(u"End networked betting on the main menu first."_s);
+    else
+        m_context.navigator.open(name);
 }
 
 void frminitb::showNote()

@@ -35,6 +35,7 @@ private:
 
     void changeRaceTo(int race);
     void takeBanner();
+    void openScreen(const QString &name);
     void showNote();
     void switchReceipts();
     void askReceiptFont();

@@ -3,6 +3,7 @@
 #include "common/init.h"
 #include "kit/testkit.h"
 #include "transfer/network.h"
+#include "ui/mainwindow.h"
 
 #include <QDir>
 
@@ -139,6 +140,79 @@ private slots:
         QVERIFY(!endNetworkMode(master.session));
         QCOMPARE(master.session.settings.eventDirectory, u"C:\\Trelawn\\"_s);
         QCOMPARE(master.session.settings.networkMode, 0);
+    }
+
+    // The dialogue on the menu: what each answer leads to.
+    void startedFromTheMenu_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("status");
+        QTest::addColumn<QString>("directory");
+        const QString own = networkNameOf(QSysInfo::machineHostName());
+        const QString local = u"C:\\Trelawn\\"_s;
+        QTest::newRow("Cancel leaves everything")
+            << int(Answer::Cancel) << QString() << QString() << local;
+        QTest::newRow("master") << int(Answer::Yes) << QString()
+                                << u"Using networked files as master computer"_s
+                                << shareFolder(own);
+        QTest::newRow("master without a share")
+            << int(Answer::Yes) << u"missing"_s << QString() << shareFolder(own);
+        QTest::newRow("satellite")
+            << int(Answer::No) << u"HOST"_s << u"Using networked files as satellite computer"_s
+            << shareFolder(u"HOST"_s);
+        QTest::newRow("satellite of a wrong name")
+            << int(Answer::No) << u"NOBODY"_s << QString() << local;
+        QTest::newRow("satellite without an answer")
+            << int(Answer::No) << u""_s << QString() << local;
+    }
+    void startedFromTheMenu()
+    {
+        QFETCH(int, answer);
+        QFETCH(QString, typed);
+        QFETCH(QString, status);
+        const QString own = networkNameOf(QSysInfo::machineHostName());
+        QTemporaryDir share;
+        Computer other(share.path());
+        startAsMaster(other.session, u"HOST"_s);
+        Computer computer(share.path());
+        if (typed != "missing"_L1) {
+            QDir().mkpath(computer.network() + "/../"_L1 + own);
+            QFile::link(share.path(), computer.network() + "/../"_L1 + own + "/Tshare"_L1);
+        }
+
+        BoxRobot boxes;
+        const QString none;
+        boxes.expect(u"Is this the master computer?"_s, u"TRELAWN"_s, Answer(answer));
+        if (answer == int(Answer::Yes)) {
+            boxes.expect("Master computer name is "_L1 + own
+                             + " Make a note - you will need to enter this name on satellite "
+                               "computers"_L1,
+                         u"TRELAWN"_s);
+            if (typed == "missing"_L1)
+                boxes.expect(u"Network not available - ending network mode"_s, u"TRELAWN"_s);
+        } else if (answer == int(Answer::No)) {
+            boxes.expectInput(u"Enter master computer name"_s, u"Networked Input"_s, typed);
+            if (typed == "NOBODY"_L1)
+                boxes.expect(u"Invalid master computer name"_s, u"TRELAWN"_s);
+        }
+        clickButton(computer.open(u"frmmenub"_s), u"cmdstartnw"_s);
+        QVERIFY(boxes.allCame());
+        const Settings &settings = computer.session.settings;
+        QCOMPARE(settings.networkMode, status.isEmpty() ? 0 : 1);
+        QTEST(settings.eventDirectory, "directory");
+        QTEST(labelText(computer.current(), u"lblnetwork"_s), "status");
+        QCOMPARE(child<QWidget>(computer.current(), u"cmdendnw"_s)->isEnabled(), !status.isEmpty());
+        if (status.isEmpty())
+            return;
+        clickButton(computer.current(), u"cmdbet"_s);
+        QCOMPARE(computer.navigator().currentName(), u"frmsheetbnw"_s);
+        QCOMPARE(computer.navigator().window()->windowTitle(),
+                 u"Using network files as master computer"_s);
+        clickButton(computer.open(u"frmmenub"_s), u"cmdendnw"_s);
+        QCOMPARE(settings.networkMode, 0);
+        QCOMPARE(settings.eventDirectory, u"C:\\Trelawn\\"_s);
+        QCOMPARE(labelText(computer.current(), u"lblnetwork"_s), none);
     }
 };
 
