@@ -8,8 +8,8 @@ scripts/install-packages.sh run bench
 cmake --preset bench >/dev/null
 cmake --build --preset bench -- --quiet
 
-echo "== A full race: 20,000 bets, 2,000 bettors"
-build/bench/bench/bench_race --benchmark_color=false "$@" 2>/dev/null
+echo "== A full race: 20,000 bets or multibets, 2,000 bettors"
+build/bench/bench/bench_night --benchmark_color=false "$@" 2>/dev/null
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT

@@ -8,10 +8,11 @@
 #include "common/recordfile.h"
 #include "payoff/settle.h"
 #include "screens.h"
-#include "ui/look.h"
 #include "ui/slipprinter.h"
 
-#include <QApplication>
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -159,14 +160,37 @@ void openBetSheet(benchmark::State &state)
 }
 BENCHMARK(openBetSheet)->Unit(benchmark::kMillisecond);
 
-} // namespace
-
-int main(int argc, char *argv[])
+// The repair screen: the bet file in its grid, then sorted by amount.
+void showBetFile(benchmark::State &state)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    applyLook(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    FullEvent event;
+    SlipPrinter printer;
+    Navigator navigator(event.session, printer, allScreens());
+    navigator.open(u"frmfixb"_s);
+    navigator.current()->findChild<QAbstractButton *>(u"optflight_1"_s)->click();
+    for (auto _ : state) {
+        navigator.current()->findChild<QAbstractButton *>(u"cmdbets"_s)->click();
+        QCoreApplication::processEvents();
+    }
 }
+BENCHMARK(showBetFile)->Unit(benchmark::kMillisecond);
+
+void sortBetFile(benchmark::State &state)
+{
+    FullEvent event;
+    SlipPrinter printer;
+    Navigator navigator(event.session, printer, allScreens());
+    navigator.open(u"frmfixb"_s);
+    QWidget *screen = navigator.current();
+    screen->findChild<QAbstractButton *>(u"optflight_1"_s)->click();
+    screen->findChild<QAbstractButton *>(u"cmdbets"_s)->click();
+    auto *grid = screen->findChild<QAbstractItemView *>(u"grdfix"_s);
+    grid->setCurrentIndex(grid->model()->index(0, 6));
+    for (auto _ : state) {
+        screen->findChild<QAbstractButton *>(u"chknum"_s)->click();
+        QCoreApplication::processEvents();
+    }
+}
+BENCHMARK(sortBetFile)->Unit(benchmark::kMillisecond);
+
+} // namespace
