@@ -2,6 +2,8 @@
 
 #include "betting/frmlistb.h"
 #include "racecard/frmhorsesb.h"
+#include "transfer/frmdrives.h"
+#include "transfer/frmmc.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,5 +23,10 @@ std::vector<ScreenEntry> allScreens()
     return {
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmmc>(u"frmmc"_s, u"Multiple Computers"_s, u"cmdreturn"_s),
+        screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
+        screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
+        screen<frmsatun>(u"frmsatun"_s, u"Satellite Computer to Thumb Drive"_s, u"cmdreturn"_s),
+        screen<frmmainld>(u"frmmainld"_s, u"Thumb Drive to Main Computer"_s, u"cmdreturn"_s),
     };
 }

@@ -5,8 +5,11 @@
 #include "common/recordfile.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -96,6 +99,40 @@ QString savedFolder(const Session &session)
     return session.paths.toHost(session.settings.eventDirectory + u"Saved"_s);
 }
 
+EventLock::EventLock(const Session &session)
+{
+    using namespace std::chrono_literals;
+    if (session.settings.networkMode == 0)
+        return;
+    m_lock.emplace(eventFolder(session) + "/Trelawn.lock"_L1);
+    m_lock->setStaleLockTime(10s);
+    const QDeadlineTimer patience(2s);
+    while (!m_lock->tryLock(0ms) && m_lock->error() == QLockFile::LockFailedError
+           && !patience.hasExpired())
+        QThread::msleep(QRandomGenerator::global()->bounded(2U, 12U));
+}
+
+void changeTwins(Session &session, RecordFile file, int race,
+                 const std::function<QByteArray(const QByteArray &)> &change,
+                 const QString &inputLabel, const QString &label, const QString &twinLabel)
+{
+    const EventLock lock(session);
+    const QString main = mainFile(session, file, race);
+    session.settings.operationLabel = inputLabel;
+    QByteArray found = readRecordFile(main);
+    QByteArray changed;
+    for (bool same = false; !same;) {
+        session.settings.operationLabel = label;
+        changed = change(found);
+        if (changed.size() < found.size())
+            keepTwinsInSaved(session, file, race);
+        const QByteArray now = readRecordFile(main);
+        same = now == found;
+        found = now;
+    }
+    rewriteTwins(session, file, race, changed, label, twinLabel);
+}
+
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
                   const QString &label, const QString &twinLabel)
 {
@@ -108,6 +145,7 @@ void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray 
 void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
                  const QString &label, const QString &twinLabel)
 {
+    const EventLock lock(session);
     session.settings.operationLabel = label;
     const QString main = mainFile(session, file, race);
     appendRecords(main, lines);

@@ -84,14 +84,11 @@ void AppendBet(Session &session, std::span<const Bet> bets)
 
 void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped)
 {
-    const int race = session.settings.currentRace;
-    session.settings.operationLabel = u"Bets input"_s;
-    readBets(session);
-    const std::string kept = betFileWithout(session.bets, dropped);
-    session.settings.operationLabel = u"Bets Output"_s;
-    if (kept.size() < session.bets.bytes.size())
-        keepTwinsInSaved(session, RecordFile::Bets, race);
-    rewriteTwins(session, RecordFile::Bets, race, QByteArray::fromStdString(kept), u"Bets Output"_s,
-                 u"Betsbackup Output"_s);
+    const auto withoutDropped = [&](const QByteArray &bytes) {
+        session.bets = parseBets(bytes.toStdString());
+        return QByteArray::fromStdString(betFileWithout(session.bets, dropped));
+    };
+    changeTwins(session, RecordFile::Bets, session.settings.currentRace, withoutDropped,
+                u"Bets input"_s, u"Bets Output"_s, u"Betsbackup Output"_s);
     LoadRaceBets(session);
 }

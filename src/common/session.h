@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/addedbets.h"
 #include "common/betrecords.h"
 #include "common/bettors.h"
 #include "common/horses.h"
@@ -17,4 +18,5 @@ struct Session
     HorseTable horses;
     BetTable bets;
     PoolTable pools;
+    QList<AddedBets> addedBets; // by the last transfer from a satellite; a row for each race
 };
