@@ -12,7 +12,6 @@ int main(int argc, char *argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"trelawn"_s);
-    QApplication::setApplicationDisplayName(u"TRELAWN"_s);
     applyLook(application);
 
     Session session;

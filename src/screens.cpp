@@ -1,7 +1,13 @@
 #include "screens.h"
 
+#include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "racecard/frmhorsesb.h"
+#include "betting/frmsheetb.h"
+#include "payoff/frmpaywinnersb.h"
+#include "racecard/frmhorsesb.h"
+#include "setup/frminitb.h"
+#include "setup/frmmenub.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 
@@ -21,6 +27,9 @@ ScreenEntry screen(const QString &name, const QString &title, const QString &clo
 std::vector<ScreenEntry> allScreens()
 {
     return {
+        screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
+        screen<frmmenub>(u"frmmenub"_s, u"TRELAWN - Main Menu"_s, u"cmdexit"_s),
+        screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmc>(u"frmmc"_s, u"Multiple Computers"_s, u"cmdreturn"_s),
@@ -28,5 +37,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
         screen<frmsatun>(u"frmsatun"_s, u"Satellite Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmmainld>(u"frmmainld"_s, u"Thumb Drive to Main Computer"_s, u"cmdreturn"_s),
+        screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
+        screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };
 }

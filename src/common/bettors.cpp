@@ -9,6 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// One more is still a number.
+constexpr int largestNumber = std::numeric_limits<int>::max() - 1;
+
 QByteArray record(const Bettor &bettor)
 {
     return QByteArray::number(bettor.number) + ',' + quotedField(bettor.name) + recordEnd;
@@ -52,8 +55,7 @@ BettorTable BettorTable::parse(const QByteArray &bytes, int limit)
         if (isBlankLine(line))
             continue;
         const bool whole = splitRecord(line, fields) && fields.size() == 2;
-        const auto number =
-            whole ? fieldInteger(fields[0], 1, std::numeric_limits<int>::max()) : std::nullopt;
+        const auto number = whole ? fieldInteger(fields[0], 1, largestNumber) : std::nullopt;
         if (!number) {
             table.m_damaged.append(QByteArray(line.data(), qsizetype(line.size())));
             continue;

@@ -59,6 +59,15 @@ QString moveFullTwinToSaved(Session &session, const QString &twin)
     return QFileInfo(twin).fileName() + " was moved to Saved as "_L1 + copy;
 }
 
+// An empty file that was not there loses nothing to a power failure: it needs no flush.
+void writeNewFile(const QString &path, const QByteArray &records)
+{
+    if (records.isEmpty() && !QFileInfo::exists(path))
+        createRecordFile(path);
+    else
+        replaceRecordFile(path, records);
+}
+
 // Creates a missing record file and its twin with the records that a new one holds.
 QString createIfMissing(Session &session, RecordFile file, int race, const QByteArray &records,
                         const QString &labelBase)
@@ -71,13 +80,22 @@ QString createIfMissing(Session &session, RecordFile file, int race, const QByte
     label = labelBase + "backup output-Setup"_L1;
     QString note = moveFullTwinToSaved(session, twin);
     label = labelBase + " output-Setup"_L1;
-    replaceRecordFile(mainFile(session, file, race), records);
+    writeNewFile(mainFile(session, file, race), records);
     label = labelBase + "backup output-Setup"_L1;
-    replaceRecordFile(twin, records);
+    writeNewFile(twin, records);
     return note;
 }
 
 } // namespace
+
+void makeEventFolder(Session &session)
+{
+    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
+    const QString folder = eventFolder(session);
+    if (session.settings.eventDirectory.startsWith("\\\\"_L1) && !QFileInfo(folder).isDir())
+        throw FileError(ErrorNumber::PathNotFound);
+    makeFolder(folder);
+}
 
 QString mainFile(const Session &session, RecordFile file, int race)
 {
@@ -112,25 +130,27 @@ EventLock::EventLock(const Session &session)
         QThread::msleep(QRandomGenerator::global()->bounded(2U, 12U));
 }
 
-void changeTwins(Session &session, RecordFile file, int race,
-                 const std::function<QByteArray(const QByteArray &)> &change,
+bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
                  const QString &inputLabel, const QString &label, const QString &twinLabel)
 {
     const EventLock lock(session);
     const QString main = mainFile(session, file, race);
     session.settings.operationLabel = inputLabel;
     QByteArray found = readRecordFile(main);
-    QByteArray changed;
-    for (bool same = false; !same;) {
+    for (;;) {
+        const std::optional<QByteArray> changed = change(found);
+        if (!changed)
+            return false;
         session.settings.operationLabel = label;
-        changed = change(found);
-        if (changed.size() < found.size())
+        if (*changed != found)
             keepTwinsInSaved(session, file, race);
         const QByteArray now = readRecordFile(main);
-        same = now == found;
+        if (now == found) {
+            rewriteTwins(session, file, race, *changed, label, twinLabel);
+            return true;
+        }
         found = now;
     }
-    rewriteTwins(session, file, race, changed, label, twinLabel);
 }
 
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
@@ -173,10 +193,12 @@ QString keepInSaved(Session &session, const QString &path)
     return name;
 }
 
-void keepTwinsInSaved(Session &session, RecordFile file, int race)
+int keepTwinsInSaved(Session &session, RecordFile file, int race)
 {
-    keepInSaved(session, mainFile(session, file, race));
-    keepInSaved(session, twinFile(session, file, race));
+    int kept = 0;
+    for (const QString &path : {mainFile(session, file, race), twinFile(session, file, race)})
+        kept += keepInSaved(session, path).isEmpty() ? 0 : 1;
+    return kept;
 }
 
 QString CreateEventFiles(Session &session)
@@ -187,8 +209,7 @@ QString CreateEventFiles(Session &session)
 
 QString createMissingEventFiles(Session &session)
 {
-    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
-    makeFolder(eventFolder(session));
+    makeEventFolder(session);
     QStringList notes;
     for (int race = 1; race <= raceCount; ++race) {
         notes += createIfMissing(session, RecordFile::Bets, race, {}, u"Bets"_s);
@@ -209,7 +230,7 @@ QString CreateMissingRaceBets(Session &session)
     const int race = session.settings.currentRace;
     const QString twin = twinFile(session, RecordFile::Bets, race);
     const QString note = moveFullTwinToSaved(session, twin);
-    replaceRecordFile(mainFile(session, RecordFile::Bets, race), {});
+    createRecordFile(mainFile(session, RecordFile::Bets, race));
     replaceRecordFile(twin, {});
     return note;
 }

@@ -33,12 +33,15 @@ private:
     std::optional<QLockFile> m_lock;
 };
 
-// Rewrites a record file and its twin with what \a change makes of the bytes of the main file. The
-// file is read afresh, and read again when another computer changed it meanwhile, so that nothing
-// written there is lost; \a change may therefore be called several times. Both files go to Saved
-// first when the new content is shorter. Sets \a inputLabel, then \a label and \a twinLabel.
-void changeTwins(Session &session, RecordFile file, int race,
-                 const std::function<QByteArray(const QByteArray &)> &change,
+// Makes the new bytes of a record file from those it holds, or nothing to leave it alone.
+using RecordChange = std::function<std::optional<QByteArray>(const QByteArray &)>;
+
+// Rewrites a record file and its twin with what \a change makes of the main file. The file is read
+// afresh, and read again when another computer wrote to it meanwhile, so that nothing written there
+// is lost; \a change may therefore be called several times. Both files go to Saved first when the
+// content changes. Sets \a inputLabel, then \a label and \a twinLabel. False when the file
+// was left alone.
+bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
                  const QString &inputLabel, const QString &label, const QString &twinLabel);
 
 // Rewrites a record file and then its twin with the same records.
@@ -54,8 +57,13 @@ void appendTwins(Session &session, RecordFile file, int race, const QByteArray &
 // needs none. Returns the copy's file name, or an empty text.
 QString keepInSaved(Session &session, const QString &path);
 
-// The same for a record file and its twin, before they are shortened, deleted or replaced.
-void keepTwinsInSaved(Session &session, RecordFile file, int race);
+// The same for a record file and its twin, before they are shortened, deleted or replaced. Returns
+// the number of copies.
+int keepTwinsInSaved(Session &session, RecordFile file, int race);
+
+// Makes the event directory (label "Bets drivedir-Setup"); one that is there already is no error.
+// The shared folder of another computer is never made here: without it the error is 76.
+void makeEventFolder(Session &session);
 
 // What GO TO MENU does: Init, the event directory and every missing record file of the 12 races.
 // Existing files are never touched; a full twin of a missing file is moved to Saved first. Returns

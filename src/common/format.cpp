@@ -99,7 +99,7 @@ double numericValue(const QString &text)
 bool isNumeric(const QString &text)
 {
     static const QRegularExpression number(
-        uR"(^\s*[+-]?\$?[+-]?(\d{1,3}(,\d{3})+|\d+)?(\.\d*)?\s*$)"_s);
+        uR"(^\s*([+-]?\$?|\$[+-])(\d{1,3}(,\d{3})+|\d+)?(\.\d*)?\s*$)"_s);
     return number.match(text).hasMatch() && text.contains(QRegularExpression(u"[0-9]"_s));
 }
 

@@ -7,6 +7,8 @@
 #include <QMap>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,9 +46,20 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
+// A path below the root of a drive. The folder above a root is the root itself, so that no path
+// leads out of its drive. Throws 52 for a second colon.
 QString below(const QString &root, const QString &rest)
 {
-    return QDir::cleanPath(root + u'/' + QString(rest).replace(u'\\', u'/'));
+    if (rest.contains(u':'))
+        throw FileError(ErrorNumber::BadFileName);
+    QStringList names;
+    for (const QString &name : QString(rest).replace(u'\\', u'/').split(u'/')) {
+        if (name == ".."_L1)
+            names.resize(std::max<qsizetype>(0, names.size() - 1));
+        else if (!name.isEmpty() && name != "."_L1)
+            names.append(name);
+    }
+    return QDir::cleanPath(root + u'/' + names.join(u'/'));
 }
 
 } // namespace
@@ -66,7 +79,7 @@ QString HostPaths::toHost(const QString &path) const
     if (hasNativeDrives())
         return QDir::fromNativeSeparators(path);
     if (path.startsWith("\\\\"_L1)) {
-        const QStringList names = path.mid(2).split(u'\\', Qt::SkipEmptyParts);
+        const QStringList names = path.mid(2).replace(u'/', u'\\').split(u'\\', Qt::SkipEmptyParts);
         if (names.size() < 2 || names.contains(u".."_s))
             throw FileError(ErrorNumber::BadFileName);
         QString root = mountedShare(names[0], names[1]);

@@ -2,20 +2,21 @@
 
 #include "common/recordfile.h"
 
+#include <QLocale>
+
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString initPath(const Session &session)
-{
-    return session.paths.toHost(session.settings.initDrive + u"\\Trelawn\\Init"_s);
-}
+// More bets or bettors than any table could hold: a limit above counts as damage.
+constexpr int highestLimit = 1'000'000;
 
-QByteArray number(float value)
+// The number with all the digits it needs and never an exponent.
+QByteArray number(double value)
 {
-    return QByteArray::fromStdString(recordNumber(value));
+    return QByteArray::number(value, 'f', QLocale::FloatingPointShortest);
 }
 
 // The values of one Init line that could be used; the others stay empty.
@@ -41,6 +42,14 @@ public:
         return field <= m_fields.size() ? fieldText(m_fields[field - 1]) : QString();
     }
 
+    // A text, or nothing where a damaged line holds something else.
+    QString soundText(std::size_t field) const
+    {
+        if (field > m_fields.size() || (!m_whole && !m_fields[field - 1].quoted))
+            return {};
+        return storableText(text(field));
+    }
+
     // A whole number from lowest to highest, else \a otherwise.
     int integer(std::size_t field, int lowest, int highest, int otherwise)
     {
@@ -51,11 +60,11 @@ public:
         return otherwise;
     }
 
-    float number(std::size_t field, float otherwise)
+    double number(std::size_t field, double otherwise)
     {
         if (field <= m_fields.size()) {
             if (const auto value = fieldNumber(m_fields[field - 1]))
-                return float(*value);
+                return *value;
         }
         m_whole = false;
         return otherwise;
@@ -70,6 +79,11 @@ private:
 };
 
 } // namespace
+
+QString initFile(const Session &session)
+{
+    return session.paths.toHost(session.settings.initDrive + u"\\Trelawn\\Init"_s);
+}
 
 QString defaultEventDirectory(const Settings &settings)
 {
@@ -86,17 +100,20 @@ bool loadInit(Session &session)
 {
     Settings &settings = session.settings;
     settings.operationLabel = u"Init open-Setup"_s;
-    const QByteArray bytes = readRecordFile(initPath(session));
+    const QByteArray bytes = readRecordFile(initFile(session));
     constexpr int largest = std::numeric_limits<int>::max();
 
     InitFields fields(bytes);
     for (std::size_t field : {3U, 5U, 6U, 12U, 13U})
         fields.demandNumber(field);
-    const bool readable = !fields.text(1).isEmpty() || fields.isWhole();
-    settings.banner = readable ? fields.text(1) : u"Kentucky Derby"_s;
-    settings.eventDirectory = fields.text(2);
-    if (settings.eventDirectory.isEmpty())
-        settings.eventDirectory = defaultEventDirectory(settings);
+    settings.banner = fields.soundText(1);
+    if (settings.banner.isEmpty() && !fields.isWhole())
+        settings.banner = u"Kentucky Derby"_s;
+    settings.eventDirectory = fields.soundText(2);
+    while (settings.eventDirectory.endsWith(u'\\'))
+        settings.eventDirectory.chop(1);
+    settings.eventDirectory = settings.eventDirectory.isEmpty() ? defaultEventDirectory(settings)
+                                                                : settings.eventDirectory + u'\\';
     settings.fontIndex = fields.integer(3, 1, largest, 0);
     settings.receiptPrinting = fields.text(4) == "no"_L1 ? u"no"_s : u"yes"_s;
     settings.roundingIndex = fields.integer(5, 1, 5, 0);
@@ -104,10 +121,27 @@ bool loadInit(Session &session)
     const Settings defaults;
     for (std::size_t i = 0; i < settings.reserved.size(); ++i)
         settings.reserved[i] = fields.number(7 + i, defaults.reserved[i]);
-    settings.betLimit = fields.integer(12, 1, largest, defaultBetLimit);
-    settings.bettorLimit = fields.integer(13, 1, largest, defaultBettorLimit);
+    settings.betLimit = fields.integer(12, 1, highestLimit, defaultBetLimit);
+    settings.bettorLimit = fields.integer(13, 1, highestLimit, defaultBettorLimit);
     settings.computerMode = fields.number(14, 0);
     return fields.isWhole();
+}
+
+bool rereadInit(Session &session)
+{
+    Settings &settings = session.settings;
+    const Settings before = settings;
+    if (!loadInit(session)) {
+        settings = before;
+        return false;
+    }
+    settings.eventDirectory = before.eventDirectory;
+    settings.currentRace = before.currentRace;
+    if (settings.fontIndex == 0)
+        settings.fontIndex = before.fontIndex;
+    if (settings.roundingIndex == 0)
+        settings.roundingIndex = before.roundingIndex;
+    return true;
 }
 
 void setFirstInit(Session &session)
@@ -126,7 +160,7 @@ void saveInit(Session &session, InitWriter writer, const QString &openLabel,
 {
     Settings &settings = session.settings;
     settings.operationLabel = openLabel;
-    const QString path = initPath(session);
+    const QString path = initFile(session);
     const QString directory =
         settings.networkMode != 0 ? defaultEventDirectory(settings) : settings.eventDirectory;
     QByteArray record = quotedField(settings.banner) + ',' + quotedField(directory) + ','
@@ -136,7 +170,7 @@ void saveInit(Session &session, InitWriter writer, const QString &openLabel,
                         + QByteArray::number(settings.currentRace) + ',';
     switch (writer) {
     case InitWriter::Setup:
-        for (const float value : settings.reserved)
+        for (const double value : settings.reserved)
             record += number(value) + ',';
         record += "5,";
         break;

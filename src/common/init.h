@@ -11,15 +11,24 @@ enum class InitWriter {
     Other,     // everybody else: 0.25, 1, 5, 10, 5
 };
 
+// This computer's path of Init.
+QString initFile(const Session &session);
+
 // Init drive + "\Trelawn\", in backslash form: the default event directory.
 QString defaultEventDirectory(const Settings &settings);
 
 // Makes the folder of Init on the Init drive (label "Init directory-Setup").
 void makeInitFolder(Session &session);
 
-// Reads Init into the settings. What a damaged Init does not give is set to its default, and the
-// result is false. Throws FileError 53 when there is no Init (label "Init open-Setup").
+// Reads Init into the settings. What a damaged Init does not give is set to its default (a race,
+// rounding or font index that it does not give stays unset), and the result is false. Throws
+// FileError 53 when there is no Init (label "Init open-Setup").
 bool loadInit(Session &session);
+
+// Reads Init again in the middle of an event. The event directory, the race and what Init does not
+// give stay as they are in this run; a damaged Init changes nothing, and the result is false.
+// Throws FileError.
+bool rereadInit(Session &session);
 
 // The settings of a first start, when there is no Init.
 void setFirstInit(Session &session);

@@ -44,6 +44,17 @@ void loadBettors(Session &session, const QString &label)
     session.bettors = BettorTable::parse(bytes, session.settings.bettorLimit);
 }
 
+int clearBettors(Session &session, const QString &labelEnd)
+{
+    const QString label = "Bettors output"_L1 + labelEnd;
+    session.settings.operationLabel = label;
+    const int kept = keepTwinsInSaved(session, RecordFile::Bettors, 0);
+    rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), label,
+                 "Bettorsbackup output"_L1 + labelEnd);
+    session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
+    return kept;
+}
+
 QString LoadRaceBets(Session &session)
 {
     QString note;
@@ -82,13 +93,18 @@ void AppendBet(Session &session, std::span<const Bet> bets)
                 QByteArray::fromStdString(lines), u"Bets Append"_s, u"Betsbackup Append"_s);
 }
 
-void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped)
+bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
+                const std::function<bool()> &confirmed, const QString &label,
+                const QString &twinLabel)
 {
-    const auto withoutDropped = [&](const QByteArray &bytes) {
+    const auto withoutDropped = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
         session.bets = parseBets(bytes.toStdString());
+        if (confirmed && !confirmed())
+            return {};
         return QByteArray::fromStdString(betFileWithout(session.bets, dropped));
     };
-    changeTwins(session, RecordFile::Bets, session.settings.currentRace, withoutDropped,
-                u"Bets input"_s, u"Bets Output"_s, u"Betsbackup Output"_s);
+    const bool removed = changeTwins(session, RecordFile::Bets, session.settings.currentRace,
+                                     withoutDropped, u"Bets input"_s, label, twinLabel);
     LoadRaceBets(session);
+    return removed;
 }

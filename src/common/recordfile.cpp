@@ -178,7 +178,8 @@ QByteArray quotedField(const QString &text)
 
 QString decodeText(std::string_view bytes)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    // Stateless, so that a letter cut off at the end counts as an error too.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
     QString text = utf8.decode(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
     if (!utf8.hasError())
         return text;

@@ -1,8 +1,8 @@
 #include "common/recordlines.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace {
 
@@ -28,11 +28,10 @@ bool nextRecordLine(std::string_view &rest, std::string_view &line)
     const size_t end = rest.find('\n');
     line = rest.substr(0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    if (line.ends_with('\r'))
+    // A carriage return too many is left by transfers that translate line ends twice.
+    while (line.ends_with('\r') || line.ends_with(endOfFileMark))
         line.remove_suffix(1);
-    while (line.ends_with(endOfFileMark))
-        line.remove_suffix(1);
-    while (line.starts_with(endOfFileMark))
+    while (line.starts_with('\r') || line.starts_with(endOfFileMark))
         line.remove_prefix(1);
     return true;
 }
@@ -75,7 +74,7 @@ bool splitRecord(std::string_view line, std::vector<RecordField> &fields)
 std::optional<double> fieldNumber(const RecordField &field)
 {
     std::string_view text = trimmed(field.text);
-    if (text.starts_with('+'))
+    if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -94,17 +93,21 @@ std::optional<int> fieldInteger(const RecordField &field, int lowest, int highes
 
 std::string recordNumber(float value)
 {
-    char text[64];
-    const double exact = double(value);
-    std::snprintf(text, sizeof text, "%.7g", exact);
-    if (std::string_view(text).find('e') == std::string_view::npos)
-        return text;
-    std::snprintf(text, sizeof text, std::abs(exact) < 1 ? "%.10f" : "%.0f", exact);
-    std::string plain = text;
-    if (plain.find('.') != std::string::npos) {
-        plain.erase(plain.find_last_not_of('0') + 1);
-        if (plain.ends_with('.'))
-            plain.pop_back();
+    // std::to_chars knows no locale; printf would write a comma where the system's language does.
+    std::array<char, 64> buffer;
+    const auto text = [&](std::chars_format format, int precision) {
+        const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                          double(value), format, precision);
+        return std::string(buffer.data(), result.ptr);
+    };
+    std::string number = text(std::chars_format::general, 7);
+    if (number.find('e') == std::string::npos)
+        return number;
+    number = text(std::chars_format::fixed, std::abs(value) < 1 ? 10 : 0);
+    if (number.find('.') != std::string::npos) {
+        number.erase(number.find_last_not_of('0') + 1);
+        if (number.ends_with('.'))
+            number.pop_back();
     }
-    return plain;
+    return number;
 }

@@ -6,6 +6,7 @@
 #include "common/horses.h"
 #include "common/hostpath.h"
 #include "common/pools.h"
+#include "common/racepayoffs.h"
 #include "common/settings.h"
 
 // What one run of the program shares between its screens: made once in main, handed to every screen
@@ -19,4 +20,5 @@ struct Session
     BetTable bets;
     PoolTable pools;
     QList<AddedBets> addedBets; // by the last transfer from a satellite; a row for each race
+    RacePayoffs payoffs;        // while the pay-winners screen is open
 };

@@ -21,12 +21,13 @@ struct Settings
     QString receiptPrinting;
     int roundingIndex = 0;                          // 1 = 0.01 to 5 = 1.00; 0 while unset
     int currentRace = 0;                            // 1 to 12; 0 while unset
-    std::array<float, 4> reserved{0.25F, 1, 5, 10}; // fields 7 to 10, kept as they were read
+    std::array<double, 4> reserved{0.25, 1, 5, 10}; // fields 7 to 10, kept as they were read
     int betLimit = defaultBetLimit;
     int bettorLimit = defaultBettorLimit;
-    float computerMode = 0; // field 14, kept as it was read
+    double computerMode = 0; // field 14, kept as it was read
 
     // For this run only.
+    bool started = false;        // the questions of the start were asked and answered
     QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
     QString receiptFontSize;     // points, empty means 8
     QString operationLabel;      // the file operation in progress, title of its error box

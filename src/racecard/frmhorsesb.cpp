@@ -369,9 +369,12 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
     QStringList notes;
     if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
             const Slip refunds = scratchRefunds(session, post, name);
+            const std::size_t listed = session.bets.rows.size();
             if (!printOrList(m_context, refunds, session.settings.mayPrint()))
                 notes.append(u"The refund list is in its own window."_s);
-            removeBetsOn(session, post);
+            removeBetsOn(session, post, listed);
+            if (const QString later = betsNote(session.pools, post); !later.isEmpty())
+                notes.append(later + " that came meanwhile and are not refunded."_L1);
         }))
         return notes.join(u' ');
     showMessage(this, name + "Scratched"_L1, u"Horses"_s);

@@ -75,9 +75,11 @@ Slip scratchRefunds(Session &session, int post, const QString &horseName)
     return refundSlip(list);
 }
 
-void removeBetsOn(Session &session, int post)
+void removeBetsOn(Session &session, int post, std::size_t listed)
 {
-    removeBets(session, isOn(post));
+    removeBets(session, [&](const BetRow &row) {
+        return isOn(post)(row) && std::size_t(&row - session.bets.rows.data()) < listed;
+    });
 }
 
 QString betsNote(const PoolTable &pools, int post)

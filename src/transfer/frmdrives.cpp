@@ -79,7 +79,8 @@ void DriveChoice::listDrives()
     lstdrive->clear();
     lstdrive->addItem(QString());
     for (const Drive &drive : m_context.session.paths.drives()) {
-        auto *item = new QListWidgetItem(QString(drive.name + "  "_L1 + drive.label).trimmed(), lstdrive);
+        auto *item =
+            new QListWidgetItem(QString(drive.name + "  "_L1 + drive.label).trimmed(), lstdrive);
         item->setData(Qt::UserRole, drive.name);
     }
     lstdrive->setCurrentRow(0);

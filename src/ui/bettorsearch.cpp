@@ -72,8 +72,11 @@ void BettorSearch::focusSearch()
 void BettorSearch::search(const QString &typed)
 {
     const QString text = typed.toUpper();
-    if (txtname->text() != text)
+    if (txtname->text() != text) {
+        const int cursor = txtname->cursorPosition();
         txtname->setText(text);
+        txtname->setCursorPosition(cursor);
+    }
     const QString key = searchKey(text);
     if (m_typing == Typing::NarrowsList) {
         for (int row = 0; row < lstentries->count(); ++row)
@@ -106,6 +109,16 @@ void BettorSearch::moveTo(int row)
         lstentries->scrollToItem(item, QAbstractItemView::PositionAtTop);
 }
 
+// To the next row up or down that shows; at the end of the list it stays.
+void BettorSearch::step(int direction)
+{
+    int row = lstentries->currentRow() + direction;
+    while (lstentries->item(row) && lstentries->item(row)->isHidden())
+        row += direction;
+    if (lstentries->item(row))
+        moveTo(row);
+}
+
 void BettorSearch::choose(int row)
 {
     const QListWidgetItem *item = lstentries->item(row);
@@ -128,9 +141,8 @@ bool BettorSearch::eventFilter(QObject *object, QEvent *event)
             return true;
         }
         const bool moves = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up;
-        if (object == txtname && moves && lstentries->count() > 0) {
-            const int row = lstentries->currentRow() + (key->key() == Qt::Key_Down ? 1 : -1);
-            moveTo(std::clamp(row, 0, lstentries->count() - 1));
+        if (object == txtname && moves) {
+            step(key->key() == Qt::Key_Down ? 1 : -1);
             return true;
         }
     }

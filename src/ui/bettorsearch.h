@@ -47,6 +47,7 @@ protected:
 private:
     void search(const QString &typed);
     void moveTo(int row);
+    void step(int direction);
     void choose(int row);
     int rowFor(const QString &key) const;
 

@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMap>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -40,6 +41,30 @@ void applyCaption(QAbstractButton *button)
     button->setText(markedCaption(captionOf(button), letter.isEmpty() ? QChar() : letter.front()));
 }
 
+// Gives the button the first free letter of its caption; when all are taken, a button that has one
+// of them moves to another of its own. Returns false when that cannot be.
+bool takeAltLetter(QAbstractButton *button, QMap<QChar, QAbstractButton *> &owners,
+                   QSet<QChar> &tried)
+{
+    const QString letters = captionOf(button).toUpper();
+    for (const QChar letter : letters) {
+        if (letter.isLetterOrNumber() && !owners.contains(letter)) {
+            owners.insert(letter, button);
+            return true;
+        }
+    }
+    for (const QChar letter : letters) {
+        if (!letter.isLetterOrNumber() || tried.contains(letter))
+            continue;
+        tried.insert(letter);
+        if (takeAltLetter(owners.value(letter), owners, tried)) {
+            owners.insert(letter, button);
+            return true;
+        }
+    }
+    return false;
+}
+
 template<typename Widget>
 Widget *named(Widget *widget, const QString &name, const QString &toolTip)
 {
@@ -68,6 +93,15 @@ QPushButton *makeButton(QWidget *parent, const QString &name, const QString &cap
     return button;
 }
 
+void standOut(QPushButton *button)
+{
+    button->setProperty("standsOut", true);
+    QFont font = button->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.3);
+    button->setFont(font);
+}
+
 void setCaption(QAbstractButton *button, const QString &caption)
 {
     button->setProperty(captionProperty, caption);
@@ -81,20 +115,17 @@ QString captionOf(const QAbstractButton *button)
 
 void assignAltLetters(QWidget *screen)
 {
-    QSet<QChar> used;
+    QMap<QChar, QAbstractButton *> owners;
     for (QWidget *widget = screen->nextInFocusChain(); widget && widget != screen;
          widget = widget->nextInFocusChain()) {
         auto *button = qobject_cast<QAbstractButton *>(widget);
-        if (!button || !screen->isAncestorOf(button) || captionOf(button).isEmpty())
-            continue;
-        for (const QChar character : captionOf(button)) {
-            if (character.isLetterOrNumber() && !used.contains(character.toUpper())) {
-                used.insert(character.toUpper());
-                button->setProperty(altLetterProperty, QString(character));
-                applyCaption(button);
-                break;
-            }
-        }
+        QSet<QChar> tried;
+        if (button && screen->isAncestorOf(button))
+            takeAltLetter(button, owners, tried);
+    }
+    for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
+        owner.value()->setProperty(altLetterProperty, QString(owner.key()));
+        applyCaption(owner.value());
     }
 }
 
@@ -108,13 +139,19 @@ QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text, con
     return label;
 }
 
+void enlarge(QWidget *widget, double factor)
+{
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    font.setBold(true);
+    widget->setFont(font);
+}
+
 QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
                     const QString &toolTip)
 {
     QLabel *label = makeLabel(parent, name, text, toolTip);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
+    enlarge(label, 1);
     return label;
 }
 
@@ -143,10 +180,8 @@ QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
                       const QString &toolTip)
 {
     QLineEdit *field = makeDisplay(parent, name, toolTip);
-    QFont font = field->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.4);
-    field->setFont(font);
+    field->setProperty("banner", true); // for the program's look
+    enlarge(field, 1.4);
     field->setAlignment(Qt::AlignCenter);
     field->setText(text);
     field->setAccessibleName(u"Event and race"_s);
@@ -174,9 +209,11 @@ void ClickCell::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ClickCell::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier)
+    // A key held down is one press.
+    const bool space = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
+    if (space && !event->isAutoRepeat())
         emit clicked();
-    else
+    else if (!space)
         event->ignore();
 }
 

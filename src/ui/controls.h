@@ -21,6 +21,9 @@ QString memberName(const QString &array, int index);
 QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
                         const QString &toolTip = {});
 
+// Makes the button the one that stands out on its screen: the usual next step.
+void standOut(QPushButton *button);
+
 // Changes a button's caption and keeps its Alt letter if the new caption has it.
 void setCaption(QAbstractButton *button, const QString &caption);
 
@@ -79,6 +82,9 @@ struct RaceOptions
 };
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
                             const QString &captionPrefix = {});
+
+// Makes the widget's text bold and \a factor times as large.
+void enlarge(QWidget *widget, double factor);
 
 // Sets the width of a field to hold \a characters, whatever the font.
 void fitCharacters(QWidget *field, int characters);

@@ -32,9 +32,16 @@ void applyLook(QApplication &application)
     QApplication::setFont(font);
     // The banner, and the groups of controls: quiet frames under a strong head.
     application.setStyleSheet(uR"(
-QLineEdit#txtbanner { background: #1f4d34; color: #ffffff; border: none; padding: 3px; }
+QLineEdit[banner="true"] { background: #1f4d34; color: #ffffff; border: none; padding: 3px; }
 QGroupBox { border: 1px solid #b9c6bc; border-radius: 4px; margin-top: 0.7em; }
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
+QPushButton[standsOut="true"] {
+    background: #1f6b3f; color: #ffffff; border: 1px solid #123f25; border-radius: 4px;
+    padding: 0.35em 1.2em; }
+QPushButton[standsOut="true"]:hover { background: #26804c; }
+QPushButton[standsOut="true"]:pressed { background: #17512f; }
+QPushButton[standsOut="true"]:focus { border: 2px solid #e8b63a; }
+QLineEdit#txtsetup { background: transparent; border: none; }
 QLabel#lblnote { color: #7a3b00; }
 )"_s);
 }

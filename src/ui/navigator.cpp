@@ -52,19 +52,22 @@ void Navigator::open(const QString &name, const QString &note)
     m_window->show();
 }
 
-void Navigator::reopen()
+void Navigator::reopen(const QString &note)
 {
     const QString previous = m_previous;
-    open(currentName());
+    open(currentName(), note);
     m_previous = previous;
 }
 
 QWidget *Navigator::openBeside(const QString &name)
 {
     QWidget *screen = make(entry(name));
+    QWidget *focused = screen->focusWidget();
     screen->setParent(m_window, Qt::Window);
     screen->setAttribute(Qt::WA_DeleteOnClose);
     screen->setWindowTitle(entry(name).title);
+    if (focused)
+        focused->setFocus();
     screen->show();
     return screen;
 }

@@ -51,8 +51,8 @@ public:
     // when the main window does.
     QWidget *openBeside(const QString &name);
 
-    // Makes the screen shown now afresh.
-    void reopen();
+    // Makes the screen shown now afresh. A \a note goes to its status line.
+    void reopen(const QString &note = {});
 
     QWidget *current() const;
     QString currentName() const;

@@ -2,11 +2,13 @@
 
 #include "common/eventfiles.h"
 #include "common/init.h"
+#include "kit/faultywrites.h"
 #include "screens.h"
 #include "ui/controls.h"
 #include "ui/look.h"
 
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -14,6 +16,7 @@
 #include <QListWidget>
 #include <QLocale>
 #include <QMessageBox>
+#include <QRadioButton>
 
 using namespace Qt::StringLiterals;
 
@@ -29,12 +32,17 @@ BoxRobot::~BoxRobot()
 
 void BoxRobot::expect(const QString &text, const QString &title, Answer answer)
 {
-    m_queue.append({text, title, answer, false, {}});
+    m_queue.append({text, title, answer, false, {}, false});
 }
 
 void BoxRobot::expectInput(const QString &text, const QString &title, const QString &typed)
 {
-    m_queue.append({text, title, typed.isNull() ? Answer::Cancel : Answer::Ok, true, typed});
+    m_queue.append({text, title, typed.isNull() ? Answer::Cancel : Answer::Ok, true, typed, false});
+}
+
+void BoxRobot::expectInputKept(const QString &text, const QString &title)
+{
+    m_queue.append({text, title, Answer::Ok, true, {}, true});
 }
 
 bool BoxRobot::allCame()
@@ -80,6 +88,8 @@ void BoxRobot::answer(QWidget *widget)
                         + title + ": "_L1 + text;
     }
     if (input) {
+        if (expected.kept)
+            return input->accept();
         if (expected.typed.isNull())
             return input->reject();
         input->setTextValue(expected.typed);
@@ -96,19 +106,49 @@ void BoxRobot::answer(QWidget *widget)
     box->reject();
 }
 
-TestEvent::TestEvent(bool withFiles)
+namespace {
+
+// A session on the drive C: below the folder, with the settings of a first start.
+void setUp(Session &session, const QString &folder)
 {
-    session.paths = HostPaths(m_folder.path());
+    session.paths = HostPaths(folder);
     session.settings.initDrive = u"C:"_s;
+    session.settings.started = true;
     setFirstInit(session);
     session.settings.eventDirectory = defaultEventDirectory(session.settings);
     session.settings.roundingIndex = 1;
     session.settings.setReceiptPrinting(true);
     session.settings.betsCleared = u"no"_s;
-    printer.setDestination([this](const Slip &slip) { slips.append(slip); });
     makeInitFolder(session);
-    if (withFiles)
+}
+
+// The record files of a new event. Every one of them is flushed to the disk, which takes its time:
+// they are made once in a test program and copied for each event.
+QFileInfoList newEventFiles()
+{
+    static const QTemporaryDir folder;
+    static const QString made = [] {
+        Session session;
+        setUp(session, folder.path());
         CreateEventFiles(session);
+        return eventFolder(session);
+    }();
+    return QDir(made).entryInfoList(QDir::Files);
+}
+
+} // namespace
+
+TestEvent::TestEvent(bool withFiles)
+{
+    failOnQtWarnings();
+    setUp(session, m_folder.path());
+    printer.setDestination([this](const Slip &slip) { slips.append(slip); });
+    if (!withFiles)
+        return;
+    for (const QFileInfo &file : newEventFiles()) {
+        if (!QFile::copy(file.filePath(), path(file.fileName())))
+            qFatal("cannot copy %s", qPrintable(file.fileName()));
+    }
 }
 
 QString TestEvent::path(const QString &fileName) const
@@ -155,7 +195,10 @@ void clickButton(QWidget *screen, const QString &name)
     auto *button = child<QAbstractButton>(screen, name);
     if (!button->isEnabled())
         qFatal("%s is disabled", qPrintable(name));
-    QTest::mouseClick(button, Qt::LeftButton);
+    // Only the sign and the text of an option take clicks, not the room beside them.
+    const bool option = qobject_cast<QRadioButton *>(button) != nullptr;
+    QTest::mouseClick(button, Qt::LeftButton, {},
+                      option ? QPoint(8, button->height() / 2) : QPoint());
     QCoreApplication::processEvents();
 }
 
@@ -217,8 +260,17 @@ QStringList tabOrder(QWidget *screen)
 
 void prepareTestApplication(QApplication &application)
 {
+#ifdef Q_OS_LINUX
+    skipRealFlushes();
+#endif
     QLocale::setDefault(QLocale::c());
     QStandardPaths::setTestModeEnabled(true);
     applyLook(application);
-    QTest::failOnWarning(QRegularExpression(u".*"_s));
+}
+
+void failOnQtWarnings()
+{
+    // All but the offscreen platform's own, which comes with every window.
+    QTest::failOnWarning(
+        QRegularExpression(u"^(?!This plugin does not support propagateSizeHints)"_s));
 }

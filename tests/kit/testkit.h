@@ -33,6 +33,9 @@ public:
     // An input box; a null \a typed cancels it.
     void expectInput(const QString &text, const QString &title, const QString &typed);
 
+    // An input box whose text is accepted as it stands there.
+    void expectInputKept(const QString &text, const QString &title);
+
     // True when all expected boxes came and no other; call it through QVERIFY at each step's end.
     bool allCame();
 
@@ -47,6 +50,7 @@ private:
         Answer answer;
         bool input;
         QString typed;
+        bool kept = false;
     };
     void answer(QWidget *dialog);
 
@@ -55,7 +59,8 @@ private:
 };
 
 // A session whose drives lie in a temporary folder, with Init drive C: and the event directory
-// C:\Trelawn\ (made, and filled with new record files unless told otherwise), race 1.
+// C:\Trelawn\ (made, and filled with new record files unless told otherwise), race 1. From its
+// making to the end of the test function any Qt warning fails the test.
 class TestEvent
 {
 public:
@@ -107,7 +112,10 @@ QString caption(QWidget *screen, const QString &name);
 // Every focusable control in tab order, by object name, starting from the focused one.
 QStringList tabOrder(QWidget *screen);
 
-// The main of a test program: offscreen, C locale, the program's look, any Qt warning fails.
+// Lets any Qt warning fail the test function that calls this.
+void failOnQtWarnings();
+
+// The main of a test program: offscreen, C locale, the program's look.
 #define TRELAWN_TEST_MAIN(TestClass)                                                               \
     int main(int argc, char *argv[])                                                               \
     {                                                                                              \

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "betting/placement.h"
+#include "betting/priorbets.h"
+#include "ui/navigator.h"
+
+#include <QList>
+#include <QWidget>
+
+#include <functional>
+#include <utility>
+
+class BetAmountPanel;
+class BetGrid;
+class BettorSearch;
+class PriorBetsPanel;
+class QButtonGroup;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+// What tells the bet sheets for local and for network files apart.
+struct BetSheetKind
+{
+    // A button that leaves the sheet for another screen.
+    struct Exit
+    {
+        QString button;
+        QString caption;
+        QString toolTip;
+        QString screen;
+    };
+
+    QList<Exit> exits; // beside cmdbettors and cmdmainmenu, which both have
+    QString deleteCaption;
+    QString signToolTip;
+    bool readsBettorsToPlace; // other computers may have added bettors since the sheet was opened
+};
+const BetSheetKind &localBetSheet();
+const BetSheetKind &networkBetSheet();
+
+// Taking win, place and show bets: everything of frmsheetb and frmsheetbnw.
+class BetSheet : public QWidget
+{
+    Q_OBJECT
+
+public:
+    BetSheet(const ScreenContext &context, const BetSheetKind &kind, QWidget *parent);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void build();
+    QWidget *buildHead();
+    QWidget *buildBettorColumn();
+    QWidget *buildGridColumn();
+    QWidget *buildActionColumn();
+    QPushButton *makeExit(QWidget *parent, const BetSheetKind::Exit &exit);
+    void connectControls();
+    void fill();
+
+    bool trapped(const std::function<void()> &work);
+    void note(const QString &text);
+
+    void chooseRace(int race);
+    void loadRace();
+    void showOdds();
+    void loadBettorList();
+    void chooseBettor(int number, const QString &name);
+    void listPriorBets(int bettor, const QString &name);
+    void showPrior(const PriorBets &prior);
+    void addEntry(int post, BetType type);
+    void clearEntries();
+    void showEntries();
+    void showBettor();
+    void place();
+    void listPlaced(const Placement &placement);
+    void finishPlacement(const Placement &placement);
+    void stopAtNegative(const PlacementPlan &plan);
+    void deletePrior();
+    void printRefund(const DeletedBets &deleted);
+    void switchReceipts();
+    void showReceiptSetting();
+
+    ScreenContext m_context;
+    const BetSheetKind &m_kind;
+    BetEntries m_entries;
+    int m_bettor = 0; // number of the selected bettor, 0 for none
+    QString m_bettorName;
+    PriorBets m_prior; // the listed ones; they stay listed after a placement
+    bool m_open = false;
+    QList<std::pair<QString, QString>> m_openingErrors; // text and label
+
+    BettorSearch *m_search;
+    BetGrid *m_grid;
+    BetAmountPanel *m_amount;
+    PriorBetsPanel *m_priorPanel;
+    QButtonGroup *m_races;
+    QLineEdit *txtbanner;
+    QLineEdit *txtbanner1;
+    QLabel *lblselected;
+    QLabel *lbltobeplaced;
+    QPushButton *cmdplacebets;
+    QPushButton *cmdclrentries;
+    QPushButton *cmdprint;
+    QLabel *lblnote;
+};

@@ -1,0 +1,361 @@
+#include "betting/frmbettorsb.h"
+
+#include "betting/bettorlist.h"
+#include "betting/bettorrefund.h"
+#include "common/racefiles.h"
+#include "common/session.h"
+#include "ui/controls.h"
+#include "ui/listing.h"
+#include "ui/prompts.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A frame at a place of the grid, with its controls one below the other.
+QVBoxLayout *makeFrame(QWidget *parent, QGridLayout *grid, int row, int column, int rows = 1)
+{
+    auto *frame = new QGroupBox(parent);
+    grid->addWidget(frame, row, column, rows, 1);
+    return new QVBoxLayout(frame);
+}
+
+// Names are read across the table, so they stand out.
+void enlarge(QWidget *widget)
+{
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    widget->setFont(font);
+}
+
+// True for a key that types: one that yields a character, Enter, Backspace or Escape.
+bool isTyping(const QKeyEvent &key)
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Backspace:
+    case Qt::Key_Escape:
+        return true;
+    default:
+        return !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+               && !key.text().isEmpty() && key.text().front().isPrint();
+    }
+}
+
+// Several computers go by the list, so that none may take bettors out of it.
+bool sharesTheList(const Settings &settings)
+{
+    return settings.mainComputer == "yes"_L1 || settings.networkMode == 1;
+}
+
+} // namespace
+
+frmbettorsb::frmbettorsb(const ScreenContext &context)
+    : m_context(context)
+{
+    build();
+    connectControls();
+    txtbanner->setText(m_context.session.settings.bannerAndRace());
+    QTimer::singleShot(0, this, &frmbettorsb::load);
+}
+
+void frmbettorsb::build()
+{
+    txtbanner =
+        makeBanner(this, u"txtbanner"_s, {}, u"Race name - can be changed on setup screen"_s);
+    QLabel *Label1 = makeHeading(this, u"Label1"_s, u"ADD A BETTOR"_s);
+    QLabel *Label4 = makeLabel(this, u"Label4"_s, u"NEW BETTOR NAME"_s);
+    txtbettorname = makeField(this, u"txtbettorname"_s,
+                              u"Enter bettor name to be added here and press 'Enter'"_s);
+    txtbettorname->setAccessibleName(u"New bettor name"_s);
+    QLabel *lblenter = makeLabel(this, u"lblenter"_s,
+                                 u"Enter bettor name as LASTNAME-FIRSTNAME and press enter.\n\n"
+                                 "Separate LASTNAME-FIRSTNAME with a dash e.g. SMITH-JOHN.\n\n"
+                                 "Names are displayed in alphabetical sequence."_s,
+                                 {}, true);
+
+    QLabel *Label3 = makeHeading(this, u"Label3"_s, u"BETTOR LIST"_s);
+    cbobettornames = new QListWidget(this);
+    cbobettornames->setObjectName(u"cbobettornames"_s);
+    cbobettornames->setAccessibleName(u"Bettor list"_s);
+    cbobettornames->setUniformItemSizes(true);
+    lblcount = makeLabel(this, u"lblcount"_s, {});
+
+    QLabel *Label2 = makeHeading(this, u"Label2"_s, u"DELETE A BETTOR"_s);
+    QLabel *lblcombo = makeLabel(this, u"lblcombo"_s,
+                                 u"Use the scroll bar to move through list.\n\n"
+                                 "Click on name to be deleted.\n\n"
+                                 "Click 'DELETE A BETTOR' to delete a bettor name.\n\n"
+                                 "Click CLEAR ALL BETTORS to delete all bettors."_s,
+                                 {}, true);
+    lblselected = makeLabel(this, u"lblselected"_s, {}, {}, true);
+    cmddelete = makeButton(this, u"cmddelete"_s, u"DELETE A BETTOR"_s,
+                           u"Delete selected bettor, returning any bets"_s);
+    cmdclearbettors = makeButton(this, u"cmdclearbettors"_s, u"CLEAR ALL BETTORS"_s,
+                                 u"Clear all bettors - must clear all bets first"_s);
+    cmdbetsheet =
+        makeButton(this, u"cmdbetsheet"_s, u"Return to Bet Sheet"_s, u"Return to Bet Sheet"_s);
+    cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to main menu"_s);
+    lblnote = makeNoteLine(this);
+
+    enlarge(txtbettorname);
+    enlarge(cbobettornames);
+
+    auto *grid = new QGridLayout(this);
+    grid->addWidget(txtbanner, 0, 0, 1, 2);
+    QVBoxLayout *adding = makeFrame(this, grid, 1, 0);
+    adding->addWidget(Label1);
+    adding->addWidget(Label4);
+    adding->addWidget(txtbettorname);
+    adding->addSpacing(adding->spacing());
+    adding->addWidget(lblenter);
+    adding->addStretch();
+    QVBoxLayout *deleting = makeFrame(this, grid, 2, 0);
+    deleting->addWidget(Label2);
+    deleting->addWidget(lblcombo);
+    deleting->addStretch();
+    deleting->addWidget(lblselected);
+    auto *dropping = new QHBoxLayout;
+    dropping->addWidget(cmddelete);
+    dropping->addWidget(cmdclearbettors);
+    deleting->addLayout(dropping);
+    QVBoxLayout *listing = makeFrame(this, grid, 1, 1, 2);
+    listing->addWidget(Label3);
+    listing->addWidget(cbobettornames, 1);
+    auto *leaving = new QHBoxLayout;
+    leaving->addWidget(lblcount, 1);
+    leaving->addWidget(cmdbetsheet, 1);
+    leaving->addWidget(cmdreturn, 1);
+    listing->addLayout(leaving);
+    grid->setRowStretch(2, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(lblnote, 3, 0, 1, 2);
+
+    assignAltLetters(this);
+    txtbettorname->setFocus();
+}
+
+void frmbettorsb::connectControls()
+{
+    const Navigator &navigator = m_context.navigator;
+    cmdbetsheet->setEnabled(navigator.has(u"frmsheetb"_s));
+    cmdreturn->setEnabled(navigator.has(u"frmmenub"_s));
+    connect(txtbettorname, &QLineEdit::textEdited, this, &frmbettorsb::showPlaceOf);
+    connect(txtbettorname, &QLineEdit::returnPressed, this, &frmbettorsb::add);
+    connect(cmddelete, &QPushButton::clicked, this, &frmbettorsb::deleteSelected);
+    connect(cmdclearbettors, &QPushButton::clicked, this, &frmbettorsb::clearAll);
+    connect(cmdbetsheet, &QPushButton::clicked, this, [this] { leaveTo(u"frmsheetb"_s); });
+    connect(cmdreturn, &QPushButton::clicked, this, [this] { leaveTo(u"frmmenub"_s); });
+    connect(cbobettornames, &QListWidget::itemSelectionChanged, this, &frmbettorsb::showSelected);
+    cbobettornames->installEventFilter(this);
+}
+
+void frmbettorsb::load()
+{
+    Session &session = m_context.session;
+    session.bettors = BettorTable(session.settings.bettorLimit);
+    m_loaded = trapErrors(this, session, ErrorStyle::NumberAndDescription,
+                          [&] { loadBettors(session, u"Bettors input"_s); });
+    m_asRead = session.bettors;
+    fillList();
+}
+
+void frmbettorsb::fillList()
+{
+    const BettorTable &bettors = m_context.session.bettors;
+    txtbettorname->setEnabled(m_loaded);
+    cmddelete->setEnabled(m_loaded);
+    m_addedNames.clear();
+    m_deletedNames = 0;
+    cbobettornames->clear();
+    cbobettornames->addItems(bettors.sortedNames());
+    showCount();
+    addNote(standingNote());
+    if (m_loaded)
+        txtbettorname->setFocus();
+}
+
+void frmbettorsb::showCount()
+{
+    lblcount->setText("Bettors: "_L1 + QString::number(cbobettornames->count()));
+}
+
+// What holds as long as this list does.
+QString frmbettorsb::standingNote() const
+{
+    return m_loaded ? bettorListNote(m_context.session.bettors)
+                    : u"The bettor list was not read, so leaving this screen saves nothing"_s;
+}
+
+// Tells what a deletion would mean: who is selected, and where that bettor has bets.
+void frmbettorsb::showSelected()
+{
+    const auto selected = cbobettornames->selectedItems();
+    const QString name = selected.isEmpty() ? QString() : selected.front()->text();
+    const int number = m_context.session.bettors.numberOf(name);
+    const QString races = number == 0 ? QString() : racesWithBets(m_context.session, number, true);
+    lblselected->setText(number == 0 ? QString()
+                                     : name + ": number "_L1 + QString::number(number)
+                                           + ", bets "_L1 + (races.isEmpty() ? u"none"_s : races));
+}
+
+void frmbettorsb::addNote(const QString &note)
+{
+    if (!note.isEmpty())
+        lblnote->setText(lblnote->text().isEmpty() ? note : lblnote->text() + u'\n' + note);
+}
+
+// Scrolls the list to the names that begin like the one being typed, so that a bettor who is there
+// already, perhaps in another spelling, is seen.
+void frmbettorsb::showPlaceOf(const QString &typed)
+{
+    const QString key = searchKey(typed);
+    for (int row = 0; row < cbobettornames->count(); ++row) {
+        if (searchKey(cbobettornames->item(row)->text()).startsWith(key)) {
+            cbobettornames->scrollToItem(cbobettornames->item(row), QListWidget::PositionAtTop);
+            return;
+        }
+    }
+}
+
+void frmbettorsb::add()
+{
+    if (txtbettorname->text().isEmpty())
+        return;
+    lblnote->setText(standingNote());
+    Session &session = m_context.session;
+    const QString name = bettorNameFor(txtbettorname->text());
+    txtbettorname->setText(name);
+    if (session.bettors.slotOf(name) != 0)
+        return showMessage(this, u"Duplicate bettor name"_s, u"Name error"_s);
+    const QString reason = noPlaceReason(session.bettors, session.settings.bettorLimit);
+    if (!reason.isEmpty())
+        return showMessage(this, reason, u"Bettors"_s);
+
+    const int number = addBettor(session.bettors, name);
+    m_addedNames.append(name);
+    const auto row = int(session.bettors.sortedNames().indexOf(name));
+    cbobettornames->insertItem(row, name);
+    cbobettornames->scrollToItem(cbobettornames->item(row), QAbstractItemView::PositionAtCenter);
+    showCount();
+    const QString races = racesWithBets(session, number, true);
+    if (!races.isEmpty()) {
+        addNote("The new bettor's number "_L1 + QString::number(number) + " has bets already: "_L1
+                + races);
+    }
+    showMessage(this, name + " added"_L1, u"Bettors"_s);
+    txtbettorname->clear();
+}
+
+void frmbettorsb::deleteSelected()
+{
+    lblnote->setText(standingNote());
+    const Session &session = m_context.session;
+    if (sharesTheList(session.settings))
+        return showMessage(this, u"Bettor delete not permitted in multiple computer mode"_s);
+    const auto selected = cbobettornames->selectedItems();
+    if (selected.isEmpty())
+        return showMessage(this, u"Select bettor from list first"_s);
+    const QString name = selected.front()->text();
+    if (name == anyBettorName())
+        return showMessage(this, u"Can't delete AnyBettor"_s);
+    if (!askOkCancel(this, "Delete "_L1 + name, u"Bettors"_s))
+        return;
+    if (session.bettors.slotOf(name) == 0)
+        return showMessage(this, u"Bettor name not found"_s, u"Delete Bettor"_s);
+    takeOut(name, session.bettors.numberOf(name));
+}
+
+void frmbettorsb::takeOut(const QString &name, int number)
+{
+    Session &session = m_context.session;
+    float refund = 0;
+    const bool done = trapErrors(this, session, ErrorStyle::NumberAndDescription,
+                                 [&] { addNote(takeOutBets(session, number, refund)); });
+    // Bets that left the file are owed to the bettor, even when the backup file failed.
+    if (!done && (refund == 0 || !betsAreOut(session, number)))
+        return;
+    if (done) {
+        markBettorDeleted(session.bettors, name);
+        if (m_addedNames.removeAll(name) == 0)
+            ++m_deletedNames;
+        qDeleteAll(cbobettornames->selectedItems());
+        cbobettornames->setCurrentRow(-1);
+        showCount();
+        const QString races = racesWithBets(session, number, false);
+        if (!races.isEmpty()) {
+            addNote("Bettor number "_L1 + QString::number(number) + " of "_L1 + name
+                    + " still has bets: "_L1 + races);
+        }
+    }
+    if (refund != 0 || session.settings.receiptsPrint())
+        printOrList(m_context, bettorRefundSlip(name, refund), session.settings.receiptsPrint());
+}
+
+void frmbettorsb::clearAll()
+{
+    lblnote->setText(standingNote());
+    Session &session = m_context.session;
+    if (sharesTheList(session.settings))
+        return showMessage(this, u"Bettor clear not permitted in multiple computer mode"_s);
+    if (session.settings.betsCleared != "yes"_L1)
+        return showMessage(this, u"Must clear Bets first"_s, session.settings.operationLabel);
+    if (!askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
+        return;
+    if (!trapErrors(this, session, ErrorStyle::NumberAndDescription,
+                    [&] { clearBettorList(session); }))
+        return;
+    m_loaded = true;
+    m_asRead = session.bettors;
+    lblnote->clear();
+    fillList();
+    showMessage(this, u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
+}
+
+bool frmbettorsb::eventFilter(QObject *object, QEvent *event)
+{
+    if (object == cbobettornames && event->type() == QEvent::KeyPress
+        && isTyping(*static_cast<QKeyEvent *>(event))) {
+        rejectTyping();
+        return true;
+    }
+    return QWidget::eventFilter(object, event);
+}
+
+void frmbettorsb::rejectTyping()
+{
+    showMessage(this, u"Must select bettor name from drop down list"_s, u"Bettor name"_s);
+    QStringList lost;
+    if (!m_addedNames.isEmpty()) {
+        lost.append("Additions not saved and lost: "_L1 + QString::number(m_addedNames.size())
+                    + " ("_L1 + m_addedNames.mid(0, 5).join(u", "_s)
+                    + (m_addedNames.size() > 5 ? ", ...)"_L1 : ")"_L1));
+    }
+    if (m_deletedNames > 0) {
+        lost.append("Deleted names not saved and listed again: "_L1
+                    + QString::number(m_deletedNames));
+    }
+    m_context.navigator.reopen(lost.join(u"; "_s));
+}
+
+void frmbettorsb::leaveTo(const QString &screen)
+{
+    Session &session = m_context.session;
+    QString note;
+    if (m_loaded && !trapErrors(this, session, ErrorStyle::NumberAndDescription, [&] {
+            note = saveBettors(session, m_asRead);
+        }))
+        return;
+    m_context.navigator.open(screen, note);
+}

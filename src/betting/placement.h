@@ -1,0 +1,69 @@
+#pragma once
+
+#include "common/session.h"
+
+#include <array>
+#include <vector>
+
+inline constexpr float smallestPlacedBet = 1; // dollars; cells below are dropped
+inline constexpr float largestPaidBet = 1000; // dollars; Pay Winners takes a larger bet for bad
+
+// What will become of an entered amount.
+enum class EntryFate { Placed, Dropped, StopsPlacing, PlacedButNotPaid };
+EntryFate fateOf(float dollars);
+
+// The amounts entered on a bet sheet, in dollars: 21 posts by win, place and show. Nothing is saved
+// until they are placed.
+class BetEntries
+{
+public:
+    float amount(int post, BetType type) const { return m_amounts[cell(post, type)]; }
+    bool isEntered(int post, BetType type) const { return m_entered[cell(post, type)]; }
+    bool isEmpty() const;
+
+    void add(int post, BetType type, float dollars);
+    void clear() { *this = {}; }
+
+    float rowTotal(int post) const;
+    float columnTotal(BetType type) const;
+    float total() const;
+
+private:
+    static std::size_t cell(int post, BetType type)
+    {
+        return std::size_t((int(type) - 1) * postCount + post - 1);
+    }
+
+    std::array<float, 3 * postCount> m_amounts{};
+    std::array<bool, 3 * postCount> m_entered{};
+};
+
+// What placing the entries comes to.
+struct PlacementPlan
+{
+    std::vector<Bet> bets;        // the records, in the order they are written
+    bool stopsAtNegative = false; // a negative cell ended the placement
+    bool overBettorLimit = false; // the bettor's count of bets ended it
+
+    float total() const; // dollars
+};
+
+// The win cells from post 1 to 21, then place, then show. Cells below $1 are dropped without a
+// word; a negative cell ends the placement, and so does \a betsOfBettor above \a betLimit.
+PlacementPlan planPlacement(const BetEntries &entries, int bettor, int betsOfBettor, int betLimit);
+
+// A placement that reached the files, or was refused.
+struct Placement
+{
+    PlacementPlan plan;
+    std::size_t firstRow = 0; // of the placed bets in the race's bet table
+    bool raceIsFull = false;  // nothing was written: the race's bet limit leaves no room
+    QString note;             // what loading the bets had to report
+};
+
+// Loads the race's bets and appends the planned ones to Bets and Betsbackup. Throws FileError; then
+// no bet was placed.
+Placement placeBets(Session &session, const BetEntries &entries, int bettor);
+
+// What the cashier should know about the entries before placing them; empty when they are plain.
+QString entriesNote(const BetEntries &entries);

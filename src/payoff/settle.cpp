@@ -1,0 +1,239 @@
+#include "payoff/settle.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace {
+
+using enum Ticket;
+
+// The three pools that payoffs are paid from.
+struct PayingPools
+{
+    float win = 0;
+    float place = 0;
+    float show = 0;
+};
+
+float quotient(float amount, float divisor)
+{
+    return divisor == 0 ? 0 : amount / divisor;
+}
+
+// The winning combinations that a bet counts for, as a bit each, by post and bet type.
+class TicketFinder
+{
+public:
+    explicit TicketFinder(const RaceResult &race)
+    {
+        for (int post = 1; post <= postCount; ++post) {
+            const bool first = countsFor(race, post, Finish::Win);
+            const bool second = countsFor(race, post, Finish::Place);
+            const bool third = countsFor(race, post, Finish::Show);
+            // With 50/30/20 a win bet on any of the three horses is a winning ticket.
+            set(post, BetType::Win, WinWin, first);
+            set(post, BetType::Win, PlacePlace, race.is532 && second);
+            set(post, BetType::Win, ShowShow, race.is532 && third);
+            set(post, BetType::Place, WinPlace, first);
+            set(post, BetType::Place, PlacePlace, second);
+            set(post, BetType::Show, WinShow, first);
+            set(post, BetType::Show, PlaceShow, second);
+            set(post, BetType::Show, ShowShow, third);
+        }
+    }
+
+    // A bet counts for a finisher when it is on that horse or on one of the same coupled entry.
+    static bool countsFor(const RaceResult &race, int post, Finish finish)
+    {
+        const int finisher = race.finishers[std::size_t(finish)];
+        if (post == finisher)
+            return true;
+        if (finisher < 1 || finisher > postCount)
+            return false;
+        const int coupling = race.coupling[std::size_t(finisher)];
+        return coupling != 0 && race.coupling[std::size_t(post)] == coupling;
+    }
+
+    unsigned tickets(const Bet &bet) const { return m_tickets[cell(int(bet.post), int(bet.type))]; }
+
+    static bool has(unsigned tickets, Ticket ticket) { return (tickets & bit(ticket)) != 0; }
+
+private:
+    static unsigned bit(Ticket ticket) { return 1U << unsigned(ticket); }
+    static std::size_t cell(int post, int type) { return std::size_t(post * 4 + type); }
+
+    void set(int post, BetType type, Ticket ticket, bool counts)
+    {
+        if (counts)
+            m_tickets[cell(post, int(type))] |= bit(ticket);
+    }
+
+    std::array<unsigned, (postCount + 1) * 4> m_tickets{};
+};
+
+bool isWhole(float value)
+{
+    return value == std::floor(value);
+}
+
+bool isAccepted(const BetRow &row, int bettorCount)
+{
+    const Bet &bet = row.bet;
+    return !row.damaged && isWhole(bet.bettor) && bet.bettor >= 1
+           && double(bet.bettor) <= double(bettorCount) && isWhole(bet.post)
+           && (bet.type == 1 || bet.type == 2 || bet.type == 3) && bet.amount >= 0.01F
+           && bet.amount <= 1000.0F;
+}
+
+// Money of a pool without a winning ticket goes to the pools that have one. Returns false when none
+// has.
+bool movePools(PayingPools &pools, float win, float place, float show)
+{
+    const bool w = win > 0;
+    const bool p = place > 0;
+    const bool s = show > 0;
+    if (!w && !p && !s)
+        return false;
+    if (w && p && s)
+        return true;
+    const float all = pools.win + pools.place + pools.show;
+    if (!w && p && s) {
+        pools.place += pools.win / 2;
+        pools.show += pools.win / 2;
+        pools.win = 0;
+    } else if (w && p) {
+        pools.win += pools.show / 2;
+        pools.place += pools.show / 2;
+        pools.show = 0;
+    } else if (w && s) {
+        pools.win += pools.place / 2;
+        pools.show += pools.place / 2;
+        pools.place = 0;
+    } else {
+        pools = {w ? all : 0, p ? all : 0, s ? all : 0};
+    }
+    return true;
+}
+
+// Splits a pool over the tickets that somebody holds: a lone one takes the pool, several get their
+// stakes back and equal parts of the rest, which may be a loss.
+void splitPool(float pool, std::initializer_list<Ticket> tickets, const TicketAmounts &stakes,
+               TicketAmounts &payoffs)
+{
+    float staked = 0;
+    int held = 0;
+    for (const Ticket ticket : tickets) {
+        staked += stakes[ticket];
+        held += stakes[ticket] > 0 ? 1 : 0;
+    }
+    const float part = held == 0 ? 0 : (pool - staked) / float(held);
+    for (const Ticket ticket : tickets) {
+        const float stake = stakes[ticket];
+        if (stake > 0)
+            payoffs[ticket] = held == 1 ? pool / stake : (stake + part) / stake;
+    }
+}
+
+// All money bet on the horses of a finisher's entry.
+float moneyOnEntry(const Settlement &settlement, const RaceResult &race, Finish finish)
+{
+    float sum = 0;
+    for (int post = 1; post <= postCount; ++post) {
+        if (TicketFinder::countsFor(race, post, finish))
+            sum += settlement.pools.amount(post, totalColumn);
+    }
+    return sum;
+}
+
+TicketAmounts calculatedPayoffs(const Settlement &settlement, const RaceResult &race,
+                                const PayingPools &pools)
+{
+    TicketAmounts payoffs;
+    const TicketAmounts &stakes = settlement.winningStakes;
+    splitPool(pools.win, {WinWin}, stakes, payoffs);
+    splitPool(pools.place, {WinPlace, PlacePlace}, stakes, payoffs);
+    splitPool(pools.show, {WinShow, PlaceShow, ShowShow}, stakes, payoffs);
+    if (race.is532) {
+        payoffs[PlacePlace] =
+            quotient(settlement.placePool, moneyOnEntry(settlement, race, Finish::Place));
+        payoffs[ShowShow] =
+            quotient(settlement.showPool, moneyOnEntry(settlement, race, Finish::Show));
+    }
+    return payoffs;
+}
+
+float owedFor(const TicketAmounts &stakes, const TicketAmounts &payoffs)
+{
+    float owed = 0;
+    for (const Ticket ticket : allTickets) {
+        const float part = payoffs[ticket] * stakes[ticket];
+        owed += part;
+    }
+    return owed;
+}
+
+} // namespace
+
+Settlement settle(const BetTable &bets, const RaceResult &race)
+{
+    Settlement settlement;
+    const TicketFinder finder(race);
+    std::unordered_map<int, TicketAmounts> stakes; // by bettor number
+    for (const BetRow &row : bets.rows) {
+        const Bet &bet = row.bet;
+        if (!isAccepted(row, race.bettorCount)) {
+            ++settlement.badRecords;
+            continue;
+        }
+        if (!isCountable(bet))
+            continue;
+        settlement.pools.add(bet);
+        const unsigned tickets = finder.tickets(bet);
+        if (tickets == 0)
+            continue;
+        TicketAmounts &bettorStakes = stakes[int(bet.bettor)];
+        for (const Ticket ticket : allTickets) {
+            if (TicketFinder::has(tickets, ticket)) {
+                bettorStakes[ticket] += bet.amount;
+                settlement.winningStakes[ticket] += bet.amount;
+            }
+        }
+    }
+
+    const float winMoney = settlement.pools.total(BetType::Win);
+    PayingPools pools{winMoney, settlement.pools.total(BetType::Place),
+                      settlement.pools.total(BetType::Show)};
+    if (race.is532)
+        pools = {0.5F * winMoney, 0.3F * winMoney, 0.2F * winMoney};
+    settlement.winPool = pools.win;
+    settlement.placePool = pools.place;
+    settlement.showPool = pools.show;
+    settlement.allPools = pools.win + pools.place + pools.show;
+    settlement.houseCut = settlement.allPools * float(race.housePercent) / 100;
+
+    const TicketAmounts &winning = settlement.winningStakes;
+    PayingPools moved = pools;
+    settlement.hasWinners =
+        movePools(moved, winning[WinWin], winning[WinPlace] + winning[PlacePlace],
+                  winning[WinShow] + winning[PlaceShow] + winning[ShowShow]);
+    if (!settlement.hasWinners)
+        return settlement;
+    if (!race.is532)
+        pools = moved;
+
+    settlement.beforeHouse =
+        race.trackPayoffs ? *race.trackPayoffs : calculatedPayoffs(settlement, race, pools);
+    const auto kept = float(1.0 - race.housePercent / 100.0);
+    settlement.payoffs = settlement.beforeHouse;
+    for (float &payoff : settlement.payoffs)
+        payoff *= kept;
+
+    for (const auto &[number, bettorStakes] : stakes) {
+        const float owed = owedFor(bettorStakes, settlement.payoffs);
+        if (owed != 0)
+            settlement.winners.push_back({number, bettorStakes, owed});
+    }
+    std::ranges::sort(settlement.winners, {}, &WinningBettor::number);
+    return settlement;
+}

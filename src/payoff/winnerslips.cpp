@@ -1,0 +1,67 @@
+#include "payoff/winnerslips.h"
+
+#include "common/format.h"
+#include "payoff/rounding.h"
+
+using namespace Qt::StringLiterals;
+
+using enum Ticket;
+
+Payment paymentFor(const TicketAmounts &stakes, const TicketAmounts &payoffs, int roundingIndex)
+{
+    Payment payment;
+    payment.stakes = stakes;
+    for (std::size_t i = 0; i < payment.amounts.size(); ++i)
+        payment.amounts[i] = double(payoffs[Ticket(i)]) * double(stakes[Ticket(i)]);
+
+    const auto sum = [&](std::initializer_list<Ticket> tickets) {
+        double total = 0;
+        for (const Ticket ticket : tickets)
+            total = toFourDecimals(total + toFourDecimals(payment.amount(ticket)));
+        return total;
+    };
+    payment.horseTotals = {sum({WinWin, WinPlace, WinShow}), sum({PlacePlace, PlaceShow}),
+                           sum({ShowShow})};
+    payment.total =
+        toFourDecimals(payment.horseTotals[0] + payment.horseTotals[1] + payment.horseTotals[2]);
+    payment.rounded = rounding(payment.total, roundingIndex);
+    return payment;
+}
+
+QList<SlipLine> winnerSlipLines(const QString &bettor, const QString &bannerAndRace,
+                                const std::array<QString, finishCount> &horseNumbers,
+                                const Payment &payment)
+{
+    constexpr int columns[] = {25, 35, 45, 55, 65, 75};
+    const QString heading = u"Bettor Name: "_s + bettor;
+    const int raceColumn = std::max(columns[2], int(heading.size()) + 3);
+
+    SlipLine titles;
+    for (int i = 0; i < 6; ++i)
+        titles.append({columns[i], i % 2 == 0 ? u"Bet"_s : u"Paid"_s});
+
+    // A horse's line: each ticket's bet and paid amount, in the pair of columns of its kind of bet.
+    const auto horseLine = [&](Finish finish, int firstPair,
+                               std::initializer_list<Ticket> tickets) {
+        SlipLine line{{1, horseNumbers[std::size_t(finish)]}};
+        int column = firstPair * 2;
+        for (const Ticket ticket : tickets) {
+            line.append({columns[column++], formatMoney(payment.stakes[ticket], "Currency")});
+            line.append({columns[column++], formatMoney(payment.amount(ticket), "Currency")});
+        }
+        return line;
+    };
+    return {
+        {{1, heading}, {raceColumn, bannerAndRace}},
+        titles,
+        horseLine(Finish::Win, 0, {WinWin, WinPlace, WinShow}),
+        horseLine(Finish::Place, 1, {PlacePlace, PlaceShow}),
+        horseLine(Finish::Show, 2, {ShowShow}),
+        {{1, QString()}},
+    };
+}
+
+Slip winnerSlips(const QList<SlipLine> &lines)
+{
+    return {u"Courier New"_s, 8, false, lines, 0};
+}

@@ -1,0 +1,57 @@
+#include "setup/eventchoices.h"
+
+#include "common/init.h"
+#include "common/recordfile.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+
+QString receiptsCaption(const Settings &settings)
+{
+    return settings.receiptsPrint() ? u"Bet receipts will print"_s
+                                    : u"Bet receipts will not print"_s;
+}
+
+QString roundingCaption(const Settings &settings)
+{
+    return "Round payoff to nearest "_L1 + roundingText(settings.roundingIndex);
+}
+
+QString fontCaption(const Settings &settings)
+{
+    return "Print Font size is "_L1 + QString::number(fontPoints(settings.fontIndex));
+}
+
+void stepRounding(Settings &settings)
+{
+    settings.roundingIndex = settings.roundingIndex % 5 + 1;
+}
+
+bool setReceiptFontSize(Settings &settings, const QString &answer)
+{
+    static const QStringList sizes{u"8"_s, u"10"_s, u"12"_s, u"14"_s};
+    const QString size = answer.trimmed();
+    if (!sizes.contains(size))
+        return false;
+    settings.receiptFontSize = size;
+    return true;
+}
+
+void changeBanner(Session &session, const QString &text)
+{
+    session.settings.banner = storableText(text);
+    saveInit(session, InitWriter::Setup);
+}
+
+void changeRace(Session &session, int race)
+{
+    session.settings.currentRace = race;
+    saveInit(session);
+}
+
+void switchReceiptPrinting(Session &session)
+{
+    session.settings.setReceiptPrinting(!session.settings.receiptsPrint());
+    saveInit(session);
+}

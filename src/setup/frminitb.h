@@ -1,0 +1,74 @@
+#pragma once
+
+#include "ui/controls.h"
+#include "ui/navigator.h"
+
+#include <QWidget>
+
+class QLabel;
+class QLayout;
+class QLineEdit;
+class QPushButton;
+
+// The setup screen: the program's first. It asks the questions of the start once a run, shows and
+// changes the event's settings, clears the record files for a new event and leads to the menu.
+class frminitb : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit frminitb(const ScreenContext &context);
+
+private:
+    void build();
+    QWidget *buildEvent();
+    QWidget *buildPrinting();
+    QWidget *buildNewEvent();
+    QWidget *buildInstructions();
+    QLayout *buildFoot();
+    void connectControls();
+
+    void showSettings();
+    void startRun();
+    void askInitDrive();
+    bool isTooNarrow() const;
+
+    void changeRaceTo(int race);
+    void takeBanner();
+    void showNote();
+    void switchReceipts();
+    void askReceiptFont();
+    void clearBetFiles();
+    void clearBettorsFile();
+    void clearHorseFiles();
+    bool refusesBeforeBets(const QString &title);
+    void clearFiles(int (*clear)(Session &), const QString &done, const QString &title);
+    void goToMenu();
+
+    template<typename Work>
+    bool trap(Work work);
+
+    ScreenContext m_context;
+    QString m_note; // shown while the banner's text is the banner
+    RaceOptions m_races;
+    QLabel *lbltitle;
+    QLineEdit *txtbanner;
+    QLineEdit *txtbanner1;
+    QLabel *lblfiles;
+    QLineEdit *txtfiles;
+    QPushButton *Command1;
+    QPushButton *cmdprint;
+    QPushButton *cmdround;
+    QPushButton *cmdrecptfont;
+    QLabel *lblfont;
+    QPushButton *cmdbets;
+    QPushButton *cmdhorses;
+    QPushButton *cmdbettors;
+    QPushButton *cmdimpext;
+    QLabel *lblinst;
+    QLineEdit *txtsetup;
+    QLabel *lblnote;
+    QPushButton *cmdhelp;
+    QPushButton *cmdok;
+    QPushButton *cmdexit;
+};

@@ -1,0 +1,241 @@
+#include "setup/frmmenub.h"
+
+#include "common/racefiles.h"
+#include "common/session.h"
+#include "setup/menurules.h"
+#include "ui/controls.h"
+#include "ui/prompts.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A group of buttons, each with its help text beside it.
+class TaskGroup
+{
+public:
+    // The letters of the buttons are \a scale times as large as others.
+    TaskGroup(QWidget *screen, const QString &title, double scale = 1)
+        : m_scale(scale)
+        , m_box(new QGroupBox(title, screen))
+        , m_grid(new QGridLayout(m_box))
+    {
+        m_grid->setColumnStretch(0, 2);
+        m_grid->setColumnStretch(1, 3);
+    }
+
+    void add(QPushButton *&button, const QString &name, const QString &caption,
+             const QString &toolTip)
+    {
+        button = makeButton(m_box, name, caption, toolTip);
+        QFont font = button->font();
+        font.setPointSizeF(font.pointSizeF() * m_scale);
+        button->setFont(font);
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
+        m_grid->addWidget(button, m_grid->rowCount(), 0);
+    }
+
+    // The help text beside the button added last.
+    void explain(QLabel *&label, const QString &name, const QString &text = {})
+    {
+        label = makeLabel(m_box, name, text, {}, true);
+        m_grid->addWidget(label, m_grid->rowCount() - 1, 1);
+    }
+
+    QGroupBox *box() const { return m_box; }
+
+private:
+    double m_scale;
+    QGroupBox *m_box;
+    QGridLayout *m_grid;
+};
+
+} // namespace
+
+frmmenub::frmmenub(const ScreenContext &context)
+    : m_context(context)
+{
+    build();
+    connectScreens();
+    connectTasks();
+    fill();
+    assignAltLetters(this);
+    cmdenterhorses->setFocus();
+}
+
+void frmmenub::build()
+{
+    txtbanner = makeBanner(this, u"txtbanner"_s, u"Vefioze"_s,
+                           u"The race name can be changed with CHANGE BANNER on the setup "
+                           "screen"_s);
+    lblmenu = makeHeading(this, u"lblmenu"_s, u"Make a selection"_s,
+                          u"Click on one of the buttons directly below"_s);
+    auto *columns = new QHBoxLayout;
+    columns->addWidget(buildRace(), 1);
+    auto *right = new QVBoxLayout;
+    for (QGroupBox *group : {buildFiles(), buildComputers(), buildProgram()})
+        right->addWidget(group, 1);
+    columns->addLayout(right, 1);
+    lblnote = makeNoteLine(this);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(txtbanner);
+    layout->addWidget(lblmenu);
+    layout->addLayout(columns, 1);
+    layout->addWidget(lblnote);
+}
+
+QGroupBox *frmmenub::buildRace()
+{
+    TaskGroup group(this, u"Race"_s, 1.15);
+    group.add(cmdenterhorses, u"cmdenterhorses"_s, u"Update Horses"_s,
+              u"Add, change, scratch horses for this race"_s);
+    group.explain(lblhorses, u"lblhorses"_s);
+    group.add(cmdenterbettors, u"cmdenterbettors"_s, u"Update Bettors"_s,
+              u"Add, change, delete bettors for this race"_s);
+    group.explain(lblbettors, u"lblbettors"_s);
+    group.add(cmdbet, u"cmdbet"_s, u"Place a Bet"_s, u"Place bets on this race"_s);
+    group.explain(lblbet, u"lblbet"_s);
+    group.add(cmdmulti, u"cmdmulti"_s, u"MultiBets"_s, u"Place multi bets on this race"_s);
+    group.explain(lblmulti, u"lblmulti"_s,
+                  u"Place special bets e.g. Daily Double, Exacta, Trifecta, etc. Each special bet "
+                  "type has its own paramutual pool not shared with other pools"_s);
+    group.add(cmdpay, u"cmdpay"_s, u"Pay Winners"_s,
+              u"Select winning horses, calculate payoffs, and pay winning bettors"_s);
+    group.explain(lblwinners, u"lblwinners"_s);
+    group.add(cmdclearbets, u"cmdclearbets"_s, u"Clear All Bets"_s,
+              u"BE CAREFUL - clears all bets for this race"_s);
+    group.explain(lblclear, u"lblclear"_s);
+    return group.box();
+}
+
+QGroupBox *frmmenub::buildFiles()
+{
+    TaskGroup group(this, u"Files"_s);
+    group.add(cmdfix, u"cmdfix"_s, u"Fix Files"_s,
+              u"Check files for bad records - repair bad files"_s);
+    group.explain(lblfix, u"lblfix"_s,
+                  u"Examine contents of Bet, Bettors, and Horses files for potential changes"_s);
+    group.add(cmdbackup, u"cmdbackup"_s, u"Use Backup Files"_s,
+              u"Replace current file with the backup file -use backup if you lose power during a "
+              "file update"_s);
+    group.explain(lblbackup, u"lblbackup"_s,
+                  u"Replace current file with the backup file -use backup if you lose power "
+                  "during a file update"_s);
+    group.add(cmdreports, u"cmdreports"_s, u"Print Reports"_s, {});
+    return group.box();
+}
+
+QGroupBox *frmmenub::buildComputers()
+{
+    TaskGroup group(this, u"Computers"_s);
+    group.add(cmdmc, u"cmdmc"_s, u"Use Multiple Computers"_s, {});
+    group.explain(lblmc, u"lblmc"_s, u"Use bet, bettor, and horse files on this computer only"_s);
+    group.add(cmdstartnw, u"cmdstartnw"_s, u"Start Networked Betting"_s, {});
+    group.explain(lblnetwork, u"lblnetwork"_s);
+    group.add(cmdendnw, u"cmdendnw"_s, u"End Networked Betting"_s, {});
+    return group.box();
+}
+
+QGroupBox *frmmenub::buildProgram()
+{
+    TaskGroup group(this, u"Program"_s);
+    group.add(cmdsetup, u"cmdsetup"_s, u"Setup"_s, u"Add, change, scratch horses for this race"_s);
+    group.explain(lblsetup, u"lblsetup"_s, u"Return to setup screen"_s);
+    group.add(cmdhelp, u"cmdhelp"_s, u"Help"_s, {});
+    group.add(cmdexit, u"cmdexit"_s, u"Exit Program"_s, u"Sayonara, asta la vista, see ya"_s);
+    group.explain(lblexit, u"lblexit"_s);
+    return group.box();
+}
+
+// The buttons that open a screen. One whose screen the program lacks is visible and disabled.
+void frmmenub::connectScreens()
+{
+    Navigator &navigator = m_context.navigator;
+    const struct
+    {
+        QPushButton *button;
+        QString screen;
+        QString (*refusal)(const Settings &);
+    } screens[] = {
+        {cmdenterhorses, u"frmhorsesb"_s, &horsesRefusal},
+        {cmdenterbettors, u"frmbettorsb"_s, &bettorsRefusal},
+        {cmdbet, u"frmsheetb"_s, nullptr},
+        {cmdmulti, u"frmmulti"_s, nullptr},
+        {cmdpay, u"frmpaywinnersb"_s, nullptr},
+        {cmdfix, u"frmfixb"_s, nullptr},
+        {cmdreports, u"frmreportb"_s, nullptr},
+        {cmdmc, u"frmmc"_s, nullptr},
+        {cmdsetup, u"frminitb"_s, nullptr},
+        {cmdhelp, u"frmhelpb"_s, nullptr},
+    };
+    for (const auto &entry : screens) {
+        entry.button->setEnabled(navigator.has(entry.screen));
+        connect(entry.button, &QPushButton::clicked, this,
+                [this, screen = entry.screen, refusal = entry.refusal] {
+                    openUnlessRefused(screen, refusal);
+                });
+    }
+    connect(cmdexit, &QPushButton::clicked, &navigator, &Navigator::exitProgram);
+}
+
+// The tasks that are done on the menu itself. One without a handler is visible and disabled.
+void frmmenub::connectTasks()
+{
+    const struct
+    {
+        QPushButton *button;
+        void (frmmenub::*task)();
+    } tasks[] = {
+        {cmdclearbets, nullptr},
+        {cmdbackup, nullptr},
+        {cmdstartnw, nullptr},
+        {cmdendnw, nullptr},
+    };
+    for (const auto &entry : tasks) {
+        entry.button->setEnabled(entry.task != nullptr);
+        if (entry.task)
+            connect(entry.button, &QPushButton::clicked, this, entry.task);
+    }
+}
+
+void frmmenub::fill()
+{
+    Session &session = m_context.session;
+    txtbanner->setText(menuBanner(session.settings));
+    lblhorses->setText(u"For a new race, enter horses in UPDATE HORSES. You can also CHANGE horse "
+                       "information and SCRATCH horses here."_s);
+    lblbettors->setText(u"Then enter all bettor names at UPDATE BETTORS - you can also DELETE "
+                        "bettor names here"_s);
+    lblbet->setText(u"When all horses and bettors are entered you are ready to PLACE A BET on this "
+                    "race"_s);
+    lblwinners->setText(u"After the race enter winning horses, calculate payoffs, and pay winning "
+                        "bettors at PAY WINNERS"_s);
+    lblclear->setText(u"BE CAREFUL - Clears all bets on this race - Prints a list of all bets in "
+                      "the bet files. Should also be used to refund bets on this race"_s);
+    lblexit->setText(u"Click EXIT PROGRAM to leave this program , saving all horses, bettors, and "
+                     "bets"_s);
+    setCaption(cmdclearbets, clearBetsCaption(session.settings));
+    // A failure is shown once the menu can be seen.
+    QTimer::singleShot(0, this, [this] {
+        Session &shared = m_context.session;
+        trapErrors(this, shared, ErrorStyle::DescriptionAndLabel,
+                   [&] { createMissingBetsBackup(shared); });
+    });
+}
+
+void frmmenub::openUnlessRefused(const QString &screen, QString (*refusal)(const Settings &))
+{
+    const QString reason = refusal ? refusal(m_context.session.settings) : QString();
+    if (reason.isEmpty())
+        m_context.navigator.open(screen);
+    else
+        showMessage(this, reason);
+}

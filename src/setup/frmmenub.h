@@ -1,0 +1,65 @@
+#pragma once
+
+#include "ui/navigator.h"
+
+#include <QWidget>
+
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+struct Settings;
+
+// The main menu: every working screen is opened from here for the current race. It is made afresh
+// each time it is shown, so what it shows is always the current race's.
+class frmmenub : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit frmmenub(const ScreenContext &context);
+
+private:
+    void build();
+    QGroupBox *buildRace();
+    QGroupBox *buildFiles();
+    QGroupBox *buildComputers();
+    QGroupBox *buildProgram();
+    void connectScreens();
+    void connectTasks();
+    void fill();
+
+    void openUnlessRefused(const QString &screen, QString (*refusal)(const Settings &));
+
+    ScreenContext m_context;
+    QLineEdit *txtbanner;
+    QLabel *lblmenu;
+    QPushButton *cmdenterhorses;
+    QPushButton *cmdenterbettors;
+    QPushButton *cmdbet;
+    QPushButton *cmdpay;
+    QPushButton *cmdclearbets;
+    QPushButton *cmdmulti;
+    QPushButton *cmdfix;
+    QPushButton *cmdbackup;
+    QPushButton *cmdmc;
+    QPushButton *cmdstartnw;
+    QPushButton *cmdendnw;
+    QPushButton *cmdsetup;
+    QPushButton *cmdreports;
+    QPushButton *cmdhelp;
+    QPushButton *cmdexit;
+    QLabel *lblhorses;
+    QLabel *lblbettors;
+    QLabel *lblbet;
+    QLabel *lblwinners;
+    QLabel *lblclear;
+    QLabel *lblmulti;
+    QLabel *lblfix;
+    QLabel *lblbackup;
+    QLabel *lblmc;
+    QLabel *lblnetwork;
+    QLabel *lblsetup;
+    QLabel *lblexit;
+    QLabel *lblnote;
+};

@@ -1,0 +1,467 @@
+#include "common/fileerror.h"
+#include "kit/testkit.h"
+#include "screens.h"
+#include "ui/mainwindow.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// An event whose bettor list leads to stand-ins for the menu and the bet sheet.
+class ListEvent : public TestEvent
+{
+public:
+    explicit ListEvent(const QByteArray &bettors = "1,\"AnyBettor\"\r\n2,\"SMITH-JOHN\"\r\n"
+                                                   "3,\"ADAMS-EVE\"\r\n")
+        : TestEvent(false)
+    {
+        write(u"Bettors"_s, bettors);
+        write(u"Bettorsbackup"_s, bettors);
+    }
+
+    // The bettor list, opened once.
+    QWidget *list()
+    {
+        if (!m_screens) {
+            std::vector<ScreenEntry> screens;
+            for (const ScreenEntry &entry : allScreens()) {
+                if (entry.name == "frmbettorsb"_L1 || entry.name == "frmlistb"_L1)
+                    screens.push_back(entry);
+            }
+            for (const QString &name : {u"frmmenub"_s, u"frmsheetb"_s}) {
+                screens.push_back(
+                    {name, name, {}, [](const ScreenContext &) { return new QWidget; }});
+            }
+            m_screens = std::make_unique<Navigator>(session, printer, screens);
+            m_screens->open(u"frmbettorsb"_s);
+            QCoreApplication::processEvents();
+        }
+        return m_screens->current();
+    }
+    QString shown() { return m_screens->currentName(); }
+    QWidget *window() { return m_screens->window(); }
+
+    QStringList names()
+    {
+        QStringList names;
+        auto *control = child<QListWidget>(list(), u"cbobettornames"_s);
+        for (int row = 0; row < control->count(); ++row)
+            names << control->item(row)->text();
+        return names;
+    }
+    QString note() { return labelText(list(), u"lblnote"_s); }
+    void enter(const QString &name)
+    {
+        typeInto(list(), u"txtbettorname"_s, name);
+        QTest::keyClick(child<QLineEdit>(list(), u"txtbettorname"_s), Qt::Key_Return);
+    }
+    void removeName(const QString &name)
+    {
+        selectInList(list(), u"cbobettornames"_s, name);
+        clickButton(list(), u"cmddelete"_s);
+    }
+
+private:
+    std::unique_ptr<Navigator> m_screens;
+};
+
+} // namespace
+
+class tst_frmbettorsb : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void opening();
+    void adding();
+    void noPlaceForTheNew();
+    void deletionRefused_data();
+    void deletionRefused();
+    void deletionCancelled();
+    void deletion();
+    void refundWithoutPaper_data();
+    void refundWithoutPaper();
+    void refundWhenTheBackupFails();
+    void clearing_data();
+    void clearing();
+    void leaving_data();
+    void leaving();
+    void unreadListIsNotSaved();
+    void failedSaveKeepsTheScreen();
+    void keysInTheList_data();
+    void keysInTheList();
+    void missingAnyBettor();
+    void manyBettors();
+};
+
+void tst_frmbettorsb::opening()
+{
+    ListEvent event;
+    event.session.settings.currentRace = 3;
+    QWidget *list = event.list();
+    QCOMPARE(fieldText(list, u"txtbanner"_s), u"Kentucky Derby Race3"_s);
+    QCOMPARE(event.names(), QStringList({u"ADAMS-EVE"_s, u"AnyBettor"_s, u"SMITH-JOHN"_s}));
+    QCOMPARE(event.session.bettors.nextNumber, 4);
+    QCOMPARE(tabOrder(list), QStringList({u"txtbettorname"_s, u"cbobettornames"_s, u"cmddelete"_s,
+                                          u"cmdclearbettors"_s, u"cmdbetsheet"_s, u"cmdreturn"_s}));
+    QCOMPARE(event.note(), QString());
+}
+
+void tst_frmbettorsb::adding()
+{
+    ListEvent event;
+    BoxRobot robot;
+    event.write(u"Bets Race5"_s, "4,1,1,12\r\n");
+    event.list();
+    event.enter({});
+    robot.expect(u"ÅBERG-BO added"_s, u"Bettors"_s);
+    event.enter(u"åberg-bo"_s);
+    QCOMPARE(event.names(),
+             QStringList({u"ÅBERG-BO"_s, u"ADAMS-EVE"_s, u"AnyBettor"_s, u"SMITH-JOHN"_s}));
+    QCOMPARE(fieldText(event.list(), u"txtbettorname"_s), QString());
+    QVERIFY2(event.note().contains("Race5 $12.00"_L1), qPrintable(event.note()));
+    robot.expect(u"Duplicate bettor name"_s, u"Name error"_s);
+    event.enter(u"Smith-John"_s);
+    QCOMPARE(fieldText(event.list(), u"txtbettorname"_s), u"SMITH-JOHN"_s);
+    robot.expect(u"ANYBETTOR added"_s, u"Bettors"_s);
+    event.enter(u"anybettor"_s);
+    QCOMPARE(event.session.bettors.numberOf(u"ANYBETTOR"_s), 5);
+    QVERIFY(robot.allCame());
+    QVERIFY(!event.read(u"Bettors"_s).contains("BERG"));
+}
+
+void tst_frmbettorsb::noPlaceForTheNew()
+{
+    ListEvent event;
+    event.session.settings.bettorLimit = 3;
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"Bettor number 4 is beyond the bettor limit of 3"_s, u"Bettors"_s);
+    event.enter(u"late"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.names().size(), 3);
+    clickButton(event.list(), u"cmdreturn"_s);
+    QVERIFY(!event.read(u"Bettors"_s).contains("LATE"));
+}
+
+void tst_frmbettorsb::deletionRefused_data()
+{
+    QTest::addColumn<QString>("mainComputer");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("several computers")
+        << u"yes"_s << u"SMITH-JOHN"_s
+        << u"Bettor delete not permitted in multiple computer mode"_s;
+    QTest::newRow("nothing selected") << u"no"_s << QString() << u"Select bettor from list first"_s;
+    QTest::newRow("AnyBettor") << u"no"_s << u"AnyBettor"_s << u"Can't delete AnyBettor"_s;
+}
+
+void tst_frmbettorsb::deletionRefused()
+{
+    QFETCH(QString, mainComputer);
+    QFETCH(QString, name);
+    QFETCH(QString, message);
+    ListEvent event;
+    event.session.settings.mainComputer = mainComputer;
+    BoxRobot robot;
+    child<QListWidget>(event.list(), u"cbobettornames"_s)->setFocus();
+    if (!name.isEmpty())
+        selectInList(event.list(), u"cbobettornames"_s, name);
+    robot.expect(message, u"TRELAWN"_s);
+    clickButton(event.list(), u"cmddelete"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.names().size(), 3);
+}
+
+void tst_frmbettorsb::deletionCancelled()
+{
+    ListEvent event;
+    event.write(u"Bets Race1"_s, "2,1,1,5\r\n");
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s, Answer::Cancel);
+    event.removeName(u"SMITH-JOHN"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(labelText(event.list(), u"lblselected"_s),
+             u"SMITH-JOHN: number 2, bets Race1 $5.00"_s);
+    QCOMPARE(event.names().size(), 3);
+    QCOMPARE(event.read(u"Bets Race1"_s), "2,1,1,5\r\n");
+}
+
+void tst_frmbettorsb::deletion()
+{
+    ListEvent event;
+    event.write(u"Bets Race1"_s, "2,1,1,5\r\n3,4,2,2\r\n2,21,3,2.5\r\n");
+    event.write(u"Bets Race8"_s, "2,1,1,40\r\n");
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
+    event.removeName(u"SMITH-JOHN"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.names(), QStringList({u"ADAMS-EVE"_s, u"AnyBettor"_s}));
+    QVERIFY(child<QListWidget>(event.list(), u"cbobettornames"_s)->selectedItems().isEmpty());
+    QCOMPARE(event.read(u"Bets Race1"_s), "3,4,2,2\r\n");
+    QCOMPARE(event.read(u"Betsbackup Race1"_s), "3,4,2,2\r\n");
+    QCOMPARE(event.read(u"Bets Race8"_s), "2,1,1,40\r\n");
+    QVERIFY2(event.note().contains("Race8 $40.00"_L1), qPrintable(event.note()));
+    QVERIFY(event.read(u"Bettors"_s).contains("SMITH"));
+    QCOMPARE(event.slips.size(), 1);
+    QCOMPARE(slipText(event.slips.front()).last(), u"SMITH-JOHN                  $7.50"_s);
+    robot.expect(u"SMITH-JOHN added"_s, u"Bettors"_s);
+    event.enter(u"SMITH-JOHN"_s);
+    clickButton(event.list(), u"cmdreturn"_s);
+    QCOMPARE(event.read(u"Bettors"_s),
+             "1,\"AnyBettor\"\r\n3,\"ADAMS-EVE\"\r\n4,\"SMITH-JOHN\"\r\n");
+    QVERIFY(robot.allCame());
+}
+
+void tst_frmbettorsb::refundWithoutPaper_data()
+{
+    QTest::addColumn<bool>("receipts");
+    QTest::addColumn<bool>("printerFails");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("slips");
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("receipts off: the refund is listed")
+        << false << false << u"SMITH-JOHN"_s << 0 << true;
+    QTest::newRow("no printer: the refund is listed")
+        << true << true << u"SMITH-JOHN"_s << 0 << true;
+    QTest::newRow("no bets: the headings are printed")
+        << true << false << u"ADAMS-EVE"_s << 1 << false;
+    QTest::newRow("no bets, receipts off: nothing")
+        << false << false << u"ADAMS-EVE"_s << 0 << false;
+}
+
+void tst_frmbettorsb::refundWithoutPaper()
+{
+    QFETCH(bool, receipts);
+    QFETCH(bool, printerFails);
+    QFETCH(QString, name);
+    QFETCH(int, slips);
+    QFETCH(bool, listed);
+    ListEvent event;
+    event.session.settings.setReceiptPrinting(receipts);
+    if (printerFails)
+        event.printer.setDestination(
+            [](const Slip &) { throw FileError(ErrorNumber::PrinterError); });
+    event.write(u"Bets Race1"_s, "2,1,1,5\r\n");
+    BoxRobot robot;
+    event.list();
+    robot.expect("Delete "_L1 + name, u"Bettors"_s);
+    event.removeName(name);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.names().size(), 2);
+    QCOMPARE(event.slips.size(), slips);
+    auto *listing = event.window()->findChild<QWidget *>(u"frmlistb"_s);
+    QCOMPARE(listing != nullptr, listed);
+    if (listed)
+        QCOMPARE(child<QListWidget>(listing, u"List1"_s)->item(4)->text(),
+                 u"SMITH-JOHN                  $5.00"_s);
+}
+
+// What the main file lost is owed to the bettor, although the deletion did not come to its end.
+void tst_frmbettorsb::refundWhenTheBackupFails()
+{
+#ifdef Q_OS_LINUX
+    ListEvent event;
+    event.write(u"Bets Race1"_s, "2,1,1,5\r\n3,4,2,2\r\n");
+    const QString twin = event.path(u"Betsbackup Race1"_s);
+    // A file that opens and refuses what is written, whatever the rights of the user are.
+    QVERIFY(QFile::link(u"/proc/self/oom_score_adj"_s, twin));
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
+    robot.expect(u"70 Permission denied"_s, u"Betsbackup Output"_s);
+    event.removeName(u"SMITH-JOHN"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.read(u"Bets Race1"_s), "3,4,2,2\r\n");
+    QCOMPARE(event.names().size(), 3);
+    QCOMPARE(event.slips.size(), 1);
+    QCOMPARE(slipText(event.slips.front()).last(), u"SMITH-JOHN                  $5.00"_s);
+#endif
+}
+
+void tst_frmbettorsb::clearing_data()
+{
+    QTest::addColumn<QString>("mainComputer");
+    QTest::addColumn<QString>("betsCleared");
+    QTest::addColumn<Answer>("answer");
+    QTest::addColumn<QStringList>("boxes");
+    QTest::addColumn<bool>("cleared");
+    const QString question = u"Initialize: Clear and initialize Bettor file?"_s;
+    QTest::newRow("several computers")
+        << u"yes"_s << u"yes"_s << Answer::Ok
+        << QStringList{u"TRELAWN: Bettor clear not permitted in multiple computer mode"_s} << false;
+    QTest::newRow("bets not cleared in this run")
+        << u"no"_s << u"no"_s << Answer::Ok
+        << QStringList{u"Bettors input: Must clear Bets first"_s} << false;
+    QTest::newRow("Cancel") << u"no"_s << u"yes"_s << Answer::Cancel << QStringList{question}
+                            << false;
+    QTest::newRow("OK") << u"no"_s << u"yes"_s << Answer::Ok
+                        << QStringList{question,
+                                       u"Initialize Bettor: Bettor file cleared and initialized"_s}
+                        << true;
+}
+
+void tst_frmbettorsb::clearing()
+{
+    QFETCH(QString, mainComputer);
+    QFETCH(QString, betsCleared);
+    QFETCH(Answer, answer);
+    QFETCH(QStringList, boxes);
+    QFETCH(bool, cleared);
+    ListEvent event;
+    event.session.settings.mainComputer = mainComputer;
+    event.session.settings.betsCleared = betsCleared;
+    const QByteArray before = event.read(u"Bettors"_s);
+    BoxRobot robot;
+    event.list();
+    for (const QString &box : boxes) {
+        const qsizetype colon = box.indexOf(u':');
+        robot.expect(box.mid(colon + 2), box.left(colon), answer);
+    }
+    clickButton(event.list(), u"cmdclearbettors"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.names().size(), cleared ? 1 : 3);
+    QCOMPARE(event.session.bettors.nextNumber, cleared ? 2 : 4);
+    QCOMPARE(event.read(u"Bettors"_s), cleared ? QByteArray("1,\"AnyBettor\"\r\n") : before);
+}
+
+void tst_frmbettorsb::leaving_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("main menu") << u"cmdreturn"_s << u"frmmenub"_s;
+    QTest::newRow("bet sheet") << u"cmdbetsheet"_s << u"frmsheetb"_s;
+    QTest::newRow("close box") << QString() << u"frmmenub"_s;
+}
+
+void tst_frmbettorsb::leaving()
+{
+    QFETCH(QString, button);
+    ListEvent event;
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"NEW-ANN added"_s, u"Bettors"_s);
+    event.enter(u"new-ann"_s);
+    if (button.isEmpty())
+        event.window()->close();
+    else
+        clickButton(event.list(), button);
+    QVERIFY(robot.allCame());
+    QTEST(event.shown(), "shown");
+    QVERIFY(event.read(u"Bettors"_s).endsWith("4,\"NEW-ANN\"\r\n"));
+    QCOMPARE(event.read(u"Bettorsbackup"_s), event.read(u"Bettors"_s));
+}
+
+void tst_frmbettorsb::unreadListIsNotSaved()
+{
+    ListEvent event;
+    const QByteArray twin = event.read(u"Bettorsbackup"_s);
+    QFile::remove(event.path(u"Bettors"_s));
+    BoxRobot robot;
+    robot.expect(u"53 File not found"_s, u"Bettors input"_s);
+    event.list();
+    QVERIFY(robot.allCame());
+    QVERIFY(!child<QWidget>(event.list(), u"txtbettorname"_s)->isEnabled());
+    clickButton(event.list(), u"cmdreturn"_s);
+    QVERIFY(robot.allCame());
+    QVERIFY(!event.exists(u"Bettors"_s));
+    QCOMPARE(event.read(u"Bettorsbackup"_s), twin);
+}
+
+void tst_frmbettorsb::failedSaveKeepsTheScreen()
+{
+    ListEvent event;
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"NEW-ANN added"_s, u"Bettors"_s);
+    event.enter(u"new-ann"_s);
+    QFile::remove(event.path(u"Bettorsbackup"_s));
+    QDir().mkdir(event.path(u"Bettorsbackup"_s));
+    robot.expect(u"75 Path/File access error"_s, u"Bettorsbackup output"_s);
+    clickButton(event.list(), u"cmdreturn"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.shown(), u"frmbettorsb"_s);
+    QDir().rmdir(event.path(u"Bettorsbackup"_s));
+    clickButton(event.list(), u"cmdreturn"_s);
+    QCOMPARE(event.shown(), u"frmmenub"_s);
+    QVERIFY(event.read(u"Bettorsbackup"_s).contains("NEW-ANN"));
+}
+
+void tst_frmbettorsb::keysInTheList_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("rejected");
+    for (const int key : {Qt::Key_S, Qt::Key_5, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,
+                          Qt::Key_Backspace, Qt::Key_Escape})
+        QTest::addRow("%s is refused", qPrintable(QKeySequence(key).toString())) << key << true;
+    for (const int key :
+         {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End,
+          Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Tab, Qt::Key_Shift, Qt::Key_F5})
+        QTest::addRow("%s moves", qPrintable(QKeySequence(key).toString())) << key << false;
+}
+
+void tst_frmbettorsb::keysInTheList()
+{
+    QFETCH(int, key);
+    QFETCH(bool, rejected);
+    ListEvent event;
+    BoxRobot robot;
+    event.list();
+    robot.expect(u"NEW-ANN added"_s, u"Bettors"_s);
+    event.enter(u"new-ann"_s);
+    robot.expect(u"Delete ADAMS-EVE"_s, u"Bettors"_s);
+    event.removeName(u"ADAMS-EVE"_s);
+    if (rejected)
+        robot.expect(u"Must select bettor name from drop down list"_s, u"Bettor name"_s);
+    QTest::keyClick(child<QListWidget>(event.list(), u"cbobettornames"_s), Qt::Key(key));
+    QCoreApplication::processEvents();
+    QVERIFY(robot.allCame());
+    const QStringList fromFile{u"ADAMS-EVE"_s, u"AnyBettor"_s, u"SMITH-JOHN"_s};
+    const QStringList inMemory{u"AnyBettor"_s, u"NEW-ANN"_s, u"SMITH-JOHN"_s};
+    QCOMPARE(event.names(), rejected ? fromFile : inMemory);
+    QCOMPARE(event.session.bettors.nextNumber, rejected ? 4 : 5);
+    QCOMPARE(event.note(), rejected ? u"Additions not saved and lost: 1 (NEW-ANN); "
+                                      "Deleted names not saved and listed again: 1"_s
+                                    : QString());
+}
+
+void tst_frmbettorsb::missingAnyBettor()
+{
+    ListEvent event("2,\"SMITH-JOHN\"\r\n3,\"ADAMS\r\n");
+    event.list();
+    QVERIFY(event.note().contains("AnyBettor is missing"_L1));
+    QVERIFY(event.note().contains("Use Backup Files"_L1));
+    QVERIFY(event.note().contains("Damaged lines in the bettor file, kept as they are: 1"_L1));
+}
+
+void tst_frmbettorsb::manyBettors()
+{
+    QByteArray records = "1,\"AnyBettor\"\r\n";
+    for (int number = 2; number < 2000; ++number)
+        records += QByteArray::number(number) + ",\"BETTOR-"
+                   + QByteArray::number(number * 7919 % 2003) + "\"\r\n";
+    ListEvent event(records);
+    event.session.settings.bettorLimit = 2000;
+    event.list();
+    QCOMPARE(event.names().size(), 1999);
+    BoxRobot robot;
+    robot.expect(u"BETTOR-5-B added"_s, u"Bettors"_s);
+    typeInto(event.list(), u"txtbettorname"_s, u"bettor-5-b"_s);
+    auto *control = child<QListWidget>(event.list(), u"cbobettornames"_s);
+    QVERIFY(control->itemAt(2, 2)->text().startsWith("BETTOR-5"_L1));
+    QTest::keyClick(child<QLineEdit>(event.list(), u"txtbettorname"_s), Qt::Key_Return);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.names().size(), 2000);
+    QVERIFY(std::ranges::is_sorted(event.names()));
+    clickButton(event.list(), u"cmdreturn"_s);
+    QCOMPARE(event.read(u"Bettors"_s).count('\n'), 2000);
+}
+
+TRELAWN_TEST_MAIN(tst_frmbettorsb)
+#include "tst_frmbettorsb.moc"

@@ -1,0 +1,184 @@
+#include "betting/betamount.h"
+#include "betting/placement.h"
+#include "betting/priorbets.h"
+#include "common/fileerror.h"
+#include "common/racefiles.h"
+#include "kit/testkit.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Entry
+{
+    int post;
+    BetType type;
+    float dollars;
+};
+using enum BetType;
+
+BetEntries entriesOf(const QList<Entry> &list)
+{
+    BetEntries entries;
+    for (const Entry &entry : list)
+        entries.add(entry.post, entry.type, entry.dollars);
+    return entries;
+}
+
+QByteArray recordsOf(const std::vector<Bet> &bets)
+{
+    std::string records;
+    for (const Bet &bet : bets)
+        records += betLine(bet);
+    return QByteArray::fromStdString(records);
+}
+
+} // namespace
+
+class tst_placement : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void plan_data();
+    void plan();
+    void totals();
+    void amount();
+    void bettorsBetCount();
+    void betLimit();
+    void failingTwinPlacesNothing();
+    void deletion();
+    void deletionOfAStaleList();
+};
+
+void tst_placement::plan_data()
+{
+    QTest::addColumn<QList<Entry>>("entries");
+    QTest::addColumn<QByteArray>("records");
+    QTest::addColumn<bool>("stops");
+    QTest::newRow("win, place, show columns, each from post 1")
+        << QList<Entry>{{2, Show, 4}, {21, Win, 1}, {1, Place, 3}, {1, Win, 2}}
+        << QByteArray("7,1,1,2\r\n7,21,1,1\r\n7,1,2,3\r\n7,2,3,4\r\n") << false;
+    QTest::newRow("0.75 is dropped, 1.25 is placed")
+        << QList<Entry>{{1, Win, 0.75F}, {2, Win, 1.25F}} << QByteArray("7,2,1,1.25\r\n") << false;
+    QTest::newRow("the threshold of one dollar")
+        << QList<Entry>{{1, Win, 1}, {2, Win, 0.99F}} << QByteArray("7,1,1,1\r\n") << false;
+    QTest::newRow("a negative cell stops; earlier bets stay, later ones are not reached")
+        << QList<Entry>{{1, Win, 5}, {1, Place, -2}, {2, Place, 9}} << QByteArray("7,1,1,5\r\n")
+        << true;
+    QTest::newRow("a small negative cell stops too")
+        << QList<Entry>{{1, Win, -0.25F}, {2, Win, 9}} << QByteArray() << true;
+    QTest::newRow("a cell back at zero is no bet")
+        << QList<Entry>{{1, Win, 5}, {1, Win, -5}, {2, Win, 5}} << QByteArray("7,2,1,5\r\n")
+        << false;
+    QTest::newRow("above 1000 is placed")
+        << QList<Entry>{{1, Win, 1001}} << QByteArray("7,1,1,1001\r\n") << false;
+}
+
+void tst_placement::plan()
+{
+    QFETCH(QList<Entry>, entries);
+    const PlacementPlan plan = planPlacement(entriesOf(entries), 7, 0, 20000);
+    QTEST(recordsOf(plan.bets), "records");
+    QTEST(plan.stopsAtNegative, "stops");
+    QVERIFY(!plan.overBettorLimit);
+}
+
+void tst_placement::totals()
+{
+    const BetEntries entries = entriesOf({{3, Win, 5}, {3, Show, -1}, {4, Win, 0.75F}});
+    QCOMPARE(entries.rowTotal(3), 4.0F);
+    QCOMPARE(entries.columnTotal(Win), 5.75F);
+    QCOMPARE(entries.total(), 4.75F);
+    QVERIFY(entries.isEntered(3, Show));
+    QVERIFY(!entries.isEntered(3, Place));
+    QVERIFY(entriesNote(entries).contains(u"below $1.00"_s));
+    QVERIFY(entriesNote(entries).contains(u"negative"_s));
+    QVERIFY(entriesNote(entriesOf({{1, Win, 1000}})).isEmpty());
+    QVERIFY(entriesNote(entriesOf({{1, Win, 1001}})).contains(u"Pay Winners"_s));
+}
+
+void tst_placement::amount()
+{
+    BetAmount amount;
+    QCOMPARE(amount.value(), 1.0F);
+    amount.press(u" .25"_s);
+    amount.flipSign();
+    QCOMPARE(amount.value(), -1.25F);
+    amount.press(u"5"_s);
+    QCOMPARE(amount.value(), -6.25F);
+    amount.set(10); // a preset leaves the sign alone
+    amount.step(1);
+    QCOMPARE(amount.value(), 9.0F);
+    amount.press(u"Clear Bet Amount"_s);
+    QCOMPARE(amount.value(), 0.0F);
+    QVERIFY(!amount.isMinus());
+}
+
+void tst_placement::bettorsBetCount()
+{
+    const BetEntries entries = entriesOf({{1, Win, 5}});
+    QVERIFY(!planPlacement(entries, 7, 10, 10).overBettorLimit);
+    const PlacementPlan over = planPlacement(entries, 7, 11, 10);
+    QVERIFY(over.overBettorLimit);
+    QVERIFY(over.bets.empty());
+}
+
+void tst_placement::betLimit()
+{
+    TestEvent event;
+    event.write(u"Bets Race1"_s, "1,1,1,5\r\n");
+    event.session.settings.betLimit = 3;
+    QVERIFY(!placeBets(event.session, entriesOf({{1, Win, 2}, {2, Win, 2}}), 4).raceIsFull);
+    const QByteArray full = event.read(u"Bets Race1"_s);
+    QCOMPARE(full, QByteArray("1,1,1,5\r\n4,1,1,2\r\n4,2,1,2\r\n"));
+    QVERIFY(placeBets(event.session, entriesOf({{1, Win, 2}}), 4).raceIsFull);
+    QCOMPARE(event.read(u"Bets Race1"_s), full);
+    // A sheet that places nothing needs no room.
+    QVERIFY(!placeBets(event.session, entriesOf({{1, Win, 0.5F}}), 4).raceIsFull);
+}
+
+void tst_placement::failingTwinPlacesNothing()
+{
+    TestEvent event;
+    QVERIFY(QFile::remove(event.path(u"Betsbackup Race1"_s)));
+    QVERIFY(QDir().mkdir(event.path(u"Betsbackup Race1"_s)));
+    QVERIFY_THROWS_EXCEPTION(FileError, placeBets(event.session, entriesOf({{1, Win, 2}}), 4));
+    QCOMPARE(event.session.settings.operationLabel, u"Betsbackup Append"_s);
+    QCOMPARE(event.read(u"Bets Race1"_s), QByteArray());
+}
+
+void tst_placement::deletion()
+{
+    TestEvent event;
+    const QByteArray before = "2,1,1,5\r\nnot a bet\r\n2,2,1,3\r\n0,9,9,9\r\n2,1,1,5\r\n";
+    event.write(u"Bets Race1"_s, before);
+    event.write(u"Betsbackup Race1"_s, before);
+    const PriorBets prior = loadPriorBets(event.session, 2, u"SMITH"_s);
+    QCOMPARE(prior.bets.size(), 3);
+    QCOMPARE(prior.sum, 13.0F);
+    const DeletedBets deleted = deletePriorBets(event.session, {prior.bets[0], prior.bets[1]});
+    QVERIFY(!deleted.listWasStale);
+    QCOMPARE(deleted.refund, 8.0F);
+    // The equal bet further down, the damaged line and the foreign record were not listed.
+    const QByteArray after = "not a bet\r\n0,9,9,9\r\n2,1,1,5\r\n";
+    QCOMPARE(event.read(u"Bets Race1"_s), after);
+    QCOMPARE(event.read(u"Betsbackup Race1"_s), after);
+}
+
+void tst_placement::deletionOfAStaleList()
+{
+    TestEvent event;
+    event.write(u"Bets Race1"_s, "2,1,1,5\r\n2,2,1,3\r\n");
+    const PriorBets prior = loadPriorBets(event.session, 2, u"SMITH"_s);
+    // Another computer deleted the first bet: the remembered rows moved.
+    const QByteArray moved = "2,2,1,3\r\n3,1,1,8\r\n";
+    event.write(u"Bets Race1"_s, moved);
+    QVERIFY(deletePriorBets(event.session, {prior.bets[1]}).listWasStale);
+    QCOMPARE(event.read(u"Bets Race1"_s), moved);
+}
+
+TRELAWN_TEST_MAIN(tst_placement)
+#include "tst_placement.moc"

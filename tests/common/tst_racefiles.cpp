@@ -1,0 +1,199 @@
+#include "common/eventfiles.h"
+#include "common/fileerror.h"
+#include "common/racefiles.h"
+#include "kit/testkit.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+// The current race's files as screens load and save them.
+class tst_racefiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void loadBets();
+    void missingBets_data();
+    void missingBets();
+    void otherFailureIsReported();
+    void append();
+    void remove_data();
+    void remove();
+    void horses();
+    void bettors();
+};
+
+void tst_racefiles::loadBets()
+{
+    TestEvent event;
+    event.session.settings.currentRace = 10;
+    event.session.settings.betLimit = 1;
+    event.write(u"BetsRace10"_s, "1,1,1,999\r\n"); // without the blank: another file
+    event.write(u"Bets Race10"_s, "2,3,1,5\r\n2,22,1,5\r\n2,3,4,5\r\nbad\r\n3,3,2,2.5\r\n");
+    QCOMPARE(LoadRaceBets(event.session), QString());
+    const Session &session = event.session;
+    QCOMPARE(session.bets.rows.size(), 5); // all of them, whatever the limit
+    QCOMPARE(session.bets.rows[4].bet, (Bet{3, 3, 2, 2.5F}));
+    QCOMPARE(session.pools.amount(3, int(BetType::Win)), 5.0F);
+    QCOMPARE(session.pools.amount(3, totalColumn), 7.5F);
+    QCOMPARE(session.pools.amount(totalsRow, totalColumn), 7.5F); // countable bets alone
+    QCOMPARE(session.pools.total(BetType::Place), 2.5F);
+    event.session.settings.currentRace = 1;
+    LoadRaceBets(event.session);
+    QVERIFY(session.bets.rows.empty());
+    QCOMPARE(session.pools.amount(totalsRow, totalColumn), 0.0F);
+}
+
+void tst_racefiles::missingBets_data()
+{
+    QTest::addColumn<bool>("mainThere");
+    QTest::addColumn<bool>("twinThere");
+    QTest::addColumn<QByteArray>("mainAfter");
+    QTest::addColumn<QByteArray>("twinAfter");
+    QTest::addColumn<bool>("saved");
+    const QByteArray bets = "2,3,1,5\r\n";
+    QTest::newRow("both missing") << false << false << QByteArray() << QByteArray() << false;
+    QTest::newRow("main missing, full twin kept in Saved")
+        << false << true << QByteArray() << QByteArray() << true;
+    QTest::newRow("twin missing") << true << false << bets << bets << false;
+    QTest::newRow("both there") << true << true << bets << bets << false;
+}
+
+void tst_racefiles::missingBets()
+{
+    QFETCH(bool, mainThere);
+    QFETCH(bool, twinThere);
+    TestEvent event;
+    const QByteArray bets = "2,3,1,5\r\n";
+    event.write(u"Bets Race1"_s, bets);
+    event.write(u"Betsbackup Race1"_s, bets);
+    if (!mainThere)
+        QVERIFY(QFile::remove(event.path(u"Bets Race1"_s)));
+    if (!twinThere)
+        QVERIFY(QFile::remove(event.path(u"Betsbackup Race1"_s)));
+    const QString note = LoadRaceBets(event.session);
+    QTEST(event.read(u"Bets Race1"_s), "mainAfter");
+    QTEST(event.read(u"Betsbackup Race1"_s), "twinAfter");
+    QTEST(!note.isEmpty(), "saved");
+    const QStringList saved = QDir(savedFolder(event.session)).entryList(QDir::Files);
+    QTEST(saved.size() == 1, "saved");
+    if (!saved.isEmpty()) {
+        QCOMPARE(event.read(u"Saved\\"_s + saved.front()), bets);
+        QVERIFY(note.contains(saved.front()));
+    }
+}
+
+// Only missing Bets are made anew: no folder, or something else in the way, is told.
+void tst_racefiles::otherFailureIsReported()
+{
+    TestEvent event;
+    Settings &settings = event.session.settings;
+    const auto errorOfLoad = [&] {
+        try {
+            LoadRaceBets(event.session);
+        } catch (const FileError &error) {
+            return int(error.number());
+        }
+        return 0;
+    };
+    QVERIFY(QFile::remove(event.path(u"Bets Race2"_s)));
+    QVERIFY(QDir(event.path({})).mkdir(u"Bets Race2"_s));
+    settings.currentRace = 2;
+    QCOMPARE(errorOfLoad(), 75);
+    QCOMPARE(settings.operationLabel, u"Bets input"_s);
+    settings.eventDirectory = u"C:\\Elsewhere\\"_s;
+    QCOMPARE(errorOfLoad(), 76);
+    QVERIFY(!QDir(event.path({})).exists());
+}
+
+void tst_racefiles::append()
+{
+    TestEvent event;
+    event.session.settings.currentRace = 3;
+    event.write(u"Bets Race3"_s, "9,9,1,1");
+    event.write(u"Betsbackup Race3"_s, "9,9,1,1\r\n");
+    constexpr Bet bets[] = {{2, 3, 1, 5}, {2, 21, 3, 0.25F}};
+    AppendBet(event.session, bets);
+    const QByteArray expected = "9,9,1,1\r\n2,3,1,5\r\n2,21,3,0.25\r\n";
+    QCOMPARE(event.read(u"Bets Race3"_s), expected);
+    QCOMPARE(event.read(u"Betsbackup Race3"_s), expected);
+    LoadRaceBets(event.session);
+    QCOMPARE(event.session.bets.rows[2].bet, bets[1]);
+
+    // Where the twin cannot be written, nothing counts as placed.
+    QVERIFY(QFile::remove(event.path(u"Betsbackup Race3"_s)));
+    QVERIFY(QDir(event.path({})).mkdir(u"Betsbackup Race3"_s));
+    QVERIFY_THROWS_EXCEPTION(FileError, AppendBet(event.session, bets));
+    QCOMPARE(event.session.settings.operationLabel, u"Betsbackup Append"_s);
+    QCOMPARE(event.read(u"Bets Race3"_s), expected);
+}
+
+void tst_racefiles::remove_data()
+{
+    QTest::addColumn<int>("bettor");
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("damaged lines keep their bytes")
+        << 2
+        << QByteArray("2,1,1,5\r\n\"open,1\r\n2,1\r\n\xff\xfe 2,2\r\n 2 ,2,\"1\",.5\r\n3,1,1,5")
+        << QByteArray("\"open,1\r\n2,1\r\n\xff\xfe 2,2\r\n3,1,1,5\r\n");
+    QTest::newRow("line ends of another system")
+        << 2
+        << QByteArray("2,1,1,5\n3,1,1,5\n4,1,1,5\n5,1,1,5\n5,1,1,5\n5,1,1,5\n5,1,1,5\n"
+                      "5,1,1,5\n5,1,1,5\n")
+        << QByteArray("3,1,1,5\r\n4,1,1,5\r\n5,1,1,5\r\n5,1,1,5\r\n5,1,1,5\r\n5,1,1,5\r\n"
+                      "5,1,1,5\r\n5,1,1,5\r\n");
+    QTest::newRow("nothing to drop") << 7 << QByteArray("2,1,1,5\r\n") << QByteArray("2,1,1,5\r\n");
+    QTest::newRow("all of them") << 2 << QByteArray("2,1,1,5\r\n") << QByteArray();
+}
+
+void tst_racefiles::remove()
+{
+    QFETCH(int, bettor);
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    TestEvent event;
+    LoadRaceBets(event.session);
+    // Another computer's bets are in the file by now; the removal reads it again.
+    event.write(u"Bets Race1"_s, before);
+    event.write(u"Betsbackup Race1"_s, before);
+    removeBets(event.session,
+               [&](const BetRow &row) { return event.session.bets.isBetOf(row, bettor); });
+    QCOMPARE(event.read(u"Bets Race1"_s), after);
+    QCOMPARE(event.read(u"Betsbackup Race1"_s), after);
+    QCOMPARE(event.session.bets.bytes, after.toStdString());
+    const QStringList saved = QDir(savedFolder(event.session)).entryList(QDir::Files);
+    QCOMPARE(saved.size(), before == after ? 0 : 2);
+    for (const QString &copy : saved)
+        QCOMPARE(event.read(u"Saved\\"_s + copy), before);
+}
+
+void tst_racefiles::horses()
+{
+    TestEvent event;
+    Session &session = event.session;
+    session.settings.currentRace = 12;
+    session.horses.post(2) = {2, 1, u"1A"_s, u"SEA, BISCUIT"_s};
+    saveHorses(session);
+    const HorseTable saved = session.horses;
+    QCOMPARE(event.read(u"Horses Race12"_s), event.read(u"Horsesbackup Race12"_s));
+    session.horses = {};
+    QCOMPARE(loadHorses(session, u"Horses input"_s), 0);
+    QCOMPARE(session.horses, saved);
+}
+
+void tst_racefiles::bettors()
+{
+    TestEvent event;
+    loadBettors(event.session, u"Bettors input"_s);
+    QCOMPARE(event.session.bettors.sortedNames(), {u"AnyBettor"_s});
+    QCOMPARE(event.session.bettors.slotCount(), defaultBettorLimit);
+    QVERIFY(QFile::remove(event.path(u"Bettors"_s)));
+    QVERIFY_THROWS_EXCEPTION(FileError, loadBettors(event.session, u"Bettors input-Sheet"_s));
+    QCOMPARE(event.session.settings.operationLabel, u"Bettors input-Sheet"_s);
+}
+
+TRELAWN_TEST_MAIN(tst_racefiles)
+#include "tst_racefiles.moc"

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "common/fileerror.h"
+
+#include <functional>
+#include <optional>
+
+// Lets the n-th write, flush or rename of this process fail, to prove what files are like then.
+// Counted are write, pwrite, fsync, fdatasync, rename and linkat on regular files and folders,
+// whoever calls them.
+
+enum class Fault {
+    DiskFull,     // the call fails with ENOSPC; the calls after it work
+    IoError,      // the call fails with EIO; the calls after it work
+    PartialWrite, // a write puts half of its bytes on disk, the next call fails with ENOSPC
+    DiskGone,     // the call and all calls after it fail with EIO
+    Exit,         // a write puts half of its bytes on disk and the process ends (forked, see below)
+};
+
+// While it lives, the \a nth call (1-based) suffers the fault.
+class FaultyWrites
+{
+public:
+    FaultyWrites(int nth, Fault fault);
+    ~FaultyWrites();
+    Q_DISABLE_COPY_MOVE(FaultyWrites)
+
+    // Whether the operation came as far as the n-th call.
+    bool wasReached() const;
+};
+
+// How one round of an operation ended.
+struct FaultyRound
+{
+    int nth = 0;                      // the call that failed
+    std::optional<ErrorNumber> error; // what the operation threw
+    bool died = false;                // the process ended in mid-operation (Fault::Exit)
+};
+
+// Lets flushes return at once in this test program. Being called is all it takes: with it the file
+// that stands in front of the system's functions is linked in.
+void skipRealFlushes();
+
+// Runs \a prepare, \a operation and \a check with the first call failing, then the second, and so
+// on, until the operation needs no more calls. With Fault::Exit each operation runs in a forked
+// process. Returns the number of calls that could fail; 0 means that nothing was
+// written at all, or that the operation failed of its own.
+//
+//     QVERIFY(failEachWrite(Fault::DiskFull, [&] { event.write(...); },
+//                           [&] { AppendBet(event.session, bets); },
+//                           [&](const FaultyRound &round) { ... }) > 0);
+int failEachWrite(Fault fault, const std::function<void()> &prepare,
+                  const std::function<void()> &operation,
+                  const std::function<void(const FaultyRound &)> &check);

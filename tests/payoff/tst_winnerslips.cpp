@@ -1,0 +1,90 @@
+#include "kit/testkit.h"
+#include "payoff/winnerslips.h"
+
+using namespace Qt::StringLiterals;
+
+class tst_winnerslips : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void payment_data();
+    void payment();
+    void slip();
+    void longNameKeepsItsDistance();
+};
+
+namespace {
+
+TicketAmounts six(std::array<float, 6> values)
+{
+    TicketAmounts amounts;
+    std::ranges::copy(values, amounts.begin());
+    return amounts;
+}
+
+} // namespace
+
+void tst_winnerslips::payment_data()
+{
+    QTest::addColumn<std::array<float, 6>>("stakes");
+    QTest::addColumn<std::array<float, 6>>("payoffs");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QList<double>>("expected"); // win, place and show horse, total, rounded
+    using Six = std::array<float, 6>;
+    QTest::newRow("each kind goes to its horse") << Six{1, 2, 4, 8, 16, 32} << Six{1, 1, 1, 1, 1, 1}
+                                                 << 1 << QList<double>{7, 24, 32, 63, 63};
+    QTest::newRow("7.13 becomes 7.25 with .25")
+        << Six{2, 0, 0, 0, 0, 0} << Six{3.565F, 0, 0, 0, 0, 0} << 3
+        << QList<double>{7.13, 0, 0, 7.13, 7.25};
+    QTest::newRow("7.12 becomes 7.00 with .25")
+        << Six{2, 0, 0, 0, 0, 0} << Six{3.56F, 0, 0, 0, 0, 0} << 3
+        << QList<double>{7.12, 0, 0, 7.12, 7};
+    QTest::newRow("the total is rounded, not its parts")
+        << Six{1, 1, 1, 0, 0, 0} << Six{0.4F, 0.4F, 0.4F, 0, 0, 0} << 5
+        << QList<double>{1.2, 0, 0, 1.2, 1};
+    QTest::newRow("parts are brought to four decimals before they are summed")
+        << Six{1, 0, 0, 1, 0, 1} << Six{0.33334F, 0, 0, 0.33334F, 0, 0.33334F} << 1
+        << QList<double>{0.3333, 0.3333, 0.3333, 0.9999, 0.9999};
+}
+
+void tst_winnerslips::payment()
+{
+    using Six = std::array<float, 6>;
+    QFETCH(Six, stakes);
+    QFETCH(Six, payoffs);
+    QFETCH(int, index);
+    QFETCH(QList<double>, expected);
+    const Payment p = paymentFor(six(stakes), six(payoffs), index);
+    const QList<double> got{p.horseTotals[0], p.horseTotals[1], p.horseTotals[2], p.total,
+                            p.rounded};
+    for (int i = 0; i < 5; ++i)
+        QVERIFY2(std::abs(got[i] - expected[i]) < 1e-9, qPrintable(QString::number(got[i])));
+}
+
+void tst_winnerslips::slip()
+{
+    const Payment payment =
+        paymentFor(six({2, 4, 6, 1000, 0, 3}), six({3.2F, 2.5F, 2, 1.5F, 1.6F, 2.5F}), 3);
+    const Slip slip =
+        winnerSlips(winnerSlipLines(u"DOE"_s, u"Derby Race3"_s, {u"1A"_s, u"7"_s, {}}, payment));
+    QCOMPARE(slip.fontName, u"Courier New"_s);
+    const QStringList expected{
+        u"Bettor Name: DOE                            Derby Race3"_s,
+        u"                        Bet       Paid      Bet       Paid      Bet       Paid"_s,
+        u"1A                      $2.00     $6.40     $4.00     $10.00    $6.00     $12.00"_s,
+        u"7                                           $1,000.00 $1,500.00 $0.00     $0.00"_s,
+        u"                                                                $3.00     $7.50"_s,
+        u""_s};
+    QCOMPARE(slipText(slip), expected);
+}
+
+void tst_winnerslips::longNameKeepsItsDistance()
+{
+    const QString name(50, u'N');
+    const auto lines = winnerSlipLines(name, u"Derby Race3"_s, {}, {});
+    QCOMPARE(lineText(lines.front()), u"Bettor Name: "_s + name + u"  Derby Race3"_s);
+}
+
+TRELAWN_TEST_MAIN(tst_winnerslips)
+#include "tst_winnerslips.moc"

@@ -1,0 +1,141 @@
+#include "kit/testkit.h"
+#include "ui/controls.h"
+
+#include <QButtonGroup>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+class tst_controls : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void plainCaptions();
+    void altLetters();
+    void cellClicks();
+    void raceOptions();
+    void displayTakesNoTab();
+    void fieldsHoldTheirText();
+};
+
+void tst_controls::plainCaptions()
+{
+    const QString text = u"WIN & PLACE  <b>"_s;
+    QWidget form;
+    const auto *button = makeButton(&form, u"cmdx"_s, text, u"A & <i>B"_s);
+    QCOMPARE(captionOf(button), text);
+    QCOMPARE(button->text(), u"WIN && PLACE  <b>"_s);
+    QCOMPARE(button->toolTip(), u"<span>A &amp; &lt;i&gt;B</span>"_s);
+    const auto *label = makeLabel(&form, u"lblx"_s, text);
+    QCOMPARE(label->text(), text);
+    QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+void tst_controls::altLetters()
+{
+    QWidget form;
+    QList<QPushButton *> buttons;
+    for (const QString &caption :
+         {u"PAY & PRINT"_s, u"PAY"_s, u"PLACE"_s, u"APPLY"_s, u"PA"_s, u"& &"_s})
+        buttons << makeButton(&form, u"cmd"_s + QString::number(buttons.size()), caption);
+    assignAltLetters(&form);
+    QStringList letters;
+    for (const QPushButton *button : buttons)
+        letters << button->shortcut().toString();
+    letters.removeAll(QString());
+    // Letters are handed on so that each button with a letter gets one of its own.
+    QCOMPARE(letters.size(), 5);
+    QCOMPARE(QSet<QString>(letters.cbegin(), letters.cend()).size(), 5);
+    QCOMPARE(buttons[5]->text(), u"&& &&"_s);
+    const QKeySequence letter = buttons[2]->shortcut();
+    setCaption(buttons[2], u"PLACE ALL"_s);
+    QCOMPARE(buttons[2]->shortcut(), letter);
+    setCaption(buttons[2], u"?"_s);
+    QCOMPARE(buttons[2]->text(), u"?"_s);
+    QCOMPARE(captionOf(buttons[2]), u"?"_s);
+}
+
+void tst_controls::cellClicks()
+{
+    QWidget form;
+    form.show();
+    ClickCell *cell = makeCell(&form, memberName(u"txtnum"_s, 21));
+    QCOMPARE(cell->objectName(), u"txtnum_21"_s);
+    QSignalSpy clicks(cell, &ClickCell::clicked);
+    QTest::mousePress(cell, Qt::LeftButton);
+    QTest::mouseDClick(cell, Qt::LeftButton); // its second press
+    QCOMPARE(clicks.size(), 2);
+    QTest::mousePress(cell, Qt::RightButton);
+    QCOMPARE(clicks.size(), 2);
+    QTest::keyClick(cell, Qt::Key_Space);
+    QCOMPARE(clicks.size(), 3);
+    for (int i = 0; i < 3; ++i) { // held down
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_s, true);
+        QApplication::sendEvent(cell, &repeated);
+    }
+    QTest::keyClick(cell, Qt::Key_5);
+    QCOMPARE(clicks.size(), 3);
+    QCOMPARE(cell->text(), QString());
+    cell->setEnabled(false);
+    QTest::mousePress(cell, Qt::LeftButton);
+    QCOMPARE(clicks.size(), 3);
+}
+
+void tst_controls::raceOptions()
+{
+    QWidget form;
+    const RaceOptions races = makeRaceOptions(&form, u"Race"_s, 6, u"Race "_s);
+    QCOMPARE(races.frame->objectName(), u"fraround"_s);
+    QCOMPARE(races.group->buttons().size(), 12);
+    for (int race = 1; race <= 12; ++race) {
+        auto *option = child<QAbstractButton>(&form, memberName(u"optrace"_s, race));
+        QCOMPARE(races.group->id(option), race);
+        QCOMPARE(option->text(), "Race "_L1 + QString::number(race));
+    }
+    races.group->button(3)->click();
+    races.group->button(4)->click();
+    QCOMPARE(races.group->checkedId(), 4);
+    QVERIFY(!races.group->button(3)->isChecked());
+}
+
+void tst_controls::displayTakesNoTab()
+{
+    QWidget form;
+    makeField(&form, u"txtname"_s);
+    makeDisplay(&form, u"txtpost"_s);
+    makeBanner(&form, u"txtbanner"_s, u"Derby Race1"_s);
+    makeCell(&form, u"txtnum_1"_s);
+    QCOMPARE(tabOrder(&form), (QStringList{u"txtname"_s, u"txtnum_1"_s}));
+    QVERIFY(child<QLineEdit>(&form, u"txtpost"_s)->isReadOnly());
+    QCOMPARE(fieldText(&form, u"txtbanner"_s), u"Derby Race1"_s);
+}
+
+void tst_controls::fieldsHoldTheirText()
+{
+    QWidget form;
+    auto *layout = new QHBoxLayout(&form);
+    for (const double points : {8.0, 10.0, 15.0}) {
+        QLineEdit *field = makeField(&form, u"txtamount"_s);
+        QFont font = field->font();
+        font.setPointSizeF(points);
+        field->setFont(font);
+        fitCharacters(field, 9);
+        layout->addWidget(field);
+    }
+    form.show();
+    for (QLineEdit *field : form.findChildren<QLineEdit *>()) {
+        field->setText(u"$1,234.50"_s);
+        // The cursor at the far end scrolls the text unless it fits.
+        field->end(false);
+        field->grab();
+        QVERIFY(field->cursorPositionAt({2, field->height() / 2}) == 0);
+    }
+}
+
+TRELAWN_TEST_MAIN(tst_controls)
+#include "tst_controls.moc"

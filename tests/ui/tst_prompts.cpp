@@ -1,0 +1,144 @@
+#include "kit/testkit.h"
+#include "ui/prompts.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+// The boxes and the wording of failures.
+class tst_prompts : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void errorWording_data();
+    void errorWording();
+    void answers();
+    void escapeDeclines_data();
+    void escapeDeclines();
+    void plainText();
+    void inputBox();
+    void trap();
+};
+
+void tst_prompts::errorWording_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<ErrorStyle>("style");
+    QTest::addColumn<QString>("text");
+    const auto row = [](int number, const char *description) {
+        QTest::addRow("%d, %s", number, description)
+            << number << ErrorStyle::NumberAndDescription
+            << QString::number(number) + u' ' + QString::fromLatin1(description);
+    };
+    row(9, "Subscript out of range");
+    row(52, "Bad file name or number");
+    row(53, "File not found");
+    row(57, "Device I/O error");
+    row(61, "Disk full");
+    row(62, "Input past end of file");
+    row(68, "Device unavailable");
+    row(70, "Permission denied");
+    row(71, "Disk not ready");
+    row(75, "Path/File access error");
+    row(76, "Path not found");
+    row(482, "Printer error");
+    QTest::newRow("description and label")
+        << 53 << ErrorStyle::DescriptionAndLabel << u"File not found Bets input"_s;
+    QTest::newRow("description alone") << 53 << ErrorStyle::DescriptionOnly << u"File not found"_s;
+}
+
+void tst_prompts::errorWording()
+{
+    QFETCH(int, number);
+    QFETCH(ErrorStyle, style);
+    QTEST(errorText(FileError(ErrorNumber(number)), u"Bets input"_s, style), "text");
+}
+
+void tst_prompts::answers()
+{
+    BoxRobot robot;
+    robot.expect(u"Done"_s, u"TRELAWN"_s); // a box without a title shows the program's
+    showMessage(nullptr, u"Done"_s);
+    robot.expect(u"Place  these bets?"_s, u"Bets"_s, Answer::Yes);
+    QVERIFY(askYesNo(nullptr, u"Place  these bets?"_s, u"Bets"_s));
+    robot.expect(u"Sure?"_s, u"TRELAWN"_s, Answer::No);
+    QVERIFY(!askYesNo(nullptr, u"Sure?"_s));
+    robot.expect(u"Clear?"_s, u"Bettor"_s, Answer::Ok);
+    QVERIFY(askOkCancel(nullptr, u"Clear?"_s, u"Bettor"_s));
+    robot.expect(u"Clear?"_s, u"TRELAWN"_s, Answer::Cancel);
+    QVERIFY(!askOkCancel(nullptr, u"Clear?"_s));
+    QVERIFY(robot.allCame());
+}
+
+void tst_prompts::escapeDeclines_data()
+{
+    QTest::addColumn<bool>("yesNo");
+    QTest::newRow("Yes/No") << true;
+    QTest::newRow("OK/Cancel") << false;
+}
+
+void tst_prompts::escapeDeclines()
+{
+    QFETCH(bool, yesNo);
+    QTimer::singleShot(0,
+                       [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
+    QVERIFY(!(yesNo ? askYesNo(nullptr, u"?"_s) : askOkCancel(nullptr, u"?"_s)));
+}
+
+void tst_prompts::plainText()
+{
+    const QString text = u"<b>Fish & Chips</b>  &x"_s;
+    QTimer::singleShot(0, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        QCOMPARE(box->textFormat(), Qt::PlainText);
+        QCOMPARE(box->text(), text);
+        box->reject();
+    });
+    showMessage(nullptr, text);
+    QTimer::singleShot(0, [&] {
+        auto *dialog = qobject_cast<QInputDialog *>(QApplication::activeModalWidget());
+        QCOMPARE(dialog->windowTitle(), u"TRELAWN"_s);
+        QCOMPARE(dialog->textValue(), u"C"_s);
+        const auto labels = dialog->findChildren<QLabel *>();
+        QCOMPARE(labels.size(), 1);
+        QCOMPARE(labels.front()->text(), text);
+        QCOMPARE(labels.front()->textFormat(), Qt::PlainText);
+        dialog->accept();
+    });
+    QCOMPARE(askText(nullptr, text, {}, u"C"_s), u"C"_s);
+}
+
+void tst_prompts::inputBox()
+{
+    BoxRobot robot;
+    robot.expectInput(u"Drive?"_s, u"Start"_s, u"D"_s);
+    QCOMPARE(askText(nullptr, u"Drive?"_s, u"Start"_s, u"C"_s), u"D"_s);
+    robot.expectInput(u"Drive?"_s, u"Start"_s, QString());
+    QCOMPARE(askText(nullptr, u"Drive?"_s, u"Start"_s, u"C"_s), QString());
+    QVERIFY(robot.allCame());
+}
+
+void tst_prompts::trap()
+{
+    TestEvent event(false);
+    BoxRobot robot;
+    bool wentOn = false;
+    const auto failing = [&] {
+        event.session.settings.operationLabel = u"Bets input"_s;
+        throw FileError(ErrorNumber::PathNotFound);
+        wentOn = true;
+    };
+    robot.expect(u"Path not found Bets input"_s, u"Bets input"_s);
+    QVERIFY(!trapErrors(nullptr, event.session, ErrorStyle::DescriptionAndLabel, failing));
+    QVERIFY(!wentOn);
+    QVERIFY(trapErrors(nullptr, event.session, ErrorStyle::DescriptionAndLabel,
+                       [&] { wentOn = true; }));
+    QVERIFY(wentOn && robot.allCame());
+}
+
+TRELAWN_TEST_MAIN(tst_prompts)
+#include "tst_prompts.moc"

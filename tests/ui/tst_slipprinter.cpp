@@ -1,0 +1,178 @@
+#include "common/fileerror.h"
+#include "kit/testkit.h"
+#include "ui/listing.h"
+#include "ui/mainwindow.h"
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QListWidget>
+#include <QPdfWriter>
+#include <QProcess>
+
+using namespace Qt::StringLiterals;
+
+// Slips on paper: the lines, the columns, the pages, and what happens without a printer.
+class tst_slipprinter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void zones_data();
+    void zones();
+    void columnsOnPaper();
+    void pages();
+    void refusedDevice();
+    void noPrinter();
+    void listInsteadOfPaper_data();
+    void listInsteadOfPaper();
+    void substitutes();
+
+private:
+    QStringList print(const Slip &slip, int &pages) const;
+
+    QTemporaryDir m_folder;
+};
+
+void tst_slipprinter::initTestCase()
+{
+    // No print server answers here, so that no test ever prints.
+    qputenv("CUPS_SERVER", "/nonexistent");
+}
+
+// Paints the slip and reads the words back from the paper; a form feed ends each page.
+QStringList tst_slipprinter::print(const Slip &slip, int &pages) const
+{
+    const QString file = m_folder.filePath(u"slip.pdf"_s);
+    {
+        QPdfWriter device(file);
+        device.setPageSize(QPageSize(QPageSize::Letter));
+        pages = paintSlip(slip, device);
+    }
+    QProcess reader;
+    reader.start(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s});
+    if (!reader.waitForFinished() || reader.exitCode() != 0)
+        qFatal("pdftotext: %s", reader.readAllStandardError().constData());
+    return QString::fromUtf8(reader.readAllStandardOutput()).split(u'\n');
+}
+
+void tst_slipprinter::zones_data()
+{
+    QTest::addColumn<SlipLine>("line");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("next zone") << zonedLine(u"Win"_s, u"$5.00"_s) << u"Win           $5.00"_s;
+    QTest::newRow("thirteen characters")
+        << zonedLine(u"ABCDEFGHIJKLM"_s, u"x"_s) << u"ABCDEFGHIJKLM x"_s;
+    QTest::newRow("a full zone moves on")
+        << zonedLine(u"ABCDEFGHIJKLMN"_s, u"x"_s) << u"ABCDEFGHIJKLMN              x"_s;
+    QTest::newRow("column taken") << SlipLine{{1, u"ABCDE"_s}, {3, u"x"_s}} << u"ABCDE x"_s;
+    QTest::newRow("continues") << SlipLine{{3, u"A"_s}, {0, u"B"_s}} << u"  AB"_s;
+}
+
+void tst_slipprinter::zones()
+{
+    QFETCH(SlipLine, line);
+    QTEST(lineText(line), "text");
+}
+
+void tst_slipprinter::columnsOnPaper()
+{
+    Slip slip{u"Courier New"_s, 10, true, {}, 0};
+    slip.addLine(u"<b>A & B</b>"_s);
+    slip.addLine({{1, u"iii"_s}, {15, u"$5.00"_s}, {29, u"Win"_s}});
+    slip.addLine({{1, u"WWW"_s}, {15, u"$7.50"_s}, {29, u"Show"_s}});
+    int pages = 0;
+    const QStringList lines = print(slip, pages);
+    QCOMPARE(pages, 1);
+    QCOMPARE(lines.value(0).trimmed(), u"<b>A & B</b>"_s);
+    QCOMPARE(lines.value(1).simplified(), u"iii $5.00 Win"_s);
+    QCOMPARE(lines.value(2).simplified(), u"WWW $7.50 Show"_s);
+    QCOMPARE(lines.value(1).indexOf(u'$'), lines.value(2).indexOf(u'$'));
+    QCOMPARE(lines.value(1).indexOf(u"Win"_s), lines.value(2).indexOf(u"Show"_s));
+}
+
+void tst_slipprinter::pages()
+{
+    Slip slip{u"Courier New"_s, 20, false, {}, 2};
+    slip.addLine(u"Race1"_s);
+    slip.addLine(u"Bettor"_s);
+    for (int i = 1; i <= 60; ++i)
+        slip.addLine("Line "_L1 + QString::number(i));
+    slip.addPageBreak();
+    slip.addLine(u"Total"_s);
+    int pages = 0;
+    const QString text = print(slip, pages).join(u'\n');
+    QVERIFY(pages >= 3);
+    const QStringList sheets = text.split(u'\f', Qt::SkipEmptyParts);
+    QCOMPARE(sheets.size(), pages);
+    QStringList printed;
+    for (const QString &sheet : sheets) {
+        QStringList lines = sheet.split(u'\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.value(0).trimmed(), u"Race1"_s);
+        QCOMPARE(lines.value(1).trimmed(), u"Bettor"_s);
+        printed += lines.mid(2);
+    }
+    QCOMPARE(printed.size(), 61); // none cut off at the foot, none twice
+    QCOMPARE(printed.at(59).trimmed(), u"Line 60"_s);
+    QCOMPARE(sheets.last().split(u'\n').value(2).trimmed(), u"Total"_s);
+}
+
+void tst_slipprinter::refusedDevice()
+{
+    QPdfWriter device(m_folder.filePath(u"none/slip.pdf"_s));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u".*"_s));
+    QCOMPARE(paintSlip(Slip(), device), 0);
+}
+
+void tst_slipprinter::noPrinter()
+{
+    try {
+        SlipPrinter().print(Slip());
+        QFAIL("nothing can have been printed");
+    } catch (const FileError &error) {
+        QCOMPARE(int(error.number()), 482);
+        QCOMPARE(error.description(), u"Printer error"_s);
+    }
+}
+
+void tst_slipprinter::listInsteadOfPaper_data()
+{
+    QTest::addColumn<bool>("mayPrint");
+    QTest::addColumn<bool>("printerWorks");
+    QTest::addColumn<bool>("onPaper");
+    QTest::newRow("printed") << true << true << true;
+    QTest::newRow("printer fails") << true << false << false;
+    QTest::newRow("not to be printed") << false << true << false;
+}
+
+void tst_slipprinter::listInsteadOfPaper()
+{
+    QFETCH(bool, mayPrint);
+    QFETCH(bool, printerWorks);
+    TestEvent event(false);
+    if (!printerWorks)
+        event.printer.setDestination({});
+    Slip refunds;
+    refunds.addLine(zonedLine(u"ANNA"_s, u"$5.00"_s));
+    QTEST(printOrList({event.session, event.navigator(), event.printer}, refunds, mayPrint),
+          "onPaper");
+    QTEST(event.slips.size() == 1, "onPaper");
+    const auto *list = event.navigator().window()->findChild<QListWidget *>(u"List1"_s);
+    QTEST(list == nullptr, "onPaper");
+    if (list)
+        QCOMPARE(list->item(0)->text(), slipText(refunds).front());
+}
+
+// Named fonts keep their widths on a system that lacks them.
+void tst_slipprinter::substitutes()
+{
+    const QFontMetricsF fixed(QFont(u"Courier New"_s, 10));
+    QCOMPARE(fixed.horizontalAdvance(u"iiii"_s), fixed.horizontalAdvance(u"WWWW"_s));
+    const QFontMetricsF sans(QFont(u"MS Sans Serif"_s, 10));
+    QVERIFY(sans.horizontalAdvance(u"iiii"_s) < sans.horizontalAdvance(u"WWWW"_s));
+    QCOMPARE(sans.horizontalAdvance(u"iW"_s),
+             QFontMetricsF(QFont(u"Arial"_s, 10)).horizontalAdvance(u"iW"_s));
+}
+
+TRELAWN_TEST_MAIN(tst_slipprinter)
+#include "tst_slipprinter.moc"
