@@ -8,6 +8,7 @@
 #include "racecard/frmhorsesb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
+#include "repair/frmfixb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 
@@ -32,6 +33,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
+        screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),
         screen<frmmc>(u"frmmc"_s, u"Multiple Computers"_s, u"cmdreturn"_s),
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
