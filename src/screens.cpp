@@ -2,13 +2,12 @@
 
 #include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
-#include "racecard/frmhorsesb.h"
 #include "betting/frmsheetb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
+#include "repair/frmfixb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
-#include "repair/frmfixb.h"
 #include "transfer/frmdrives.h"
 #include "transfer/frmmc.h"
 
