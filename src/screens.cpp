@@ -3,9 +3,14 @@
 #include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
+#include "multibets/frmmulti.h"
+#include "multibets/frmpaymulti.h"
+#include "multibets/frmsummmulti.h"
+#include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
 #include "racecard/frmhorsesb.h"
 #include "repair/frmfixb.h"
+#include "setup/frmdirb.h"
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
 #include "transfer/frmdrives.h"
@@ -38,6 +43,11 @@ std::vector<ScreenEntry> allScreens()
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
         screen<frmsatun>(u"frmsatun"_s, u"Satellite Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmmainld>(u"frmmainld"_s, u"Thumb Drive to Main Computer"_s, u"cmdreturn"_s),
+        screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
+        screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
+        screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
+        screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),
+        screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
     };

@@ -2,8 +2,11 @@
 
 #include "common/racefiles.h"
 #include "common/session.h"
+#include "setup/clearbets.h"
 #include "setup/menurules.h"
+#include "setup/restore.h"
 #include "ui/controls.h"
+#include "ui/listing.h"
 #include "ui/prompts.h"
 
 #include <QGridLayout>
@@ -194,8 +197,8 @@ void frmmenub::connectTasks()
         QPushButton *button;
         void (frmmenub::*task)();
     } tasks[] = {
-        {cmdclearbets, nullptr},
-        {cmdbackup, nullptr},
+        {cmdclearbets, &frmmenub::clearBets},
+        {cmdbackup, &frmmenub::useBackups},
         {cmdstartnw, nullptr},
         {cmdendnw, nullptr},
     };
@@ -238,4 +241,75 @@ void frmmenub::openUnlessRefused(const QString &screen, QString (*refusal)(const
         m_context.navigator.open(screen);
     else
         showMessage(this, reason);
+}
+
+void frmmenub::clearBets()
+{
+    Session &session = m_context.session;
+    if (!askYesNo(this, u"Clear/Refund "_s + session.settings.raceName() + u" Bets?"_s))
+        return;
+    lblnote->clear();
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        loadBettors(session, u"Bettors input"_s);
+        bool printWanted = true;
+        clearStraightBets(printWanted);
+        clearMultibets(printWanted);
+    });
+}
+
+// Asks whether refunds are printed; the answer serves the multibets too.
+void frmmenub::clearStraightBets(bool &printWanted)
+{
+    Session &session = m_context.session;
+    const RaceStakes stakes = straightStakes(session);
+    if (stakes.total == 0)
+        return showMessage(this, u"Bets already cleared"_s, u"Clear bets"_s);
+    printWanted = askYesNo(this, u"Print refunds?"_s, u"Clear Bets"_s);
+    refundAndDelete(RecordFile::Bets, stakes, printWanted);
+    showMessage(this, session.settings.raceName() + u" Bet file cleared"_s, u"Clear bet file"_s);
+}
+
+void frmmenub::clearMultibets(bool printWanted)
+{
+    Session &session = m_context.session;
+    const RaceStakes stakes = multibetStakes(session);
+    if (stakes.total == 0)
+        return showMessage(this, u"Multibets already cleared"_s, u"Clear bets"_s);
+    refundAndDelete(RecordFile::Multibets, stakes, printWanted);
+    showMessage(this, session.settings.raceName() + u" multibet file cleared"_s,
+                u"Clear bet file"_s);
+}
+
+// The copies come first: once the list of refunds is out, the bets must be able to go.
+void frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted)
+{
+    Session &session = m_context.session;
+    keepTwins(session, file);
+    if (printWanted
+        && !printOrList(m_context, raceRefunds(session, file, stakes),
+                        session.settings.receiptsPrint()))
+        addNote(u"The refund list is in its own window."_s);
+    deleteTwins(session, file);
+    if (stakes.damaged > 0)
+        addNote(u"Damaged lines that could not be refunded, kept in Saved: "_s
+                + QString::number(stakes.damaged));
+}
+
+void frmmenub::useBackups()
+{
+    Session &session = m_context.session;
+    lblnote->clear();
+    for (const RestoreChoice &choice : restoreChoices()) {
+        if (!askYesNo(this, choice.question, u"Backup"_s))
+            continue;
+        if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
+                        [&] { addNote(restoreFromTwin(session, choice.file)); }))
+            return;
+        showMessage(this, choice.confirmation, u"Backup"_s);
+    }
+}
+
+void frmmenub::addNote(const QString &note)
+{
+    lblnote->setText(lblnote->text().isEmpty() ? note : QString(lblnote->text() + u'\n' + note));
 }
