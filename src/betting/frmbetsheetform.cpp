@@ -43,7 +43,7 @@ const BetSheetKind &localBetSheet()
 {
     static const BetSheetKind kind{
         {{u"Command1"_s, u"Summary"_s, u"Display a summary of all bets for this race"_s,
-          u"frmsummaryb"_s},
+          u"frmsummb"_s},
          {u"cmdmulti"_s, u"Multi Bets"_s, u"Handle Trifecta,Daily Double, Quinela, etc type bets"_s,
           u"frmmulti"_s}},
         u"Delete Selected Prior Bets"_s,

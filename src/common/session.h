@@ -19,7 +19,7 @@ struct Session
     HorseTable horses;
     BetTable bets;
     PoolTable pools;
-    QList<AddedBets> addedBets; // by the last transfer from a satellite; a row for each race
     RacePayoffs payoffs;          // while the pay-winners screen is open
     int multibetHousePercent = 0; // of every multibet pool, for this run
+    QList<AddedBets> addedBets;   // by the last transfer from a satellite; a row for each race
 };
