@@ -16,6 +16,7 @@
 #include "setup/frminitb.h"
 #include "setup/frmmenub.h"
 #include "transfer/frmdrives.h"
+#include "transfer/frmimportb.h"
 #include "transfer/frmmc.h"
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
+        screen<frmimportb>(u"frmimportb"_s, u"Import External Files"_s, u"cmdreturn"_s),
         screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),
         screen<frmmainld>(u"frmmainld"_s, u"Thumb Drive to Main Computer"_s, u"cmdreturn"_s),
