@@ -3,6 +3,7 @@
 #include "betting/frmbettorsb.h"
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
+#include "help/frmhelpb.h"
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
@@ -40,6 +41,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),
+        screen<frmhelpb>(u"frmhelpb"_s, u"Help"_s, u"cmdreturn"_s),
         screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
         screen<frmimportb>(u"frmimportb"_s, u"Import External Files"_s, u"cmdreturn"_s),
         screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),

@@ -287,7 +287,8 @@ void planCard(ImportPlan &plan, ImportedRace &race, const QByteArray &bytes, con
     if (race.horses == 0)
         return;
     plan.cards[i] = horseRecords(card);
-    race.cardHadBets = !here.bets[i].rows.empty() && !(card == here.cards[i]);
+    const bool replacesHorses = !std::ranges::all_of(here.cards[i], isUnused);
+    race.cardHadBets = replacesHorses && !here.bets[i].rows.empty() && !(card == here.cards[i]);
 }
 
 void planBets(ImportPlan &plan, ImportedRace &race, const BetTable &bets, const NumberMap &map,

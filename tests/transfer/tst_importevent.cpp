@@ -91,6 +91,7 @@ private slots:
         event.write(u"Horses Race1"_s, card);
         event.putThere(u"Horses Race1"_s, horseRecords(HorseTable()));
         event.putThere(u"Horses Race2"_s, card + "2,torn");
+        event.write(u"Horses Race2"_s, "3,0,\"3 \",\"Old\"\r\n");
         event.write(u"Bets Race2"_s, "2,3,1,5\r\n");
         const ImportPlan result = event.import({true, false, false});
         QVERIFY(result.races[0].horses == 0 && result.races[1].horses == 1);
