@@ -72,8 +72,11 @@ void tst_frmhelpb::init()
 // The help window that F1 in a window leads to, or null.
 QWidget *tst_frmhelpb::pressF1(QWidget *from)
 {
-    from->window()->activateWindow();
-    if (!QTest::qWaitForWindowActive(from->window()))
+    const bool active = QTest::qWaitFor([from] {
+        from->window()->activateWindow();
+        return QApplication::activeWindow() == from->window();
+    });
+    if (!active)
         qFatal("the window does not become active");
     QTest::keyClick(from->window(), Qt::Key_F1);
     QCoreApplication::processEvents();
