@@ -4,6 +4,7 @@
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
 #include "help/frmhelpb.h"
+#include "betting/frmsheetbnw.h"
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
 #include "multibets/frmsummmulti.h"
@@ -55,6 +56,8 @@ std::vector<ScreenEntry> allScreens()
         screen<frmreportb>(u"frmreportb"_s, u"Print Reports"_s, u"cmdreturn"_s),
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
         screen<frmsatun>(u"frmsatun"_s, u"Satellite Computer to Thumb Drive"_s, u"cmdreturn"_s),
+        screen<frmsheetbnw>(u"frmsheetbnw"_s, u"Using network files as master computer"_s,
+                            u"cmdmainmenu"_s),
         screen<frmsheetb>(u"frmsheetb"_s, u"Bet Sheet using local files"_s, u"cmdmainmenu"_s),
         screen<frmsummb>(u"frmsummb"_s, u"Race Summary"_s, u"cmdreturn"_s),
         screen<frmsummmulti>(u"frmsummmulti"_s, u"Multi Bet Summary"_s, u"cmdreturn"_s),

@@ -3,6 +3,7 @@
 #include "betting/bettorlist.h"
 #include "betting/bettorrefund.h"
 #include "common/racefiles.h"
+#include "common/roles.h"
 #include "common/session.h"
 #include "ui/controls.h"
 #include "ui/listing.h"
@@ -50,12 +51,6 @@ bool isTyping(const QKeyEvent &key)
         return !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
                && !key.text().isEmpty() && key.text().front().isPrint();
     }
-}
-
-// Several computers go by the list, so that none may take bettors out of it.
-bool sharesTheList(const Settings &settings)
-{
-    return settings.mainComputer == "yes"_L1 || settings.networkMode == 1;
 }
 
 } // namespace
@@ -149,13 +144,14 @@ void frmbettorsb::build()
 void frmbettorsb::connectControls()
 {
     const Navigator &navigator = m_context.navigator;
-    cmdbetsheet->setEnabled(navigator.has(u"frmsheetb"_s));
+    cmdbetsheet->setEnabled(navigator.has(betSheetScreen(m_context.session.settings)));
     cmdreturn->setEnabled(navigator.has(u"frmmenub"_s));
     connect(txtbettorname, &QLineEdit::textEdited, this, &frmbettorsb::showPlaceOf);
     connect(txtbettorname, &QLineEdit::returnPressed, this, &frmbettorsb::add);
     connect(cmddelete, &QPushButton::clicked, this, &frmbettorsb::deleteSelected);
     connect(cmdclearbettors, &QPushButton::clicked, this, &frmbettorsb::clearAll);
-    connect(cmdbetsheet, &QPushButton::clicked, this, [this] { leaveTo(u"frmsheetb"_s); });
+    connect(cmdbetsheet, &QPushButton::clicked, this,
+            [this] { leaveTo(betSheetScreen(m_context.session.settings)); });
     connect(cmdreturn, &QPushButton::clicked, this, [this] { leaveTo(u"frmmenub"_s); });
     connect(cbobettornames, &QListWidget::itemSelectionChanged, this, &frmbettorsb::showSelected);
     cbobettornames->installEventFilter(this);
@@ -262,7 +258,7 @@ void frmbettorsb::deleteSelected()
 {
     lblnote->setText(standingNote());
     const Session &session = m_context.session;
-    if (sharesTheList(session.settings))
+    if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor delete not permitted in multiple computer mode"_s);
     const auto selected = cbobettornames->selectedItems();
     if (selected.isEmpty())
@@ -307,7 +303,7 @@ void frmbettorsb::clearAll()
 {
     lblnote->setText(standingNote());
     Session &session = m_context.session;
-    if (sharesTheList(session.settings))
+    if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor clear not permitted in multiple computer mode"_s);
     if (session.settings.betsCleared != "yes"_L1)
         return showMessage(this, u"Must clear Bets first"_s, session.settings.operationLabel);

@@ -4,6 +4,7 @@
 #include "common/format.h"
 #include "common/init.h"
 #include "common/racefiles.h"
+#include "common/roles.h"
 #include "multibets/legs.h"
 #include "multibets/multibettypes.h"
 #include "multibets/multislips.h"
@@ -292,8 +293,7 @@ void frmmulti::connectControls()
     connect(cmdonoff, &QPushButton::clicked, this, &frmmulti::switchReceipts);
     connect(cmdprint, &QPushButton::clicked, this, &frmmulti::printBlankSheets);
 
-    const QString sheet =
-        m_context.session.settings.networkMode == 1 ? u"frmsheetbnw"_s : u"frmsheetb"_s;
+    const QString sheet = betSheetScreen(m_context.session.settings);
     const std::pair<QPushButton *, QString> ways[] = {{cmdaddbettor, u"frmbettorsb"_s},
                                                       {cmdpay, u"frmpaymulti"_s},
                                                       {cmdsummary, u"frmsummmulti"_s},
@@ -301,9 +301,18 @@ void frmmulti::connectControls()
                                                       {cmdreturn, u"frmmenub"_s}};
     for (const auto &[button, screen] : ways) {
         button->setEnabled(m_context.navigator.has(screen));
-        connect(button, &QPushButton::clicked, this,
-                [this, screen] { m_context.navigator.open(screen); });
+        connect(button, &QPushButton::clicked, this, [this, name = screen] { openScreen(name); });
     }
+}
+
+void frmmulti::openScreen(const QString &name)
+{
+    const QString refusal =
+        name == "frmbettorsb"_L1 ? bettorsRefusal(m_context.session.settings) : QString();
+    if (refusal.isEmpty())
+        m_context.navigator.open(name);
+    else
+        showMessage(this, refusal);
 }
 
 void frmmulti::fill()

@@ -39,6 +39,7 @@ private:
     QWidget *buildPriorBets();
     QBoxLayout *buildButtons();
     void connectControls();
+    void openScreen(const QString &name);
     void fill();
 
     void loadBettorList();

@@ -162,30 +162,30 @@ void appendMultibets(Session &session, std::span<const Multibet> bets)
 bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed,
                      const std::function<void()> &beforeRewrite)
 {
-    const MultibetTable bets = loadMultibets(session, u"Multibets input"_s);
-    const QList<Multibet> own = multibetsOf(bets, bettor);
-    std::vector<bool> dropped(std::size_t(own.size()), false);
-    for (const PlacedMultibet &bet : removed) {
-        if (bet.place >= own.size() || own[bet.place] != bet.bet)
-            return false;
-        dropped[std::size_t(bet.place)] = true;
-    }
-    if (beforeRewrite)
-        beforeRewrite();
+    bool announced = !beforeRewrite;
+    const auto withoutRemoved = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
+        const MultibetTable bets = parseMultibets(bytes.toStdString());
+        const QList<Multibet> own = multibetsOf(bets, bettor);
+        std::vector<bool> dropped(std::size_t(own.size()), false);
+        for (const PlacedMultibet &bet : removed) {
+            if (bet.place >= own.size() || own[bet.place] != bet.bet)
+                return {};
+            dropped[std::size_t(bet.place)] = true;
+        }
+        if (!std::exchange(announced, true))
+            beforeRewrite();
 
-    QByteArray kept;
-    std::size_t place = 0;
-    for (const MultibetRow &row : bets.rows) {
-        const bool isOwn = !row.damaged && row.bet.bettor == bettor;
-        if (isOwn && dropped[place++])
-            continue;
-        const std::string_view line = lineOf(bets, row);
-        kept.append(line.data(), qsizetype(line.size())).append(recordEnd);
-    }
-    const int race = session.settings.currentRace;
-    session.settings.operationLabel = u"Multibets output"_s;
-    keepTwinsInSaved(session, RecordFile::Multibets, race);
-    rewriteTwins(session, RecordFile::Multibets, race, kept, u"Multibets output"_s,
-                 u"Multibetsbackup output"_s);
-    return true;
+        QByteArray kept;
+        std::size_t place = 0;
+        for (const MultibetRow &row : bets.rows) {
+            const bool isOwn = !row.damaged && row.bet.bettor == bettor;
+            if (isOwn && dropped[place++])
+                continue;
+            const std::string_view line = lineOf(bets, row);
+            kept.append(line.data(), qsizetype(line.size())).append(recordEnd);
+        }
+        return kept;
+    };
+    return changeTwins(session, RecordFile::Multibets, session.settings.currentRace, withoutRemoved,
+                       u"Multibets input"_s, u"Multibets output"_s, u"Multibetsbackup output"_s);
 }

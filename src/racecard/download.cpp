@@ -81,6 +81,9 @@ QString saveDownload(Session &session, const QByteArray &text)
     }
 
     QStringList notes;
+    if (card.openRace > 0)
+        notes << u"The download ends within Race"_s + QString::number(card.openRace)
+                     + u": check that it is complete"_s;
     if (card.damaged > 0)
         notes << u"Lines of the download that could not be read: "_s
                      + QString::number(card.damaged);

@@ -183,10 +183,12 @@ PublishedCard parsePostboard(const QByteArray &file)
         if (isEnd(field) && entry.size() < 2) {
             card.damaged += int(entry.size());
             entry.clear();
+            card.openRace = 0;
             if (++race == raceCount)
                 break;
             continue;
         }
+        card.openRace = int(race) + 1;
         entry.append(field.text);
         if (entry.size() == 3) {
             if (!isLeftOut(entry[0]))

@@ -17,6 +17,7 @@ struct PublishedCard
     std::array<HorseTable, raceCount> races;
     int entries = 0;     // horses taken
     int damaged = 0;     // lines and entries that could not be read
+    int openRace = 0;    // the race in which the text ends without END, 0 when it ends after one
     QStringList refused; // one message an entry whose post position is out of range
 };
 

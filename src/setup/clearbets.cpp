@@ -37,6 +37,7 @@ RaceStakes straightStakes(Session &session)
     RaceStakes stakes;
     stakes.byBettor = totalsByBettor(bets, [](const BetRow &) { return true; });
     stakes.damaged = bets.damagedRows();
+    stakes.records = bytes;
     for (const BetRow &row : bets.rows)
         stakes.total += row.damaged ? 0 : row.bet.amount;
     return stakes;
@@ -45,9 +46,9 @@ RaceStakes straightStakes(Session &session)
 RaceStakes multibetStakes(Session &session)
 {
     session.settings.operationLabel = u"Multibets Input"_s;
-    const MultibetTable bets =
-        parseMultibets(fileOrNothing(session, RecordFile::Multibets).toStdString());
     RaceStakes stakes;
+    stakes.records = fileOrNothing(session, RecordFile::Multibets);
+    const MultibetTable bets = parseMultibets(stakes.records.toStdString());
     for (const MultibetRow &row : bets.rows) {
         if (row.damaged) {
             ++stakes.damaged;
@@ -77,11 +78,14 @@ void keepTwins(Session &session, RecordFile file)
     keepTwinsInSaved(session, file, session.settings.currentRace);
 }
 
-void deleteTwins(Session &session, RecordFile file)
+bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes)
 {
+    const EventLock lock(session);
     QString &label = session.settings.operationLabel;
     const int race = session.settings.currentRace;
     label = baseName(file) + u" Output"_s;
+    if (fileOrNothing(session, file) != stakes.records)
+        return false;
     deleteRecordFile(mainFile(session, file, race));
     label = baseName(file) + u"backup Output"_s;
     deleteRecordFile(twinFile(session, file, race));
@@ -89,4 +93,5 @@ void deleteTwins(Session &session, RecordFile file)
         session.bets = BetTable();
         session.pools = PoolTable();
     }
+    return true;
 }

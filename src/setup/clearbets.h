@@ -12,6 +12,7 @@ struct RaceStakes
     float total = 0;         // dollars
     BettorTotals byBettor;   // dollars by bettor number
     std::size_t damaged = 0; // lines that hold no readable bet
+    QByteArray records;      // of the file as it was read
 };
 
 // The stakes of the current race's Bets.
@@ -27,5 +28,6 @@ Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stak
 void keepTwins(Session &session, RecordFile file);
 
 // Deletes the current race's Bets or Multibets and the twin; the tables of deleted straight bets
-// are emptied with them.
-void deleteTwins(Session &session, RecordFile file);
+// are emptied with them. False, and nothing deleted, when another computer has changed the file
+// since the stakes were read.
+bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes);

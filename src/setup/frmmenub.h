@@ -34,8 +34,12 @@ private:
     void clearBets();
     void clearStraightBets(bool &printWanted);
     void clearMultibets(bool printWanted);
-    void refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted);
+    bool refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted);
     void useBackups();
+    void startNetwork();
+    void becomeMaster();
+    void joinMaster();
+    void endNetwork();
     void addNote(const QString &note);
 
     void openUnlessRefused(const QString &screen, QString (*refusal)(const Settings &));

@@ -101,6 +101,19 @@ QString shareFolder(const QString &computer)
     return u"\\\\"_s + computer + u"\\Tshare\\"_s;
 }
 
+bool isShareMissing(const FileError &error)
+{
+    switch (error.number()) {
+    case ErrorNumber::BadFileName:
+    case ErrorNumber::PathNotFound:
+    case ErrorNumber::DeviceUnavailable:
+    case ErrorNumber::DiskNotReady:
+        return true;
+    default:
+        return false;
+    }
+}
+
 QString startAsMaster(Session &session, const QString &computer)
 {
     Settings &settings = session.settings;
@@ -118,6 +131,7 @@ QString startAsMaster(Session &session, const QString &computer)
     writeMarker(session, folder, record);
     const QString note = createMissingEventFiles(session);
     settings.networkMode = 1;
+    settings.isNetworkMaster = true;
     return note;
 }
 
@@ -135,6 +149,7 @@ QString startAsSatellite(Session &session, const QString &master)
         settings.masterComputer = master;
         const QString note = createMissingEventFiles(session);
         settings.networkMode = 1;
+        settings.isNetworkMaster = false;
         return note;
     } catch (const FileError &) {
         settings.eventDirectory = localDirectory;
@@ -157,5 +172,6 @@ bool endNetworkMode(Session &session)
     settings.networkMode = 0;
     settings.eventDirectory = defaultEventDirectory(settings);
     saveInit(session);
+    createMissingEventFiles(session);
     return shareReached;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/fileerror.h"
 #include "common/session.h"
 
 #include <optional>
@@ -26,6 +27,10 @@ QString networkNameOf(const QString &hostName);
 
 // "\\NAME\Tshare\".
 QString shareFolder(const QString &computer);
+
+// True for the errors that an unreachable shared folder is told by: a bad name, a missing folder or
+// device.
+bool isShareMissing(const FileError &error);
 
 // Makes the share of \a computer, this one, the event directory and writes its marker record (1
 // computer when it is new, else as it was); missing record files are created. On failure the error

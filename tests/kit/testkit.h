@@ -76,6 +76,9 @@ public:
     void write(const QString &fileName, const QByteArray &bytes) const;
     bool exists(const QString &fileName) const;
 
+    // What the copies of a file in the Saved folder hold, oldest first.
+    QByteArrayList savedCopies(const QString &fileName) const;
+
     // The navigator with every screen of the program; made on first use.
     Navigator &navigator();
 

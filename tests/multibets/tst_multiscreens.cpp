@@ -34,6 +34,8 @@ private slots:
     void housePercent();
     void finishFromTypeToType();
     void missingFile();
+    void waysInAndOut_data();
+    void waysInAndOut();
 
 private:
     QWidget *openForAnn(MultibetEvent &event);
@@ -422,6 +424,37 @@ void tst_multiscreens::missingFile()
     selectInList(screen, u"lstentries"_s, u"ANN"_s);
     QVERIFY(robot.allCame());
     QVERIFY(event.exists(u"Multibets Race3"_s));
+}
+
+void tst_multiscreens::waysInAndOut_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("to");
+    const auto way = [](const char *from, const char *button, const char *to) {
+        QTest::addRow("%s, %s", from, button)
+            << QString::fromLatin1(from) << QString::fromLatin1(button) << QString::fromLatin1(to);
+    };
+    way("frmmenub", "cmdmulti", "frmmulti");
+    way("frmsheetb", "cmdmulti", "frmmulti");
+    way("frmmulti", "cmdreturn", "frmmenub");
+    way("frmmulti", "cmdretbets", "frmsheetb");
+    way("frmmulti", "cmdaddbettor", "frmbettorsb");
+    way("frmmulti", "cmdsummary", "frmsummmulti");
+    way("frmmulti", "cmdpay", "frmpaymulti");
+    way("frmpaymulti", "cmdreturn", "frmmulti");
+    way("frmsummmulti", "cmdreturn", "frmmulti");
+}
+
+void tst_multiscreens::waysInAndOut()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, button);
+    TestEvent event;
+    BoxRobot robot;
+    clickButton(event.open(from), button);
+    QTEST(event.current()->objectName(), "to");
+    QVERIFY(robot.allCame());
 }
 
 TRELAWN_TEST_MAIN(tst_multiscreens)

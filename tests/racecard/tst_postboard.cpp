@@ -127,6 +127,9 @@ void tst_postboard::races()
         text += "\"" + QByteArray::number(race) + "\",\"1\",\"Horse\"\r\n\"END\"\r\n";
     const PublishedCard card = parsePostboard(postboardRecord(text));
     QCOMPARE(card.entries, 12);
+    QCOMPARE(card.openRace, 0);
+    text.truncate(text.indexOf("\"END\"", text.indexOf("\"3\"")));
+    QCOMPARE(parsePostboard(postboardRecord(text)).openRace, 3);
     for (int race = 1; race <= 12; ++race) {
         const HorseTable &horses = card.races[std::size_t(race - 1)];
         QCOMPARE(horses.post(race).name, u"Horse"_s);

@@ -44,25 +44,19 @@ void fill(TestEvent &event, const QByteArray &betFile, const QByteArray &multibe
     }
 }
 
-QByteArray savedCopy(const TestEvent &event, const QString &file)
+// The lists that opened beside the menu.
+QList<QStringList> listsShown()
 {
-    const QStringList copies = QDir(savedFolder(event.session)).entryList({file + u" *"_s});
-    return copies.isEmpty() ? QByteArray() : event.read(u"Saved\\"_s + copies.last());
-}
-
-void expectStart(BoxRobot &robot)
-{
-    robot.expect(u"Clear/Refund  Race3 Bets?"_s, u"TRELAWN"_s, Answer::Yes);
-}
-
-void expectCleared(BoxRobot &robot)
-{
-    robot.expect(u" Race3 Bet file cleared"_s, u"Clear bet file"_s);
-}
-
-void expectMultibetsCleared(BoxRobot &robot)
-{
-    robot.expect(u" Race3 multibet file cleared"_s, u"Clear bet file"_s);
+    QList<QStringList> lists;
+    for (QWidget *widget : QApplication::allWidgets()) {
+        auto *list = qobject_cast<QListWidget *>(widget);
+        if (!list || list->objectName() != "List1"_L1 || list->window()->isModal())
+            continue;
+        lists.append(QStringList());
+        for (int row = 0; row < list->count(); ++row)
+            lists.last() << list->item(row)->text();
+    }
+    return lists;
 }
 
 } // namespace
@@ -72,116 +66,89 @@ class tst_clearbets : public QObject
     Q_OBJECT
 
 private slots:
-    void refunds();
-    void withoutPaper();
-    void withoutList();
-    void nothingToClear();
+    void clears_data();
+    void clears();
     void noIsNo();
     void firstUseAfterwards();
     void copyFails();
     void powerLoss();
 };
 
-// Straight bets, multibets and a deleted bettor: everybody's money is on the lists, both files are
-// gone and lie in Saved, the other races stay.
-void tst_clearbets::refunds()
+// Straight bets, multibets and a deleted bettor: everybody's money is on the lists, on paper or
+// beside the menu; both files are gone and lie in Saved; the other races stay.
+void tst_clearbets::clears_data()
 {
+    QTest::addColumn<QByteArray>("betFile"); // null: there is none
+    QTest::addColumn<QByteArray>("multibetFile");
+    QTest::addColumn<bool>("wanted"); // the answer to "Print refunds?"
+    QTest::addColumn<bool>("receipts");
+    QTest::addColumn<QList<QStringList>>("lists");
+    const QList<QStringList> both{betRefunds, multibetRefunds};
+    const QByteArray none;
+    const QByteArray empty("");
+    QTest::newRow("on paper") << bets << multibets << true << true << both;
+    QTest::newRow("beside the menu without receipts") << bets << multibets << true << false << both;
+    QTest::newRow("not wanted") << bets << multibets << false << true << QList<QStringList>();
+    QTest::newRow("never asked, so multibets print")
+        << empty << multibets << true << true << QList<QStringList>{multibetRefunds};
+    QTest::newRow("only straight bets")
+        << bets << empty << true << true << QList<QStringList>{betRefunds};
+    QTest::newRow("files that are not there")
+        << none << none << true << true << QList<QStringList>();
+}
+
+void tst_clearbets::clears()
+{
+    QFETCH(QByteArray, betFile);
+    QFETCH(QByteArray, multibetFile);
+    QFETCH(bool, wanted);
+    QFETCH(bool, receipts);
+    QFETCH(QList<QStringList>, lists);
     TestEvent event;
-    fill(event, bets, multibets);
+    fill(event, betFile, multibetFile);
     event.write(u"Bets Race4"_s, "2,1,1,9\r\n");
+    event.session.settings.setReceiptPrinting(receipts);
     QWidget *menu = event.open(u"frmmenub"_s);
+    for (const QString &file : {u"Bets Race3"_s, u"Multibets Race3"_s}) {
+        if (betFile.isNull())
+            QFile::remove(event.path(file));
+    }
     BoxRobot robot;
-    expectStart(robot);
-    robot.expect(u"Print refunds?"_s, u"Clear Bets"_s, Answer::Yes);
-    expectCleared(robot);
-    expectMultibetsCleared(robot);
+    robot.expect(u"Clear/Refund  Race3 Bets?"_s, u"TRELAWN"_s, Answer::Yes);
+    if (betFile.isEmpty()) {
+        robot.expect(u"Bets already cleared"_s, u"Clear bets"_s);
+    } else {
+        robot.expect(u"Print refunds?"_s, u"Clear Bets"_s, wanted ? Answer::Yes : Answer::No);
+        robot.expect(u" Race3 Bet file cleared"_s, u"Clear bet file"_s);
+    }
+    if (multibetFile.isEmpty())
+        robot.expect(u"Multibets already cleared"_s, u"Clear bets"_s);
+    else
+        robot.expect(u" Race3 multibet file cleared"_s, u"Clear bet file"_s);
     clickButton(menu, u"cmdclearbets"_s);
     QVERIFY(robot.allCame());
 
-    QCOMPARE(event.slips.size(), 2);
-    QCOMPARE(slipText(event.slips[0]), betRefunds);
-    QCOMPARE(slipText(event.slips[1]), multibetRefunds);
-    QCOMPARE(event.slips[0].headingLines, 4);
-    for (const QString &twin : {u""_s, u"backup"_s}) {
-        QVERIFY(!event.exists(u"Bets"_s + twin + u" Race3"_s));
-        QVERIFY(!event.exists(u"Multibets"_s + twin + u" Race3"_s));
-        QCOMPARE(savedCopy(event, u"Bets"_s + twin + u" Race3"_s), bets);
-        QCOMPARE(savedCopy(event, u"Multibets"_s + twin + u" Race3"_s), multibets);
+    QList<QStringList> printed;
+    for (const Slip &slip : event.slips) {
+        printed << slipText(slip);
+        QCOMPARE(slip.headingLines, 4);
+    }
+    QCOMPARE(printed, receipts ? lists : QList<QStringList>());
+    const QList<QStringList> shown = listsShown();
+    QCOMPARE(shown.size(), receipts ? 0 : lists.size());
+    for (const QStringList &list : shown)
+        QVERIFY(lists.contains(list));
+
+    for (const QString &base : {u"Bets"_s, u"Betsbackup"_s, u"Multibets"_s, u"Multibetsbackup"_s}) {
+        const QByteArray &before = base.startsWith(u'B') ? betFile : multibetFile;
+        QVERIFY(before.isEmpty() || !event.exists(base + u" Race3"_s));
+        QCOMPARE(event.savedCopies(base + u" Race3"_s),
+                 before.isEmpty() ? QByteArrayList() : QByteArrayList{before});
     }
     QCOMPARE(event.read(u"Bets Race4"_s), QByteArray("2,1,1,9\r\n"));
-    QCOMPARE(labelText(menu, u"lblnote"_s),
-             u"Damaged lines that could not be refunded, kept in Saved: 1"_s);
-}
-
-// With receipts off the lists open beside the menu.
-void tst_clearbets::withoutPaper()
-{
-    TestEvent event;
-    fill(event, bets, multibets);
-    event.session.settings.setReceiptPrinting(false);
-    QWidget *menu = event.open(u"frmmenub"_s);
-    BoxRobot robot;
-    expectStart(robot);
-    robot.expect(u"Print refunds?"_s, u"Clear Bets"_s, Answer::Yes);
-    expectCleared(robot);
-    expectMultibetsCleared(robot);
-    clickButton(menu, u"cmdclearbets"_s);
-    QVERIFY(robot.allCame());
-    QCOMPARE(event.slips.size(), 0);
-    QList<QStringList> lists;
-    for (QWidget *widget : QApplication::allWidgets()) {
-        auto *list = qobject_cast<QListWidget *>(widget);
-        if (!list || list->objectName() != "List1"_L1)
-            continue;
-        QVERIFY(list->isVisible() && !list->window()->isModal());
-        lists.append(QStringList());
-        for (int row = 0; row < list->count(); ++row)
-            lists.last() << list->item(row)->text();
-    }
-    QCOMPARE(lists.size(), 2);
-    QVERIFY(lists.contains(betRefunds) && lists.contains(multibetRefunds));
-}
-
-// No list of either file, but copies of both.
-void tst_clearbets::withoutList()
-{
-    TestEvent event;
-    fill(event, bets, multibets);
-    QWidget *menu = event.open(u"frmmenub"_s);
-    BoxRobot robot;
-    expectStart(robot);
-    robot.expect(u"Print refunds?"_s, u"Clear Bets"_s, Answer::No);
-    expectCleared(robot);
-    expectMultibetsCleared(robot);
-    clickButton(menu, u"cmdclearbets"_s);
-    QVERIFY(robot.allCame());
-    QCOMPARE(event.slips.size(), 0);
-    QVERIFY(!event.exists(u"Bets Race3"_s));
-    QCOMPARE(savedCopy(event, u"Betsbackup Race3"_s), bets);
-    QCOMPARE(savedCopy(event, u"Multibets Race3"_s), multibets);
-}
-
-// Without straight bets the question does not come and the multibet list prints; missing files are
-// empty ones.
-void tst_clearbets::nothingToClear()
-{
-    TestEvent event;
-    fill(event, {}, multibets);
-    QWidget *menu = event.open(u"frmmenub"_s);
-    BoxRobot robot;
-    for (const bool hasMultibets : {true, false}) {
-        expectStart(robot);
-        robot.expect(u"Bets already cleared"_s, u"Clear bets"_s);
-        if (hasMultibets)
-            expectMultibetsCleared(robot);
-        else
-            robot.expect(u"Multibets already cleared"_s, u"Clear bets"_s);
-        clickButton(menu, u"cmdclearbets"_s);
-        QVERIFY(robot.allCame());
-        QFile::remove(event.path(u"Bets Race3"_s));
-    }
-    QCOMPARE(event.slips.size(), 1);
-    QCOMPARE(slipText(event.slips[0]), multibetRefunds);
+    QCOMPARE(labelText(menu, u"lblnote"_s)
+                 .contains("Damaged lines that could not be refunded, kept in Saved: 1"_L1),
+             !betFile.isEmpty());
 }
 
 void tst_clearbets::noIsNo()
@@ -205,7 +172,8 @@ void tst_clearbets::firstUseAfterwards()
     Session &session = event.session;
     LoadRaceBets(session);
     keepTwins(session, RecordFile::Bets);
-    deleteTwins(session, RecordFile::Bets);
+    QVERIFY(!deleteTwins(session, RecordFile::Bets, RaceStakes())); // not what was read
+    QVERIFY(deleteTwins(session, RecordFile::Bets, straightStakes(session)));
     QCOMPARE(session.bets.rows.size(), std::size_t(0));
     QCOMPARE(session.pools.amount(totalsRow, totalColumn), 0.0F);
     QCOMPARE(LoadRaceBets(session), QString());
@@ -223,7 +191,7 @@ void tst_clearbets::copyFails()
     event.write(u"Saved"_s, "in the folder's place");
     QWidget *menu = event.open(u"frmmenub"_s);
     BoxRobot robot;
-    expectStart(robot);
+    robot.expect(u"Clear/Refund  Race3 Bets?"_s, u"TRELAWN"_s, Answer::Yes);
     robot.expect(u"Print refunds?"_s, u"Clear Bets"_s, Answer::Yes);
     robot.expect(u"Path/File access error Bets Saved"_s, u"Bets Saved"_s);
     clickButton(menu, u"cmdclearbets"_s);
@@ -242,10 +210,10 @@ void tst_clearbets::powerLoss()
         fill(event, bets, multibets);
     };
     const auto clear = [&] {
-        for (const RecordFile file : {RecordFile::Bets, RecordFile::Multibets}) {
-            keepTwins(event.session, file);
-            deleteTwins(event.session, file);
-        }
+        keepTwins(event.session, RecordFile::Bets);
+        deleteTwins(event.session, RecordFile::Bets, straightStakes(event.session));
+        keepTwins(event.session, RecordFile::Multibets);
+        deleteTwins(event.session, RecordFile::Multibets, multibetStakes(event.session));
     };
     const auto survives = [&](const QString &base, const QByteArray &records) {
         for (const QString &twin : {u""_s, u"backup"_s}) {
@@ -253,8 +221,8 @@ void tst_clearbets::powerLoss()
             if (event.exists(file) && event.read(file) == records)
                 return true;
         }
-        return savedCopy(event, base + u" Race3"_s) == records
-               && savedCopy(event, base + u"backup Race3"_s) == records;
+        return event.savedCopies(base + u" Race3"_s) == QByteArrayList{records}
+               && event.savedCopies(base + u"backup Race3"_s) == QByteArrayList{records};
     };
     const auto check = [&](const FaultyRound &round) {
         QVERIFY2(survives(u"Bets"_s, bets), qPrintable(QString::number(round.nth)));

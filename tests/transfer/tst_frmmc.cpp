@@ -19,7 +19,7 @@ struct Computer : TestEvent
 {
     explicit Computer(const QString &thumb) { plugIn(thumb); }
 
-    QString driveLink() const { return QDir::cleanPath(path(u"../../F"_s)); }
+    QString driveLink() const { return session.paths.toHost(u"C:\\"_s) + "/../F"_L1; }
     void plugIn(const QString &thumb) const { QFile::link(thumb, driveLink()); }
     void pullOut() const { QFile::remove(driveLink()); }
 
@@ -189,7 +189,7 @@ private slots:
 
         main.pullOut();
         m_boxes.expect(QString::fromLatin1(mainQuestion), u"TRELAWN"_s, Answer::Yes);
-        m_boxes.expect(u"68 Device unavailable"_s, u"Bets Input"_s);
+        m_boxes.expect(u"68 Device unavailable"_s, u"Import Bets"_s);
         selectInList(choice, u"lstdrive"_s, u"F:"_s);
         QVERIFY(m_boxes.allCame());
         QCOMPARE(main.read(u"Bets Race1"_s), QByteArray());

@@ -19,7 +19,7 @@ struct Computer : TestEvent
         if (!share.isEmpty())
             QFile::link(share, network() + "/Tshare"_L1);
     }
-    QString network() const { return QDir::cleanPath(path(u"../../../network/HOST"_s)); }
+    QString network() const { return session.paths.toHost(u"C:\\"_s) + "/../../network/HOST"_L1; }
 };
 
 } // namespace
