@@ -46,6 +46,7 @@ void frmhelpb::build()
     lstchapters = new QListWidget(this);
     lstchapters->setObjectName(u"lstchapters"_s);
     lstchapters->setAccessibleName(u"Chapters"_s);
+    lstchapters->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     txthelp = new QPlainTextEdit(this);
     txthelp->setObjectName(u"txthelp"_s);
     txthelp->setAccessibleName(u"Help text"_s);
@@ -53,7 +54,7 @@ void frmhelpb::build()
     txthelp->setTabChangesFocus(true);
     txthelp->setMinimumWidth(txthelp->fontMetrics().horizontalAdvance(QString(lineColumns, u'x')));
     auto *columns = new QHBoxLayout;
-    columns->addWidget(lstchapters, 2);
+    columns->addWidget(lstchapters, 3);
     columns->addWidget(txthelp, 7);
     auto *buttons = buildButtons();
     lblnote = makeNoteLine(this);
@@ -153,16 +154,19 @@ void frmhelpb::search()
 {
     const QString wanted = txtsearch->text();
     lblnote->clear();
-    if (wanted.isEmpty() || txthelp->find(wanted))
+    if (wanted.isEmpty())
         return;
     const QTextCursor before = txthelp->textCursor();
-    txthelp->moveCursor(QTextCursor::Start);
-    if (txthelp->find(wanted)) {
+    if (!txthelp->find(wanted)) {
+        txthelp->moveCursor(QTextCursor::Start);
+        if (!txthelp->find(wanted)) {
+            txthelp->setTextCursor(before);
+            lblnote->setText(u'"' + wanted + u"\" not found"_s);
+            return;
+        }
         lblnote->setText(u"The search went on at the beginning."_s);
-        return;
     }
-    txthelp->setTextCursor(before);
-    lblnote->setText(u'"' + wanted + u"\" not found"_s);
+    txthelp->centerCursor();
 }
 
 void frmhelpb::save()

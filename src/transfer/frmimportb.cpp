@@ -143,8 +143,10 @@ QLayout *frmimportb::buildChoice()
 
 QWidget *frmimportb::buildResult()
 {
-    auto *group = new QGroupBox(u"Imported"_s, this);
-    grdimport = new QTableWidget(group);
+    fraresult = new QGroupBox(u"Imported"_s, this);
+    fraresult->setObjectName(u"fraresult"_s);
+    fraresult->hide();
+    grdimport = new QTableWidget(fraresult);
     grdimport->setObjectName(u"grdimport"_s);
     grdimport->setAccessibleName(u"What was imported, by race"_s);
     grdimport->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -155,13 +157,13 @@ QWidget *frmimportb::buildResult()
     grdimport->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     grdimport->horizontalHeader()->setStretchLastSection(true);
     grdimport->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    lstnames = new QListWidget(group);
+    lstnames = new QListWidget(fraresult);
     lstnames->setObjectName(u"lstnames"_s);
     lstnames->setAccessibleName(u"Names that were here already, and new names"_s);
-    auto *layout = new QHBoxLayout(group);
+    auto *layout = new QHBoxLayout(fraresult);
     layout->addWidget(grdimport, 3);
     layout->addWidget(lstnames, 1);
-    return group;
+    return fraresult;
 }
 
 void frmimportb::connectControls()
@@ -261,5 +263,6 @@ void frmimportb::showResult(const ImportPlan &plan)
         lstnames->addItem(u"duplicate: "_s + name);
     for (const QString &name : plan.added)
         lstnames->addItem(u"new: "_s + name);
+    fraresult->show();
     lblnote->setText(importSummary(plan));
 }

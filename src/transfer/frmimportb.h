@@ -7,6 +7,7 @@
 
 class FolderLists;
 class QCheckBox;
+class QGroupBox;
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -49,6 +50,7 @@ private:
     QCheckBox *chkbets;
     QPushButton *cmdimport;
     QPushButton *cmdreturn;
+    QGroupBox *fraresult;
     QTableWidget *grdimport;
     QListWidget *lstnames;
     QLabel *lblnote;

@@ -4,6 +4,7 @@
 #include "common/fileerror.h"
 #include "common/format.h"
 #include "common/recordfile.h"
+#include "common/roles.h"
 #include "multibets/multibetrecords.h"
 
 #include <QDir>
@@ -252,6 +253,13 @@ QStringList bettorsWithBets(const std::array<BetTable, raceCount> &bets, const N
     return names;
 }
 
+// Why this computer's role forbids the import, or nothing.
+QString roleRefusal(const Settings &settings, const ImportChoice &choice)
+{
+    const QString horses = choice.horses ? horsesRefusal(settings) : QString();
+    return horses.isEmpty() && choice.bettors ? bettorsRefusal(settings) : horses;
+}
+
 // Why the files of the folder cannot be imported at all, or nothing.
 QString folderRefusal(const Foreign &there, const QString &folder, const ImportChoice &choice)
 {
@@ -360,10 +368,10 @@ ImportPlan planImport(Session &session, const QString &folder, const ImportChoic
                       const TransferProgress &progress)
 {
     ImportPlan plan;
-    if (isEventDirectory(session, folder)) {
-        plan.refusal = u"This is the event directory itself"_s;
+    plan.refusal = isEventDirectory(session, folder) ? u"This is the event directory itself"_s
+                                                     : roleRefusal(session.settings, choice);
+    if (!plan.refusal.isEmpty())
         return plan;
-    }
     const Foreign there = readFolder(session, folder, choice, progress);
     plan.refusal = folderRefusal(there, folder, choice);
     if (!plan.refusal.isEmpty())

@@ -176,6 +176,9 @@ private slots:
             << u"There are bets of bettors who are not in the list here: NEW ONE. Check Bettors too."_s;
         QTest::newRow("bettor limit") << u"No room for 1 new bettor"_s;
         QTest::newRow("bet limit") << u"No room for the bets of Race12"_s;
+        QTest::newRow("satellite") << u"Horses update not permitted in satellite computer mode"_s;
+        QTest::newRow("satellite, no horses")
+            << u"Bettor update not permitted in satellite computer mode"_s;
         QTest::newRow("itself") << u"This is the event directory itself"_s;
         QTest::newRow("no bettors there") << u"There is no Bettors file in D:\\Club\\"_s;
         QTest::newRow("nothing there") << u"None of the files chosen is in D:\\Club\\"_s;
@@ -195,8 +198,11 @@ private slots:
             QFile::remove(event.there(u"Bettors"_s));
         if (row == "no such folder")
             QDir(event.there({})).removeRecursively();
+        if (row.startsWith("satellite"))
+            event.session.settings.satelliteComputer = u"yes"_s;
         const bool horsesAlone = row == "nothing there";
-        const ImportChoice choice{true, row != "bets without their bettors" && !horsesAlone,
+        const ImportChoice choice{row != "satellite, no horses",
+                                  row != "bets without their bettors" && !horsesAlone,
                                   !horsesAlone};
         const QString folder = row == "itself" ? u"C:\\Trelawn\\"_s : u"D:\\Club\\"_s;
         QString told;
