@@ -209,9 +209,8 @@ void tst_frmimportb::secondComputerPaidOut()
     QCOMPARE(row(u"All"_s), row(u"Race2"_s));
     QCOMPARE(items(u"lstnames"_s), (QStringList{u"duplicate: DAN"_s, u"duplicate: ADA"_s,
                                                 u"new: EMIL"_s, u"new: FAY"_s}));
-    QCOMPARE(
-        labelText(screen, u"lblnote"_s),
-        u"Races with new horses: 1. New bettors: 2. Bets added: 6, $36.00. Left out: 1."_s);
+    QCOMPARE(labelText(screen, u"lblnote"_s),
+             u"Races with new horses: 1. New bettors: 2. Bets added: 6, $36.00. Left out: 1."_s);
 
     int pool = 0;
     int onWinner = 0;
