@@ -132,8 +132,8 @@ QLayout *frmimportb::buildChoice()
     inside->setSpacing(12);
     inside->addLayout(checks);
     inside->addWidget(lblimport);
-    inside->addStretch();
     inside->addWidget(cmdimport);
+    inside->addStretch();
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return to Setup"_s);
     auto *layout = new QVBoxLayout;
     layout->addWidget(group, 1);
