@@ -53,7 +53,7 @@ QWidget *Navigator::make(const ScreenEntry &entry)
 
 void Navigator::open(const QString &name, const QString &note)
 {
-    if (name == helpScreen && m_help)
+    if (name == helpScreen && m_help && m_help->isVisible())
         return showHelp();
     m_previous = currentName();
     QWidget *screen = make(entry(name));
@@ -129,7 +129,8 @@ void Navigator::showHelp()
     const QString screen = isBeside ? active->objectName() : currentName();
     if (screen == helpScreen)
         return;
-    if (m_help) {
+    if (m_help && m_help->isVisible()) {
+        m_help->setWindowState(m_help->windowState() & ~Qt::WindowMinimized);
         m_help->raise();
         m_help->activateWindow();
     } else if (currentName() != helpScreen) {
