@@ -38,7 +38,7 @@ complain "A screen is included by another file than screens.cpp" < <(
     }'
 )
 
-subsystems='(setup|racecard|betting|payoff|multibets|transfer|repair|reports)/'
+subsystems='(setup|racecard|betting|payoff|multibets|transfer|repair|reports|help)/'
 complain "common/ includes what stands above it" < <(includes "(ui/|$subsystems)" common)
 complain "ui/ includes a subsystem" < <(includes "$subsystems" ui)
 

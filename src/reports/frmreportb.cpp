@@ -35,16 +35,6 @@ constexpr int fontSizes = 7;
 const QPageSize pdfPaper(QPageSize::A4);
 constexpr double pdfMargin = 12.7; // millimetres
 
-QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &caption,
-                     const QString &toolTip)
-{
-    auto *check = new QCheckBox(parent);
-    check->setObjectName(name);
-    setCaption(check, caption);
-    check->setToolTip(toolTip);
-    return check;
-}
-
 } // namespace
 
 frmreportb::frmreportb(const ScreenContext &context)

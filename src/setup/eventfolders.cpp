@@ -39,26 +39,6 @@ void demandReady(const Session &session, const QString &folder, ErrorNumber othe
 
 } // namespace
 
-QStringList foldersAbove(const QString &folder)
-{
-    // A root is "C:\" or, on the network, "\\NAME\Share\".
-    qsizetype end = folder.indexOf(u'\\');
-    if (folder.startsWith("\\\\"_L1))
-        end = folder.indexOf(u'\\', folder.indexOf(u'\\', 2) + 1);
-    QStringList folders;
-    while (end >= 0) {
-        folders.append(folder.left(end + 1));
-        end = folder.indexOf(u'\\', end + 1);
-    }
-    return folders;
-}
-
-QStringList foldersInside(const Session &session, const QString &folder)
-{
-    return QDir(session.paths.toHost(folder))
-        .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
-}
-
 void chooseDrive(Session &session, const QString &drive)
 {
     session.settings.operationLabel = u"Directory-Drive"_s;

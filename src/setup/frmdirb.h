@@ -4,14 +4,13 @@
 
 #include <QWidget>
 
+class FolderLists;
 class QLabel;
 class QLayout;
 class QLineEdit;
 class QListWidget;
-class QListWidgetItem;
 class QPushButton;
 class QTreeWidget;
-class QTreeWidgetItem;
 
 // Chooses the drive and folder of the event, and makes new folders.
 class frmdirb : public QWidget
@@ -24,15 +23,15 @@ public:
 private:
     void build();
     void connectControls();
-    void showDrives();
     void showFolders();
-    void driveChosen(const QListWidgetItem *item);
-    void folderChosen(const QTreeWidgetItem *item);
+    void driveChosen(const QString &drive);
+    void folderChosen(const QString &folder);
     void createNew();
     QLayout *lists();
     QLayout *newDirectory();
 
     ScreenContext m_context;
+    FolderLists *m_folders;
     QListWidget *Drive1;
     QTreeWidget *Dir1;
     QLineEdit *txtdir;

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QCheckBox>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -127,6 +128,14 @@ void assignAltLetters(QWidget *screen)
         owner.value()->setProperty(altLetterProperty, QString(owner.key()));
         applyCaption(owner.value());
     }
+}
+
+QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &caption,
+                     const QString &toolTip)
+{
+    auto *check = named(new QCheckBox(parent), name, toolTip);
+    setCaption(check, caption);
+    return check;
 }
 
 QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text, const QString &toolTip,

@@ -7,6 +7,7 @@
 class QAbstractButton;
 class QBoxLayout;
 class QButtonGroup;
+class QCheckBox;
 class QGroupBox;
 class QLabel;
 class QListWidget;
@@ -20,6 +21,9 @@ QString memberName(const QString &array, int index);
 
 QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
                         const QString &toolTip = {});
+
+QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &caption,
+                     const QString &toolTip = {});
 
 // Makes the button the one that stands out on its screen: the usual next step.
 void standOut(QPushButton *button);

@@ -5,8 +5,15 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString helpScreen = u"frmhelpb"_s;
+
+} // namespace
 
 Navigator::Navigator(Session &session, SlipPrinter &printer,
                      const std::vector<ScreenEntry> &screens)
@@ -17,6 +24,9 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     for (const ScreenEntry &screen : screens)
         m_screens.emplace(screen.name, screen);
     connect(m_window, &MainWindow::closeRequested, this, &Navigator::pressCloseButton);
+    auto *help = new QShortcut(Qt::Key_F1, m_window);
+    help->setContext(Qt::ApplicationShortcut);
+    connect(help, &QShortcut::activated, this, &Navigator::showHelp);
 }
 
 Navigator::~Navigator()
@@ -43,6 +53,8 @@ QWidget *Navigator::make(const ScreenEntry &entry)
 
 void Navigator::open(const QString &name, const QString &note)
 {
+    if (name == helpScreen && m_help && m_help->isVisible())
+        return showHelp();
     m_previous = currentName();
     QWidget *screen = make(entry(name));
     m_window->showScreen(screen);
@@ -91,9 +103,38 @@ void Navigator::pressCloseButton()
         button->click();
 }
 
+QString Navigator::titleOf(const QString &name) const
+{
+    return has(name) ? entry(name).title : QString();
+}
+
 void Navigator::exitProgram()
 {
+    const auto beside = m_window->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    for (QWidget *window : beside) {
+        if (window->isWindow() && window->isVisible() && !window->close())
+            return;
+    }
     m_window->allowClose();
     m_window->close();
     QApplication::quit();
+}
+
+void Navigator::showHelp()
+{
+    if (!has(helpScreen))
+        return;
+    const QWidget *active = QApplication::activeWindow();
+    const bool isBeside = active && active != m_window && has(active->objectName());
+    const QString screen = isBeside ? active->objectName() : currentName();
+    if (screen == helpScreen)
+        return;
+    if (m_help && m_help->isVisible()) {
+        m_help->setWindowState(m_help->windowState() & ~Qt::WindowMinimized);
+        m_help->raise();
+        m_help->activateWindow();
+    } else if (currentName() != helpScreen) {
+        m_help = openBeside(helpScreen);
+    }
+    emit helpAsked(screen);
 }

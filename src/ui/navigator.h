@@ -44,7 +44,7 @@ public:
     bool has(const QString &name) const;
 
     // Makes the screen fresh, shows it in the main window and deletes the one shown before. A
-    // \a note goes to its status line.
+    // \a note goes to its status line. Help that is open beside comes to the front instead.
     void open(const QString &name, const QString &note = {});
 
     // Makes the screen as a window of its own beside the one shown; both stay usable. It closes
@@ -57,13 +57,24 @@ public:
     QWidget *current() const;
     QString currentName() const;
 
+    // The title of a screen's window; empty when the program lacks the screen.
+    QString titleOf(const QString &name) const;
+
     // The name of the screen that was shown before the current one.
     QString previousName() const { return m_previous; }
 
     MainWindow *window() const { return m_window; }
 
-    // Ends the program. Every change is on disk already.
+    // Ends the program, unless a window beside refuses to close. Every change is on disk already.
     void exitProgram();
+
+    // What F1 does everywhere: the help screen beside the screen in use, so that nothing typed is
+    // lost, at that screen's chapter. One that is open already comes to the front.
+    void showHelp();
+
+signals:
+    // Help is wanted for the screen of this name.
+    void helpAsked(const QString &screen);
 
 private:
     const ScreenEntry &entry(const QString &name) const;
@@ -75,5 +86,5 @@ private:
     std::map<QString, ScreenEntry> m_screens;
     MainWindow *m_window;
     QString m_previous;
-    bool m_exiting = false;
+    QPointer<QWidget> m_help; // the help screen while it stands beside another
 };

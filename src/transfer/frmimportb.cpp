@@ -1,0 +1,268 @@
+#include "transfer/frmimportb.h"
+
+#include "common/folders.h"
+#include "common/session.h"
+#include "ui/controls.h"
+#include "ui/folderlists.h"
+#include "ui/prompts.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTimer>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString boxTitle = u"Import"_s;
+constexpr int progressDelay = 500; // milliseconds an import takes before it shows how far it is
+
+// The folder that the event directory lies in: the usual place of other events.
+QString folderBeside(const QString &eventDirectory)
+{
+    const QStringList folders = foldersAbove(eventDirectory);
+    return folders.size() < 2 ? eventDirectory : folders[folders.size() - 2];
+}
+
+QString namesOf(const ImportChoice &choice)
+{
+    QStringList names;
+    if (choice.horses)
+        names << u"Horses"_s;
+    if (choice.bettors)
+        names << u"Bettors"_s;
+    if (choice.bets)
+        names << u"Bets"_s;
+    return names.join(", "_L1);
+}
+
+} // namespace
+
+frmimportb::frmimportb(const ScreenContext &context)
+    : m_context(context)
+    , m_folder(folderBeside(context.session.settings.eventDirectory))
+{
+    build();
+    connectControls();
+    m_folders->showDrives(m_folder);
+    lstdrive->setFocus();
+    // A failure is shown once the screen can be seen.
+    QTimer::singleShot(0, this, [this] { showFolder(m_folder); });
+}
+
+void frmimportb::build()
+{
+    auto *above = new QHBoxLayout;
+    above->setSpacing(18);
+    above->addLayout(buildFolder(), 3);
+    above->addLayout(buildChoice(), 2);
+    lblnote = makeNoteLine(this);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(above, 1);
+    layout->addWidget(buildResult(), 1);
+    layout->addWidget(lblnote);
+    assignAltLetters(this);
+}
+
+QLayout *frmimportb::buildFolder()
+{
+    m_folders = new FolderLists(m_context.session, u"lstdrive"_s, u"lstfolder"_s, this);
+    lstdrive = m_folders->drives();
+    lstfolder = m_folders->folders();
+    lstfile = new QListWidget(this);
+    lstfile->setObjectName(u"lstfile"_s);
+    lstfile->setAccessibleName(u"Files that can be imported"_s);
+    lstfile->setSelectionMode(QAbstractItemView::NoSelection);
+    txtfolder = makeDisplay(this, u"txtfolder"_s);
+    txtfolder->setAccessibleName(u"Folder to import from"_s);
+    cmdrefresh = makeButton(this, u"cmdrefresh"_s, u"Look Again"_s,
+                            u"List the drives and files again, after a thumb drive was put in"_s);
+
+    auto *drives = new QVBoxLayout;
+    drives->addWidget(makeHeading(this, u"lbldrive"_s, u"Click on the drive"_s));
+    drives->addWidget(lstdrive, 1);
+    drives->addWidget(cmdrefresh, 0, Qt::AlignLeft);
+    auto *folders = new QVBoxLayout;
+    folders->addWidget(makeHeading(this, u"lblfolder"_s, u"Double click on the folder"_s));
+    folders->addWidget(lstfolder, 1);
+    auto *files = new QVBoxLayout;
+    files->addWidget(makeHeading(this, u"lblfile"_s, u"Files there"_s));
+    files->addWidget(lstfile, 1);
+    auto *lists = new QHBoxLayout;
+    lists->addLayout(drives, 3);
+    lists->addLayout(folders, 4);
+    lists->addLayout(files, 3);
+    auto *layout = new QVBoxLayout;
+    layout->addLayout(lists, 1);
+    layout->addWidget(txtfolder);
+    return layout;
+}
+
+QLayout *frmimportb::buildChoice()
+{
+    auto *group = new QGroupBox(u"What to import"_s, this);
+    chkhorses = makeCheck(group, u"chkhorses"_s, u"Horses"_s,
+                          u"The horses of each race replace those on this computer"_s);
+    chkbettors = makeCheck(group, u"chkbettors"_s, u"Bettors"_s,
+                           u"Names that are not in the list here are added to it"_s);
+    chkbets = makeCheck(group, u"chkbets"_s, u"Bets"_s,
+                        u"The bets of each race are added to those on this computer"_s);
+    cmdimport = makeButton(group, u"cmdimport"_s, u"IMPORT"_s,
+                           u"Import the files checked from the folder shown"_s);
+    standOut(cmdimport);
+    QLabel *lblimport = makeLabel(
+        group, u"lblimport"_s,
+        u"Horses replace the horses here. Bettors and bets are added: a bettor of the same name "
+        "is the same person and keeps the number here, everybody else gets a new number. Multibets "
+        "are not imported. Copies of the files as they were go to Saved."_s,
+        {}, true);
+    auto *checks = new QHBoxLayout;
+    for (QCheckBox *check : {chkhorses, chkbettors, chkbets})
+        checks->addWidget(check);
+    auto *inside = new QVBoxLayout(group);
+    inside->setSpacing(12);
+    inside->addLayout(checks);
+    inside->addWidget(lblimport);
+    inside->addWidget(cmdimport);
+    inside->addStretch();
+    cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return to Setup"_s);
+    auto *layout = new QVBoxLayout;
+    layout->addWidget(group, 1);
+    layout->addWidget(cmdreturn);
+    return layout;
+}
+
+QWidget *frmimportb::buildResult()
+{
+    fraresult = new QGroupBox(u"Imported"_s, this);
+    fraresult->setObjectName(u"fraresult"_s);
+    fraresult->hide();
+    grdimport = new QTableWidget(fraresult);
+    grdimport->setObjectName(u"grdimport"_s);
+    grdimport->setAccessibleName(u"What was imported, by race"_s);
+    grdimport->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grdimport->setTabKeyNavigation(false);
+    const QStringList columns = importTable({}).columns;
+    grdimport->setColumnCount(int(columns.size()));
+    grdimport->setHorizontalHeaderLabels(columns);
+    grdimport->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    grdimport->horizontalHeader()->setStretchLastSection(true);
+    grdimport->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    lstnames = new QListWidget(fraresult);
+    lstnames->setObjectName(u"lstnames"_s);
+    lstnames->setAccessibleName(u"Names that were here already, and new names"_s);
+    auto *layout = new QHBoxLayout(fraresult);
+    layout->addWidget(grdimport, 3);
+    layout->addWidget(lstnames, 1);
+    return fraresult;
+}
+
+void frmimportb::connectControls()
+{
+    connect(m_folders, &FolderLists::driveChosen, this,
+            [this](const QString &drive) { showFolder(drive + u'\\'); });
+    connect(m_folders, &FolderLists::folderChosen, this, &frmimportb::showFolder);
+    connect(cmdrefresh, &QPushButton::clicked, this, [this] {
+        m_folders->showDrives(m_folder);
+        showFolder(m_folder);
+    });
+    connect(cmdimport, &QPushButton::clicked, this, &frmimportb::importFiles);
+    connect(cmdreturn, &QPushButton::clicked, this,
+            [this] { m_context.navigator.open(u"frminitb"_s); });
+}
+
+void frmimportb::showFolder(const QString &folder)
+{
+    Session &session = m_context.session;
+    m_folder = folder;
+    txtfolder->setText(folder);
+    lstfile->clear();
+    session.settings.operationLabel = u"Import input"_s;
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        m_folders->showFolders(folder);
+        lstfile->addItems(importableFiles(session, folder));
+    });
+}
+
+ImportChoice frmimportb::choice() const
+{
+    return {chkhorses->isChecked(), chkbettors->isChecked(), chkbets->isChecked()};
+}
+
+void frmimportb::importFiles()
+{
+    const ImportChoice chosen = choice();
+    const QString names = namesOf(chosen);
+    if (names.isEmpty())
+        return showMessage(this, u"Check Horses, Bettors or Bets first"_s, boxTitle);
+    if (!askOkCancel(this, u"Import "_s + names + u" from "_s + m_folder + u'?', boxTitle))
+        return;
+    ImportPlan plan;
+    if (carryOut(chosen, plan))
+        showResult(plan);
+}
+
+bool frmimportb::carryOut(const ImportChoice &choice, ImportPlan &plan)
+{
+    Session &session = m_context.session;
+    QProgressDialog progress(u"Import from "_s + m_folder, QString(), 0, 0, this);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(progressDelay);
+    const auto tell = [&progress](int done, int total) {
+        progress.setMaximum(total);
+        progress.setValue(done);
+    };
+    const bool whole = trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        plan = planImport(session, m_folder, choice, tell);
+        progress.reset();
+        if (!plan.refusal.isEmpty())
+            return;
+        askAboutImportedBets(plan);
+        plan.refusal = carryOutImport(session, plan, tell);
+        progress.reset();
+    });
+    if (whole && !plan.refusal.isEmpty())
+        showMessage(this, plan.refusal, boxTitle);
+    return whole && plan.refusal.isEmpty();
+}
+
+void frmimportb::askAboutImportedBets(ImportPlan &plan)
+{
+    const QString races = plan.racesImportedBefore();
+    const QString question =
+        u"The bets of "_s + races + u" look imported before. Add them once more?"_s;
+    if (!races.isEmpty() && !askYesNo(this, question, boxTitle))
+        plan.leaveOutImportedBets();
+}
+
+void frmimportb::showResult(const ImportPlan &plan)
+{
+    const ImportTable table = importTable(plan.races);
+    grdimport->setRowCount(int(table.rows.size()));
+    for (int row = 0; row < int(table.rows.size()); ++row) {
+        const QStringList &cells = table.rows[row];
+        grdimport->setVerticalHeaderItem(row, new QTableWidgetItem(cells.first()));
+        for (int column = 0; column < int(table.columns.size()); ++column) {
+            auto *item = new QTableWidgetItem(cells.value(column + 1));
+            const bool isText = column + 1 == int(table.columns.size());
+            item->setTextAlignment((isText ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
+            grdimport->setItem(row, column, item);
+        }
+    }
+    lstnames->clear();
+    for (const QString &name : plan.duplicates)
+        lstnames->addItem(u"duplicate: "_s + name);
+    for (const QString &name : plan.added)
+        lstnames->addItem(u"new: "_s + name);
+    fraresult->show();
+    lblnote->setText(importSummary(plan));
+}
