@@ -29,6 +29,9 @@ QListWidget *makeList(QWidget *parent, const QString &name, const QString &acces
     QFont font = list->font();
     font.setPointSizeF(font.pointSizeF() * 1.15);
     list->setFont(font);
+    // A long name is cut with dots rather than scrolled to.
+    list->setUniformItemSizes(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setMinimumHeight(list->fontMetrics().height() * 6);
     return list;
 }
