@@ -152,9 +152,9 @@ void PayForm::build()
     middle->addWidget(buildPayoffs(), 1);
     middle->addWidget(buildTotals());
     auto *columns = new QHBoxLayout;
-    columns->addWidget(buildFinish(), 28);
-    columns->addLayout(middle, 46);
-    columns->addWidget(buildWinners(), 26);
+    columns->addWidget(buildFinish(), 31);
+    columns->addLayout(middle, 44);
+    columns->addWidget(buildWinners(), 25);
     auto *foot = new QHBoxLayout;
     foot->addLayout(buildGuidance(), 1);
     foot->addSpacing(12);

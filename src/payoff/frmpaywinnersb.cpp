@@ -130,7 +130,7 @@ void frmpaywinnersb::clearCalculation()
     for (QLineEdit *field : {txthousetot, txtbet, txtpaid, txtrounded, txtwinnername, txttotalr})
         field->clear();
     lblowed->clear();
-    lblpays->setText(u"$2 BET PAYS"_s);
+    lblpays->setText(u"$2 bet pays"_s);
     setTotalCaptions(u"POOLS"_s, {u"Win"_s, u"Place"_s, u"Show"_s, u"Total"_s});
     guidance->setCurrentIndex(0);
     cmdusing->setVisible(m_track.has_value());
@@ -238,7 +238,7 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
                                      : QString());
     }
     if (m_context.session.payoffs.is532)
-        lblpays->setText(u"$2 BET PAYS - 532 PAYOFF"_s);
+        lblpays->setText(u"$2 bet pays - 532 Payoff"_s);
 }
 
 void frmpaywinnersb::listWinners(const Settlement &settlement)
