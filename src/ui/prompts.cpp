@@ -56,10 +56,11 @@ QString askText(QWidget *parent, const QString &text, const QString &title,
     dialog.setWindowTitle(title.isEmpty() ? u"TRELAWN"_s : title);
     dialog.setLabelText(text);
     dialog.setTextValue(defaultText);
-    dialog.setMinimumWidth(titleWidth(dialog));
     const auto labels = dialog.findChildren<QLabel *>();
-    for (QLabel *label : labels)
+    for (QLabel *label : labels) {
         label->setTextFormat(Qt::PlainText);
+        label->setMinimumWidth(titleWidth(dialog));
+    }
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 
