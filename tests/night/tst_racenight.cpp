@@ -1,10 +1,6 @@
 #include "kit/testkit.h"
 #include "ui/controls.h"
 
-#include <QListWidget>
-#include <QRadioButton>
-#include <QShortcut>
-
 #include <cmath>
 #include <map>
 #include <random>
@@ -209,15 +205,6 @@ QStringList trimmedLines(const Slip &slip)
     return lines;
 }
 
-QStringList listed(QWidget *screen, const QString &name)
-{
-    const auto *list = child<QListWidget>(screen, name);
-    QStringList texts;
-    for (int row = 0; row < list->count(); ++row)
-        texts << list->item(row)->text();
-    return texts;
-}
-
 } // namespace
 
 void tst_racenight::wholeNight()
@@ -288,7 +275,7 @@ void tst_racenight::addBettors()
     }
     QStringList sorted = books.names;
     sorted.sort(Qt::CaseInsensitive);
-    QCOMPARE(listed(screen(), u"cbobettornames"_s), sorted);
+    QCOMPARE(listTexts(screen(), u"cbobettornames"_s), sorted);
     press(u"cmdreturn"_s);
 }
 
@@ -458,7 +445,7 @@ void tst_racenight::payEveryone()
         if (owedTo(bettor) > 0)
             winners << books.names[bettor - 1];
     }
-    QCOMPARE(listed(screen(), u"lstwinners"_s), winners);
+    QCOMPARE(listTexts(screen(), u"lstwinners"_s), winners);
     QVERIFY(winners.size() > 15);
 
     QStringList slip;
@@ -499,7 +486,7 @@ void tst_racenight::payEveryone()
         }
         slip << QString();
     }
-    QVERIFY(listed(screen(), u"lstwinners"_s).isEmpty());
+    QVERIFY(listTexts(screen(), u"lstwinners"_s).isEmpty());
     // Every pool had winners: all that was bet is paid, but for the house's part.
     QVERIFY(std::abs(paid - (1 - housePercent / 100) * (pool(Win) + pool(Place) + pool(Show)))
             < 0.01);
@@ -609,6 +596,9 @@ void tst_racenight::withoutMouse()
     pressKey(Qt::Key_Return, Qt::ControlModifier);
     QVERIFY(m_boxes->allCame());
     QCOMPARE(m_event->read(u"Bets Race1"_s), QByteArray("2,1,1,6\r\n3,4,1,5\r\n3,4,2,2\r\n"));
+    QCOMPARE(focused()->objectName(), u"txtname"_s);
+    pressKey(Qt::Key_Tab);
+    pressKey(Qt::Key_Escape);
     QCOMPARE(focused()->objectName(), u"txtname"_s);
     pressLetter(u"cmdmainmenu"_s);
 
