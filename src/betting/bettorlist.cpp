@@ -46,6 +46,33 @@ void replaceBettors(Session &session, const QString &path, const QByteArray &old
     replaceRecordFile(path, records);
 }
 
+// Puts the names that are new in the session's list into the list that another computer wrote.
+QString mergeNewNames(Session &session, const BettorTable &asRead, const QByteArray &foreign)
+{
+    BettorTable merged = BettorTable::parse(foreign, session.settings.bettorLimit);
+    if (merged.records() == asRead.records())
+        return {};
+    QStringList moved;
+    const BettorTable &own = session.bettors;
+    for (int slot = 1; slot <= own.slotCount(); ++slot) {
+        const Bettor &bettor = own.slot(slot);
+        if (!bettor.isBettor() || asRead.slotOf(bettor.name) != 0
+            || merged.slotOf(bettor.name) != 0)
+            continue;
+        if (!noPlaceReason(merged, session.settings.bettorLimit).isEmpty())
+            merged.nextNumber = merged.highestNumber() + 1;
+        if (!noPlaceReason(merged, session.settings.bettorLimit).isEmpty())
+            throw FileError(ErrorNumber::SubscriptOutOfRange);
+        const int number = addBettor(merged, bettor.name);
+        if (number != bettor.number)
+            moved.append(bettor.name + " is now number "_L1 + QString::number(number));
+    }
+    session.bettors = merged;
+    return moved.isEmpty()
+               ? QString()
+               : QString("Other computers added bettors too: "_L1 + moved.join(", "_L1));
+}
+
 } // namespace
 
 QString bettorNameFor(const QString &typed)
@@ -91,10 +118,13 @@ float betTotal(const BetTable &bets, int number)
 QString takeOutBets(Session &session, int number, float &refund)
 {
     const QString note = LoadRaceBets(session);
-    refund = betTotal(session.bets, number);
     // A bet without a bettor does not outlive the rewrite.
-    removeBets(session, [&](const BetRow &row) {
+    const auto isOut = [&](const BetRow &row) {
         return session.bets.isBetOf(row, number) || session.bets.isBetOf(row, 0);
+    };
+    removeBets(session, isOut, [&] {
+        refund = betTotal(session.bets, number);
+        return true;
     });
     return note;
 }
@@ -127,11 +157,16 @@ QString racesWithBets(const Session &session, int number, bool withCurrentRace)
     return races.join(u", "_s);
 }
 
-void saveBettors(Session &session)
+QString saveBettors(Session &session, const BettorTable &asRead)
 {
+    const EventLock lock(session);
     session.settings.operationLabel = u"Bettors output"_s;
     const QString main = mainFile(session, RecordFile::Bettors, 0);
-    replaceBettors(session, main, oldRecords(main), session.bettors.records());
+    const QByteArray oldMain = oldRecords(main);
+    QString note;
+    if (session.settings.networkMode == 1)
+        note = mergeNewNames(session, asRead, oldMain);
+    replaceBettors(session, main, oldMain, session.bettors.records());
     session.settings.operationLabel = u"Bettorsbackup output"_s;
     const QString twin = twinFile(session, RecordFile::Bettors, 0);
     const QByteArray oldTwin = oldRecords(twin);
@@ -139,6 +174,7 @@ void saveBettors(Session &session)
     // An empty list must not take the last full copy with it.
     if (!records.isEmpty() || oldTwin.isEmpty())
         replaceBettors(session, twin, oldTwin, records);
+    return note;
 }
 
 void clearBettorList(Session &session)

@@ -35,8 +35,10 @@ bool betsAreOut(const Session &session, int number);
 QString racesWithBets(const Session &session, int number, bool withCurrentRace);
 
 // Writes Bettors and Bettorsbackup from the list (labels "Bettors output", "Bettorsbackup output").
-// A file that loses a record is copied to Saved first.
-void saveBettors(Session &session);
+// A file that loses a record is copied to Saved first. In network mode the file is read again:
+// what other computers wrote since the list was \a asRead stays, and names that are new here take
+// the next free numbers after them. Returns a note of new numbers, or an empty text.
+QString saveBettors(Session &session, const BettorTable &asRead);
 
 // Starts Bettors and Bettorsbackup anew with AnyBettor alone and reads them back. What they held
 // is copied to Saved first.

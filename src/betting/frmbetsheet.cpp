@@ -8,6 +8,7 @@
 #include "common/init.h"
 #include "common/odds.h"
 #include "common/racefiles.h"
+#include "common/roles.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
 #include "ui/listing.h"
@@ -86,6 +87,16 @@ void BetSheet::fill()
         for (const auto &[text, label] : std::exchange(m_openingErrors, {}))
             showMessage(this, text, label);
     });
+}
+
+void BetSheet::openScreen(const QString &name)
+{
+    const QString refusal =
+        name == "frmbettorsb"_L1 ? bettorsRefusal(m_context.session.settings) : QString();
+    if (refusal.isEmpty())
+        m_context.navigator.open(name);
+    else
+        showMessage(this, refusal);
 }
 
 void BetSheet::note(const QString &text)

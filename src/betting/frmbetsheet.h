@@ -61,6 +61,7 @@ private:
     void fill();
 
     bool trapped(const std::function<void()> &work);
+    void openScreen(const QString &name);
     void note(const QString &text);
 
     void chooseRace(int race);

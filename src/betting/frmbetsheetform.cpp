@@ -43,7 +43,7 @@ const BetSheetKind &localBetSheet()
 {
     static const BetSheetKind kind{
         {{u"Command1"_s, u"Summary"_s, u"Display a summary of all bets for this race"_s,
-          u"frmsummaryb"_s},
+          u"frmsummb"_s},
          {u"cmdmulti"_s, u"Multi Bets"_s, u"Handle Trifecta,Daily Double, Quinela, etc type bets"_s,
           u"frmmulti"_s}},
         u"Delete Selected Prior Bets"_s,
@@ -192,7 +192,7 @@ QPushButton *BetSheet::makeExit(QWidget *parent, const BetSheetKind::Exit &exit)
     QPushButton *button = makeButton(parent, exit.button, exit.caption, exit.toolTip);
     button->setEnabled(m_context.navigator.has(exit.screen));
     connect(button, &QPushButton::clicked, this,
-            [this, screen = exit.screen] { m_context.navigator.open(screen); });
+            [this, screen = exit.screen] { openScreen(screen); });
     return button;
 }
 

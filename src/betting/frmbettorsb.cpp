@@ -3,6 +3,7 @@
 #include "betting/bettorlist.h"
 #include "betting/bettorrefund.h"
 #include "common/racefiles.h"
+#include "common/roles.h"
 #include "common/session.h"
 #include "ui/controls.h"
 #include "ui/listing.h"
@@ -143,13 +144,14 @@ void frmbettorsb::build()
 void frmbettorsb::connectControls()
 {
     const Navigator &navigator = m_context.navigator;
-    cmdbetsheet->setEnabled(navigator.has(u"frmsheetb"_s));
+    cmdbetsheet->setEnabled(navigator.has(betSheetScreen(m_context.session.settings)));
     cmdreturn->setEnabled(navigator.has(u"frmmenub"_s));
     connect(txtbettorname, &QLineEdit::textEdited, this, &frmbettorsb::showPlaceOf);
     connect(txtbettorname, &QLineEdit::returnPressed, this, &frmbettorsb::add);
     connect(cmddelete, &QPushButton::clicked, this, &frmbettorsb::deleteSelected);
     connect(cmdclearbettors, &QPushButton::clicked, this, &frmbettorsb::clearAll);
-    connect(cmdbetsheet, &QPushButton::clicked, this, [this] { leaveTo(u"frmsheetb"_s); });
+    connect(cmdbetsheet, &QPushButton::clicked, this,
+            [this] { leaveTo(betSheetScreen(m_context.session.settings)); });
     connect(cmdreturn, &QPushButton::clicked, this, [this] { leaveTo(u"frmmenub"_s); });
     connect(cbobettornames, &QListWidget::itemSelectionChanged, this, &frmbettorsb::showSelected);
     cbobettornames->installEventFilter(this);
@@ -161,6 +163,7 @@ void frmbettorsb::load()
     session.bettors = BettorTable(session.settings.bettorLimit);
     m_loaded = trapErrors(this, session, ErrorStyle::NumberAndDescription,
                           [&] { loadBettors(session, u"Bettors input"_s); });
+    m_asRead = session.bettors;
     fillList();
 }
 
@@ -255,7 +258,7 @@ void frmbettorsb::deleteSelected()
 {
     lblnote->setText(standingNote());
     const Session &session = m_context.session;
-    if (session.settings.mainComputer == "yes"_L1)
+    if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor delete not permitted in multiple computer mode"_s);
     const auto selected = cbobettornames->selectedItems();
     if (selected.isEmpty())
@@ -300,7 +303,7 @@ void frmbettorsb::clearAll()
 {
     lblnote->setText(standingNote());
     Session &session = m_context.session;
-    if (session.settings.mainComputer == "yes"_L1)
+    if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor clear not permitted in multiple computer mode"_s);
     if (session.settings.betsCleared != "yes"_L1)
         return showMessage(this, u"Must clear Bets first"_s, session.settings.operationLabel);
@@ -310,6 +313,7 @@ void frmbettorsb::clearAll()
                     [&] { clearBettorList(session); }))
         return;
     m_loaded = true;
+    m_asRead = session.bettors;
     lblnote->clear();
     fillList();
     showMessage(this, u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
@@ -344,9 +348,10 @@ void frmbettorsb::rejectTyping()
 void frmbettorsb::leaveTo(const QString &screen)
 {
     Session &session = m_context.session;
+    QString note;
     if (m_loaded && !trapErrors(this, session, ErrorStyle::NumberAndDescription, [&] {
-            saveBettors(session);
+            note = saveBettors(session, m_asRead);
         }))
         return;
-    m_context.navigator.open(screen);
+    m_context.navigator.open(screen, note);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/bettors.h"
 #include "ui/navigator.h"
 
 #include <QStringList>
@@ -41,6 +42,7 @@ private:
     void leaveTo(const QString &screen);
 
     ScreenContext m_context;
+    BettorTable m_asRead;
     bool m_loaded = false;    // what was not read is not written
     QStringList m_addedNames; // since the list was read
     int m_deletedNames = 0;   // of the names read

@@ -4,7 +4,7 @@
 #include "common/racefiles.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -70,26 +70,27 @@ PriorBets loadPriorBets(Session &session, int bettor, const QString &name)
 
 DeletedBets deletePriorBets(Session &session, const QList<PriorBet> &selected)
 {
-    DeletedBets deleted;
-    LoadRaceBets(session);
+    std::set<std::size_t> doomed;
+    for (const PriorBet &prior : selected)
+        doomed.insert(prior.row);
+    const auto rowOf = [&](const BetRow &row) {
+        return std::size_t(&row - session.bets.rows.data());
+    };
     const auto isThere = [&](const PriorBet &prior) {
         const auto &rows = session.bets.rows;
         return prior.row < rows.size() && !rows[prior.row].damaged
                && rows[prior.row].bet == prior.bet;
     };
-    deleted.listWasStale = !std::ranges::all_of(selected, isThere);
+    LoadRaceBets(session);
+    DeletedBets deleted;
+    deleted.listWasStale = !removeBets(
+        session, [&](const BetRow &row) { return doomed.contains(rowOf(row)); },
+        [&] { return std::ranges::all_of(selected, isThere); }, u"Bets"_s, u"Betsbackup"_s);
     if (deleted.listWasStale)
         return deleted;
-    std::unordered_map<std::size_t, Bet> doomed;
     for (const PriorBet &prior : selected) {
-        doomed.emplace(prior.row, prior.bet);
         deleted.lines.append(prior.line);
         deleted.refund += prior.bet.amount;
     }
-    const auto isSelected = [&](const BetRow &row) {
-        const auto found = doomed.find(std::size_t(&row - session.bets.rows.data()));
-        return found != doomed.end() && found->second == row.bet;
-    };
-    removeBets(session, isSelected, u"Bets"_s, u"Betsbackup"_s);
     return deleted;
 }

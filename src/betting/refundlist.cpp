@@ -10,11 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString nameOrBadNumber(const BettorTable &bettors, float number)
+// A null text for a number that no bettor carries.
+QString nameOf(const BettorTable &bettors, float number)
 {
     const bool whole = number == std::floor(number) && std::abs(number) < 1e6F;
-    const QString name = whole ? bettors.nameOf(int(number)) : QString();
-    return name.isNull() ? QString(plainNumber(number) + " Bad Bettor Number"_L1) : name;
+    return whole ? bettors.nameOf(int(number)) : QString();
 }
 
 } // namespace
@@ -43,11 +43,17 @@ SlipLine bettorRefund(const QString &name, float amount)
 QList<SlipLine> bettorRefunds(const BettorTotals &totals, const BettorTable &bettors)
 {
     QList<SlipLine> lines;
+    QList<SlipLine> badNumbers;
     for (const auto &[number, amount] : totals) {
-        if (amount != 0)
-            lines.append(bettorRefund(nameOrBadNumber(bettors, number), amount));
+        if (amount == 0)
+            continue;
+        const QString name = nameOf(bettors, number);
+        if (name.isNull())
+            badNumbers.append(bettorRefund(plainNumber(number) + " Bad Bettor Number"_L1, amount));
+        else
+            lines.append(bettorRefund(name, amount));
     }
-    return lines;
+    return lines + badNumbers;
 }
 
 Slip refundSlip(const RefundList &list)

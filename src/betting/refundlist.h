@@ -37,7 +37,8 @@ QString bettorRefundHeading();
 SlipLine bettorRefund(const QString &name, float amount);
 
 // One line a bettor, in number order; a bettor whose bets sum to 0 gets none. A number that is no
-// longer among the bettors is listed as "12 Bad Bettor Number", so that its money is not lost.
+// longer among the bettors is listed after them as "12 Bad Bettor Number", so that its money is not
+// lost.
 QList<SlipLine> bettorRefunds(const BettorTotals &totals, const BettorTable &bettors);
 
 // The list as a print job. Titles and heading are repeated on further pages.

@@ -5,8 +5,11 @@
 #include "common/recordfile.h"
 
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -114,6 +117,42 @@ QString savedFolder(const Session &session)
     return session.paths.toHost(session.settings.eventDirectory + u"Saved"_s);
 }
 
+EventLock::EventLock(const Session &session)
+{
+    using namespace std::chrono_literals;
+    if (session.settings.networkMode == 0)
+        return;
+    m_lock.emplace(eventFolder(session) + "/Trelawn.lock"_L1);
+    m_lock->setStaleLockTime(10s);
+    const QDeadlineTimer patience(2s);
+    while (!m_lock->tryLock(0ms) && m_lock->error() == QLockFile::LockFailedError
+           && !patience.hasExpired())
+        QThread::msleep(QRandomGenerator::global()->bounded(2U, 12U));
+}
+
+bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
+                 const QString &inputLabel, const QString &label, const QString &twinLabel)
+{
+    const EventLock lock(session);
+    const QString main = mainFile(session, file, race);
+    session.settings.operationLabel = inputLabel;
+    QByteArray found = readRecordFile(main);
+    for (;;) {
+        const std::optional<QByteArray> changed = change(found);
+        if (!changed)
+            return false;
+        session.settings.operationLabel = label;
+        if (*changed != found)
+            keepTwinsInSaved(session, file, race);
+        const QByteArray now = readRecordFile(main);
+        if (now == found) {
+            rewriteTwins(session, file, race, *changed, label, twinLabel);
+            return true;
+        }
+        found = now;
+    }
+}
+
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
                   const QString &label, const QString &twinLabel)
 {
@@ -126,6 +165,7 @@ void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray 
 void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
                  const QString &label, const QString &twinLabel)
 {
+    const EventLock lock(session);
     session.settings.operationLabel = label;
     const QString main = mainFile(session, file, race);
     appendRecords(main, lines);

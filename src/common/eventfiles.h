@@ -2,6 +2,11 @@
 
 #include "common/session.h"
 
+#include <QLockFile>
+
+#include <functional>
+#include <optional>
+
 // Every file name of an event is built here: event directory, base name and race name, with no
 // separator. All functions throw FileError; they set the operation label as they go.
 
@@ -15,6 +20,29 @@ QString twinFile(const Session &session, RecordFile file, int race);
 // The event directory and its folder of kept copies, as this computer's paths.
 QString eventFolder(const Session &session);
 QString savedFolder(const Session &session);
+
+// Keeps the other computers of network mode from writing the event's files at the same time. It is
+// advisory: waited for at most 2 seconds and then done without, so that a computer that crashed
+// stops nobody. On local files it does nothing.
+class EventLock
+{
+public:
+    explicit EventLock(const Session &session);
+
+private:
+    std::optional<QLockFile> m_lock;
+};
+
+// Makes the new bytes of a record file from those it holds, or nothing to leave it alone.
+using RecordChange = std::function<std::optional<QByteArray>(const QByteArray &)>;
+
+// Rewrites a record file and its twin with what \a change makes of the main file. The file is read
+// afresh, and read again when another computer wrote to it meanwhile, so that nothing written there
+// is lost; \a change may therefore be called several times. Both files go to Saved first when the
+// content changes. Sets \a inputLabel, then \a label and \a twinLabel. False when the file
+// was left alone.
+bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
+                 const QString &inputLabel, const QString &label, const QString &twinLabel);
 
 // Rewrites a record file and then its twin with the same records.
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,

@@ -49,7 +49,8 @@ HorseFile parseHorses(const QByteArray &bytes)
             continue;
         const bool whole = splitRecord(line, fields) && fields.size() == 4;
         const auto post = whole ? fieldInteger(fields[0], 1, postCount) : std::nullopt;
-        const auto pool = whole ? fieldInteger(fields[1], 0, 9) : std::nullopt;
+        // Screens allow 0 to 9; a downloaded card couples "10" and "10A" as pool 10.
+        const auto pool = whole ? fieldInteger(fields[1], 0, 99) : std::nullopt;
         if (!post || !pool) {
             ++file.damagedLines;
             continue;

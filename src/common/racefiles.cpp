@@ -93,17 +93,18 @@ void AppendBet(Session &session, std::span<const Bet> bets)
                 QByteArray::fromStdString(lines), u"Bets Append"_s, u"Betsbackup Append"_s);
 }
 
-void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
-                const QString &label, const QString &twinLabel)
+bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
+                const std::function<bool()> &confirmed, const QString &label,
+                const QString &twinLabel)
 {
-    const int race = session.settings.currentRace;
-    session.settings.operationLabel = u"Bets input"_s;
-    readBets(session);
-    const std::string kept = betFileWithout(session.bets, dropped);
-    session.settings.operationLabel = label;
-    if (kept != session.bets.bytes)
-        keepTwinsInSaved(session, RecordFile::Bets, race);
-    rewriteTwins(session, RecordFile::Bets, race, QByteArray::fromStdString(kept), label,
-                 twinLabel);
+    const auto withoutDropped = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
+        session.bets = parseBets(bytes.toStdString());
+        if (confirmed && !confirmed())
+            return {};
+        return QByteArray::fromStdString(betFileWithout(session.bets, dropped));
+    };
+    const bool removed = changeTwins(session, RecordFile::Bets, session.settings.currentRace,
+                                     withoutDropped, u"Bets input"_s, label, twinLabel);
     LoadRaceBets(session);
+    return removed;
 }

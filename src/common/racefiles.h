@@ -38,7 +38,9 @@ void AppendBet(Session &session, std::span<const Bet> bets);
 
 // Re-reads the current race's bets, and rewrites Bets and Betsbackup without the rows for which
 // \a dropped is true, after a copy of both went to Saved. Then reloads the bets. All other lines
-// stay byte for byte.
-void removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
+// stay byte for byte. \a confirmed sees the bets just read in the session before any is dropped;
+// when it is false, nothing is changed and the result is false.
+bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
+                const std::function<bool()> &confirmed = {},
                 const QString &label = QStringLiteral("Bets Output"),
                 const QString &twinLabel = QStringLiteral("Betsbackup Output"));

@@ -152,6 +152,17 @@ void createRecordFile(const QString &path)
     openOrThrow(file, QIODevice::WriteOnly | QIODevice::Append);
 }
 
+void deleteRecordFile(const QString &path)
+{
+    errno = 0;
+    if (QFile::remove(path) || !QFileInfo::exists(path)) {
+        flushFolder(QFileInfo(path).path());
+        return;
+    }
+    const int systemError = lastSystemError();
+    throw FileError(systemError ? errorFromSystem(systemError) : ErrorNumber::PathFileAccess);
+}
+
 void makeFolder(const QString &path)
 {
     errno = 0;

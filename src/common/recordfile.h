@@ -37,6 +37,9 @@ bool cutRecords(const QString &path, const QByteArray &lines);
 // Creates an empty file; one that is there stays as it is.
 void createRecordFile(const QString &path);
 
+// Deletes the file; one that is missing is no error.
+void deleteRecordFile(const QString &path);
+
 // Makes the folder and those above it; one that is there already is no error.
 void makeFolder(const QString &path);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/addedbets.h"
 #include "common/betrecords.h"
 #include "common/bettors.h"
 #include "common/horses.h"
@@ -18,5 +19,7 @@ struct Session
     HorseTable horses;
     BetTable bets;
     PoolTable pools;
-    RacePayoffs payoffs; // while the pay-winners screen is open
+    RacePayoffs payoffs;          // while the pay-winners screen is open
+    int multibetHousePercent = 0; // of every multibet pool, for this run
+    QList<AddedBets> addedBets;   // by the last transfer from a satellite; a row for each race
 };

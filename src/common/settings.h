@@ -37,6 +37,7 @@ struct Settings
     QString satelliteComputer = QStringLiteral("no");
     QString masterComputer; // the network name of the master computer in network mode
     int networkMode = 0;    // 1 while the event directory is a master computer's shared folder
+    bool isNetworkMaster = false; // that folder is this computer's own
     // Printed at the foot of bet sheets.
     QString betSheetMessage = defaultBetSheetMessage();
 

@@ -9,6 +9,7 @@ struct SlipText
 {
     int column = 0;
     QString text;
+    bool endsAligned = false; // on paper its end, not its start, lines up with the lines around it
 };
 
 using SlipLine = QList<SlipText>;
@@ -21,7 +22,8 @@ struct Slip
     double pointSize = 8;
     bool bold = false;
     QList<SlipLine> lines;
-    int headingLines = 0; // the first lines, repeated at the top of every further page
+    int headingLines = 0;   // the first lines, repeated at the top of every further page
+    bool evenPitch = false; // every character takes the same width, whatever the font
 
     void addLine(const QString &text) { lines.append(SlipLine{{1, text}}); }
     void addLine(const SlipLine &line) { lines.append(line); }

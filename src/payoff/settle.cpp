@@ -77,15 +77,6 @@ bool isWhole(float value)
     return value == std::floor(value);
 }
 
-bool isAccepted(const BetRow &row, int bettorCount)
-{
-    const Bet &bet = row.bet;
-    return !row.damaged && isWhole(bet.bettor) && bet.bettor >= 1
-           && double(bet.bettor) <= double(bettorCount) && isWhole(bet.post)
-           && (bet.type == 1 || bet.type == 2 || bet.type == 3) && bet.amount >= 0.01F
-           && bet.amount <= 1000.0F;
-}
-
 // Money of a pool without a winning ticket goes to the pools that have one. Returns false when none
 // has.
 bool movePools(PayingPools &pools, float win, float place, float show)
@@ -175,6 +166,15 @@ float owedFor(const TicketAmounts &stakes, const TicketAmounts &payoffs)
 
 } // namespace
 
+bool isAcceptedBet(const BetRow &row, int bettorCount)
+{
+    const Bet &bet = row.bet;
+    return !row.damaged && isWhole(bet.bettor) && bet.bettor >= 1
+           && double(bet.bettor) <= double(bettorCount) && isWhole(bet.post)
+           && (bet.type == 1 || bet.type == 2 || bet.type == 3) && bet.amount >= 0.01F
+           && bet.amount <= 1000.0F;
+}
+
 Settlement settle(const BetTable &bets, const RaceResult &race)
 {
     Settlement settlement;
@@ -182,7 +182,7 @@ Settlement settle(const BetTable &bets, const RaceResult &race)
     std::unordered_map<int, TicketAmounts> stakes; // by bettor number
     for (const BetRow &row : bets.rows) {
         const Bet &bet = row.bet;
-        if (!isAccepted(row, race.bettorCount)) {
+        if (!isAcceptedBet(row, race.bettorCount)) {
             ++settlement.badRecords;
             continue;
         }

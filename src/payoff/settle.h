@@ -49,4 +49,7 @@ struct Settlement
     std::vector<WinningBettor> winners; // by bettor number
 };
 
+// True for a record that settling takes into account; any other is a bad one.
+bool isAcceptedBet(const BetRow &row, int bettorCount);
+
 Settlement settle(const BetTable &bets, const RaceResult &race);

@@ -1,13 +1,18 @@
 #include "racecard/frmhorsesb.h"
 
 #include "common/eventfiles.h"
+#include "common/fetch.h"
 #include "common/format.h"
 #include "common/racefiles.h"
 #include "common/session.h"
+#include "racecard/betsheets.h"
+#include "racecard/download.h"
 #include "racecard/scratch.h"
 #include "ui/controls.h"
 #include "ui/listing.h"
 #include "ui/prompts.h"
+#include "ui/slipprinter.h"
+#include "ui/waiting.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -24,6 +29,11 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+// Boxes shown for entries of a download that were refused; a broken card could bring thousands.
+constexpr qsizetype mostRefusals = 20;
+} // namespace
 
 frmhorsesb::frmhorsesb(const ScreenContext &context)
     : m_context(context)
@@ -222,9 +232,8 @@ void frmhorsesb::connectControls()
     connect(cmdmsg, &QPushButton::clicked, this, &frmhorsesb::updateMessage);
     connect(cmdmainmenu, &QPushButton::clicked, this, &frmhorsesb::returnToMenu);
     cmdmainmenu->setEnabled(m_context.navigator.has(u"frmmenub"_s));
-    // The download and the blank bet sheets have no handlers yet.
-    cmdGo->setEnabled(false);
-    cmdprint->setEnabled(false);
+    connect(cmdGo, &QPushButton::clicked, this, &frmhorsesb::download);
+    connect(cmdprint, &QPushButton::clicked, this, &frmhorsesb::printBetSheets);
 }
 
 // Enter and the arrows move within a column; Enter at its foot goes on at the top of the next.
@@ -369,9 +378,12 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
     QStringList notes;
     if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
             const Slip refunds = scratchRefunds(session, post, name);
+            const std::size_t listed = session.bets.rows.size();
             if (!printOrList(m_context, refunds, session.settings.mayPrint()))
                 notes.append(u"The refund list is in its own window."_s);
-            removeBetsOn(session, post);
+            removeBetsOn(session, post, listed);
+            if (const QString later = betsNote(session.pools, post); !later.isEmpty())
+                notes.append(later + " that came meanwhile and are not refunded."_L1);
         }))
         return notes.join(u' ');
     showMessage(this, name + "Scratched"_L1, u"Horses"_s);
@@ -394,6 +406,54 @@ void frmhorsesb::updateMessage()
 {
     m_context.session.settings.betSheetMessage = txtmsg->toPlainText();
     showMessage(this, u"Bet Sheet message updated"_s, u"Horses"_s);
+}
+
+void frmhorsesb::download()
+{
+    Session &session = m_context.session;
+    QStringList notes(unsavedNote());
+    bool replaced = false;
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        const WaitedFetch fetched =
+            fetchWhileWaiting(this, downloadAddress(session), downloadChunk, fetchPost,
+                              u"Downloading the horses of all 12 races ..."_s);
+        if (fetched.cancelled)
+            return lblnote->setText(u"Download cancelled: nothing was changed."_s);
+        const PublishedCard card = readDownload(fetched.body);
+        if (card.entries == 0)
+            return showMessage(this, u"Internet not available"_s);
+        for (const QString &message : card.refused.first(qMin(card.refused.size(), mostRefusals)))
+            showMessage(this, message, u"Horses"_s);
+        replaced = true;
+        notes.append(saveDownload(session, fetched.body));
+        showMessage(this, u"Download successful. Check track program for last minute changes."_s);
+    });
+    if (!replaced)
+        return;
+    load();
+    notes.removeAll(QString());
+    lblnote->setText(notes.join(u'\n'));
+}
+
+void frmhorsesb::printBetSheets()
+{
+    Session &session = m_context.session;
+    const int sheets = betSheetCount(
+        askText(this, u"Enter number of forms to print"_s, u"Print Bet Sheets"_s, u"1"_s));
+    if (sheets == 0)
+        return;
+    if (!session.settings.receiptsPrint())
+        return lblnote->setText(u"Receipt printing is off: no bet sheet was printed."_s);
+    session.settings.operationLabel = u"Print Bet Sheets"_s;
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        const Slip sheet = betSheetSlip(
+            horsesOf(rows()), session.settings.banner + u' ' + session.settings.raceName(),
+            session.settings.betSheetMessage);
+        for (int printed = 1; printed <= sheets; ++printed) {
+            m_context.printer.print(sheet);
+            lblnote->setText(u"Bet sheets printed: "_s + QString::number(printed));
+        }
+    });
 }
 
 void frmhorsesb::returnToMenu()

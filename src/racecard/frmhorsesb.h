@@ -41,6 +41,8 @@ private:
     void clearHorses();
     void scratchHorse();
     void updateMessage();
+    void download();
+    void printBetSheets();
     void returnToMenu();
 
     CardRows rows() const;

@@ -5,6 +5,8 @@
 #include "common/format.h"
 #include "common/racefiles.h"
 #include "common/recordfile.h"
+#include "multibets/multibetrecords.h"
+#include "multibets/multibettypes.h"
 
 #include <QFileInfo>
 
@@ -21,33 +23,24 @@ std::function<bool(const BetRow &)> isOn(int post)
     return [post](const BetRow &row) { return !row.damaged && row.bet.post == float(post); };
 }
 
-// The legs, as record fields, that a multibet of this type runs \a racesLater races after the race
-// it was made on: doubles and pick threes have one leg a race, the others have all in their race.
-std::pair<std::size_t, std::size_t> legsIn(std::string_view type, int racesLater)
+// The posts of a multibet of this type that run \a racesLater races after the race it was made on:
+// doubles and pick threes have one leg a race, the others have all in their race.
+std::pair<int, int> legsIn(const QString &code, int racesLater)
 {
-    const auto later = std::size_t(racesLater);
-    if (type == "DD")
-        return {later, std::min<std::size_t>(later + 1, 2)};
-    if (type == "P3")
-        return {later, later + 1};
+    const MultibetType *type = multibetType(code);
+    if (type && type->races)
+        return {racesLater, std::min(racesLater + 1, type->lines)};
     return {0, racesLater == 0 ? 3 : 0};
 }
 
-void countMultibets(const QByteArray &bytes, int racesLater, int post, MultibetCount &count)
+void countMultibets(const MultibetTable &bets, int racesLater, int post, MultibetCount &count)
 {
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    std::vector<RecordField> fields;
-    while (nextRecordLine(rest, line)) {
-        if (!splitRecord(line, fields) || fields.size() != 6)
-            continue;
-        const auto [first, end] = legsIn(fields[3].text, racesLater);
-        bool named = false;
-        for (std::size_t leg = first; leg < end; ++leg)
-            named = named || fieldInteger(fields[leg], post, post);
-        if (named) {
+    for (const MultibetRow &row : bets.rows) {
+        const auto [first, end] = legsIn(row.bet.type, racesLater);
+        const auto legs = row.bet.posts.begin();
+        if (std::find(legs + first, legs + end, post) != legs + end) {
             ++count.bets;
-            count.stakes += fieldNumber(fields[4]).value_or(0);
+            count.stakes += row.bet.amount;
         }
     }
 }
@@ -75,9 +68,11 @@ Slip scratchRefunds(Session &session, int post, const QString &horseName)
     return refundSlip(list);
 }
 
-void removeBetsOn(Session &session, int post)
+void removeBetsOn(Session &session, int post, std::size_t listed)
 {
-    removeBets(session, isOn(post));
+    removeBets(session, [&](const BetRow &row) {
+        return isOn(post)(row) && std::size_t(&row - session.bets.rows.data()) < listed;
+    });
 }
 
 QString betsNote(const PoolTable &pools, int post)
@@ -97,7 +92,8 @@ MultibetCount multibetsOn(Session &session, int post)
     for (int racesLater = 0; racesLater < 3 && racesLater < race; ++racesLater) {
         const QString path = mainFile(session, RecordFile::Multibets, race - racesLater);
         if (QFileInfo::exists(path))
-            countMultibets(readRecordFile(path), racesLater, post, count);
+            countMultibets(parseMultibets(readRecordFile(path).toStdString()), racesLater, post,
+                           count);
     }
     return count;
 }

@@ -17,8 +17,9 @@ ScratchAnswer scratchAnswer(const QString &answer);
 // Reads the bettors and the current race's bets and composes the list of refunds for the post.
 Slip scratchRefunds(Session &session, int post, const QString &horseName);
 
-// Takes every bet on the post out of the current race's bet files and reloads the bets.
-void removeBetsOn(Session &session, int post);
+// Takes the bets on the post among the first \a listed records out of the current race's bet files
+// and reloads the bets: what another computer adds after the list of refunds was made stays.
+void removeBetsOn(Session &session, int post, std::size_t listed);
 
 // "Post 3 has bets of $12.00", or an empty text when the loaded pools hold no money on the post.
 QString betsNote(const PoolTable &pools, int post);

@@ -1,9 +1,14 @@
 #include "setup/frmmenub.h"
 
 #include "common/racefiles.h"
+#include "common/roles.h"
 #include "common/session.h"
+#include "setup/clearbets.h"
 #include "setup/menurules.h"
+#include "setup/restore.h"
+#include "transfer/network.h"
 #include "ui/controls.h"
+#include "ui/listing.h"
 #include "ui/prompts.h"
 
 #include <QGridLayout>
@@ -167,7 +172,7 @@ void frmmenub::connectScreens()
     } screens[] = {
         {cmdenterhorses, u"frmhorsesb"_s, &horsesRefusal},
         {cmdenterbettors, u"frmbettorsb"_s, &bettorsRefusal},
-        {cmdbet, u"frmsheetb"_s, nullptr},
+        {cmdbet, betSheetScreen(m_context.session.settings), nullptr},
         {cmdmulti, u"frmmulti"_s, nullptr},
         {cmdpay, u"frmpaywinnersb"_s, nullptr},
         {cmdfix, u"frmfixb"_s, nullptr},
@@ -194,10 +199,10 @@ void frmmenub::connectTasks()
         QPushButton *button;
         void (frmmenub::*task)();
     } tasks[] = {
-        {cmdclearbets, nullptr},
-        {cmdbackup, nullptr},
-        {cmdstartnw, nullptr},
-        {cmdendnw, nullptr},
+        {cmdclearbets, &frmmenub::clearBets},
+        {cmdbackup, &frmmenub::useBackups},
+        {cmdstartnw, &frmmenub::startNetwork},
+        {cmdendnw, &frmmenub::endNetwork},
     };
     for (const auto &entry : tasks) {
         entry.button->setEnabled(entry.task != nullptr);
@@ -223,6 +228,9 @@ void frmmenub::fill()
     lblexit->setText(u"Click EXIT PROGRAM to leave this program , saving all horses, bettors, and "
                      "bets"_s);
     setCaption(cmdclearbets, clearBetsCaption(session.settings));
+    lblnetwork->setText(networkStatus(session.settings));
+    cmdstartnw->setEnabled(session.settings.networkMode == 0);
+    cmdendnw->setEnabled(session.settings.networkMode != 0);
     // A failure is shown once the menu can be seen.
     QTimer::singleShot(0, this, [this] {
         Session &shared = m_context.session;
@@ -238,4 +246,144 @@ void frmmenub::openUnlessRefused(const QString &screen, QString (*refusal)(const
         m_context.navigator.open(screen);
     else
         showMessage(this, reason);
+}
+
+void frmmenub::clearBets()
+{
+    Session &session = m_context.session;
+    if (!askYesNo(this, u"Clear/Refund "_s + session.settings.raceName() + u" Bets?"_s))
+        return;
+    lblnote->clear();
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        loadBettors(session, u"Bettors input"_s);
+        bool printWanted = true;
+        clearStraightBets(printWanted);
+        clearMultibets(printWanted);
+    });
+}
+
+// Asks whether refunds are printed; the answer serves the multibets too.
+void frmmenub::clearStraightBets(bool &printWanted)
+{
+    Session &session = m_context.session;
+    const RaceStakes stakes = straightStakes(session);
+    if (stakes.total == 0)
+        return showMessage(this, u"Bets already cleared"_s, u"Clear bets"_s);
+    printWanted = askYesNo(this, u"Print refunds?"_s, u"Clear Bets"_s);
+    if (refundAndDelete(RecordFile::Bets, stakes, printWanted))
+        showMessage(this, session.settings.raceName() + u" Bet file cleared"_s,
+                    u"Clear bet file"_s);
+}
+
+void frmmenub::clearMultibets(bool printWanted)
+{
+    Session &session = m_context.session;
+    const RaceStakes stakes = multibetStakes(session);
+    if (stakes.total == 0)
+        return showMessage(this, u"Multibets already cleared"_s, u"Clear bets"_s);
+    if (refundAndDelete(RecordFile::Multibets, stakes, printWanted)) {
+        showMessage(this, session.settings.raceName() + u" multibet file cleared"_s,
+                    u"Clear bet file"_s);
+    }
+}
+
+// The copies come first: once the list of refunds is out, the bets must be able to go.
+bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted)
+{
+    Session &session = m_context.session;
+    keepTwins(session, file);
+    if (printWanted
+        && !printOrList(m_context, raceRefunds(session, file, stakes),
+                        session.settings.receiptsPrint()))
+        addNote(u"The refund list is in its own window."_s);
+    if (!deleteTwins(session, file, stakes)) {
+        showMessage(this,
+                    u"Another computer changed the bets meanwhile. Nothing was cleared: "
+                    "discard the list of refunds and clear again"_s,
+                    u"Clear bets"_s);
+        return false;
+    }
+    if (stakes.damaged > 0)
+        addNote(u"Damaged lines that could not be refunded, kept in Saved: "_s
+                + QString::number(stakes.damaged));
+    return true;
+}
+
+void frmmenub::useBackups()
+{
+    Session &session = m_context.session;
+    lblnote->clear();
+    for (const RestoreChoice &choice : restoreChoices()) {
+        if (!askYesNo(this, choice.question, u"Backup"_s))
+            continue;
+        if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
+                        [&] { addNote(restoreFromTwin(session, choice.file)); }))
+            return;
+        showMessage(this, choice.confirmation, u"Backup"_s);
+    }
+}
+
+void frmmenub::startNetwork()
+{
+    m_context.session.settings.networkMode = 0;
+    switch (askYesNoCancel(this, u"Is this the master computer?"_s)) {
+    case Choice::Yes:
+        return becomeMaster();
+    case Choice::No:
+        return joinMaster();
+    case Choice::Cancel:
+        return;
+    }
+}
+
+void frmmenub::becomeMaster()
+{
+    Session &session = m_context.session;
+    const QString name = networkNameOf(QSysInfo::machineHostName());
+    showMessage(this, u"Master computer name is "_s + name
+                          + u" Make a note - you will need to enter this name on satellite "
+                            "computers"_s);
+    try {
+        const QString note = startAsMaster(session, name);
+        m_context.navigator.open(u"frmmenub"_s, note);
+    } catch (const FileError &error) {
+        if (!isShareMissing(error))
+            return showFileError(this, session, error, ErrorStyle::DescriptionAndLabel);
+        showMessage(this, u"Network not available - ending network mode"_s);
+        lblnote->setText(u"The event directory is now "_s + session.settings.eventDirectory
+                         + u". Share that folder and start again, or choose the directory on the "
+                           "setup screen."_s);
+    }
+}
+
+void frmmenub::joinMaster()
+{
+    const QString master =
+        askText(this, u"Enter master computer name"_s, u"Networked Input"_s).trimmed();
+    if (master.isEmpty())
+        return;
+    try {
+        const QString note = startAsSatellite(m_context.session, master);
+        m_context.navigator.open(u"frmmenub"_s, note);
+    } catch (const FileError &error) {
+        showMessage(this, u"Invalid master computer name"_s);
+        lblnote->setText(error.description() + u": "_s + shareFolder(master));
+    }
+}
+
+void frmmenub::endNetwork()
+{
+    Session &session = m_context.session;
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+        const bool reached = endNetworkMode(session);
+        m_context.navigator.open(u"frmmenub"_s,
+                                 reached ? QString()
+                                         : u"The shared folder could not be reached. This computer "
+                                           "uses its own files again."_s);
+    });
+}
+
+void frmmenub::addNote(const QString &note)
+{
+    lblnote->setText(lblnote->text().isEmpty() ? note : QString(lblnote->text() + u'\n' + note));
 }

@@ -8,6 +8,8 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+enum class RecordFile;
+struct RaceStakes;
 struct Settings;
 
 // The main menu: every working screen is opened from here for the current race. It is made afresh
@@ -28,6 +30,17 @@ private:
     void connectScreens();
     void connectTasks();
     void fill();
+
+    void clearBets();
+    void clearStraightBets(bool &printWanted);
+    void clearMultibets(bool printWanted);
+    bool refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted);
+    void useBackups();
+    void startNetwork();
+    void becomeMaster();
+    void joinMaster();
+    void endNetwork();
+    void addNote(const QString &note);
 
     void openUnlessRefused(const QString &screen, QString (*refusal)(const Settings &));
 

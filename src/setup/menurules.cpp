@@ -12,18 +12,10 @@ QString clearBetsCaption(const Settings &settings)
     return "Clear/Refund "_L1 + settings.raceName() + " Bets"_L1;
 }
 
-QString bettorsRefusal(const Settings &settings)
+QString networkStatus(const Settings &settings)
 {
-    if (settings.satelliteComputer == "yes"_L1)
-        return u"Bettor update not permitted in satellite computer mode"_s;
-    return {};
-}
-
-QString horsesRefusal(const Settings &settings)
-{
-    if (settings.satelliteComputer == "yes"_L1)
-        return u"Horses update not permitted in satellite computer mode"_s;
-    if (settings.mainComputer == "yes"_L1)
-        return u"Horses update not permitted in multiple computer mode"_s;
-    return {};
+    if (settings.networkMode == 0)
+        return {};
+    return settings.isNetworkMaster ? u"Using networked files as master computer"_s
+                                    : u"Using networked files as satellite computer"_s;
 }

@@ -205,6 +205,8 @@ void ClickCell::mousePressEvent(QMouseEvent *event)
 void ClickCell::mouseDoubleClickEvent(QMouseEvent *event)
 {
     mousePressEvent(event);
+    if (event->button() == Qt::LeftButton && isEnabled())
+        emit doubleClicked();
 }
 
 void ClickCell::keyPressEvent(QKeyEvent *event)

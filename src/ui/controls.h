@@ -64,6 +64,7 @@ public:
 
 signals:
     void clicked();
+    void doubleClicked(); // after the second press's clicked
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;

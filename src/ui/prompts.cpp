@@ -42,6 +42,16 @@ bool askYesNo(QWidget *parent, const QString &text, const QString &title)
            == QMessageBox::Yes;
 }
 
+Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title)
+{
+    const auto button =
+        runBox(parent, QMessageBox::Question, text, title,
+               QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel);
+    return button == QMessageBox::Yes  ? Choice::Yes
+           : button == QMessageBox::No ? Choice::No
+                                       : Choice::Cancel;
+}
+
 bool askOkCancel(QWidget *parent, const QString &text, const QString &title)
 {
     return runBox(parent, QMessageBox::Warning, text, title, QMessageBox::Ok | QMessageBox::Cancel,

@@ -15,6 +15,10 @@ void showMessage(QWidget *parent, const QString &text, const QString &title = {}
 // Yes/No; true for Yes.
 bool askYesNo(QWidget *parent, const QString &text, const QString &title = {});
 
+// Yes/No/Cancel.
+enum class Choice { Yes, No, Cancel };
+Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title = {});
+
 // OK/Cancel; true for OK.
 bool askOkCancel(QWidget *parent, const QString &text, const QString &title = {});
 

@@ -40,17 +40,38 @@ int paintSlip(const Slip &slip, QPagedPaintDevice &device)
     const QFontMetricsF metrics(font, &device);
     const QRectF page(QPointF(0, 0),
                       device.pageLayout().paintRectPixels(device.logicalDpiX()).size());
-    const double columnWidth = metrics.averageCharWidth();
+    const double columnWidth =
+        slip.evenPitch ? metrics.horizontalAdvance(u'E') : metrics.averageCharWidth();
     int pages = 1;
     double y = 0;
 
+    const auto paintText = [&](double x, const QString &text) {
+        if (!slip.evenPitch) {
+            painter.drawText(QPointF(x, y + metrics.ascent()), text);
+            return metrics.horizontalAdvance(text);
+        }
+        double cell = x;
+        for (const QChar character : text) {
+            const double inset = (columnWidth - metrics.horizontalAdvance(character)) / 2;
+            painter.drawText(QPointF(cell + inset, y + metrics.ascent()), QString(character));
+            cell += columnWidth;
+        }
+        return cell - x;
+    };
     const auto paintLine = [&](const SlipLine &line) {
         double x = 0;
         for (const SlipText &part : line) {
+            if (part.endsAligned) {
+                const QString text = part.text.trimmed();
+                const double end = (part.column - 1 + double(part.text.size())) * columnWidth;
+                x = std::max(x, end - metrics.horizontalAdvance(text));
+                painter.drawText(QPointF(x, y + metrics.ascent()), text);
+                x += metrics.horizontalAdvance(text);
+                continue;
+            }
             if (part.column > 0)
                 x = std::max(x, (part.column - 1) * columnWidth);
-            painter.drawText(QPointF(x, y + metrics.ascent()), part.text);
-            x += metrics.horizontalAdvance(part.text);
+            x += paintText(x, part.text);
         }
         y += metrics.lineSpacing();
     };

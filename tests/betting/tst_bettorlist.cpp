@@ -83,7 +83,7 @@ void tst_bettorlist::savedFiles()
         else
             addBettor(event.session.bettors, step.mid(1));
     }
-    saveBettors(event.session);
+    saveBettors(event.session, event.session.bettors);
     QCOMPARE(event.read(u"Bettors"_s), file(main));
     QCOMPARE(event.read(u"Bettorsbackup"_s), file(twin));
 }
@@ -98,7 +98,7 @@ void tst_bettorlist::savedCopies()
         event.session.bettors = BettorTable::parse(file("1,'AnyBettor'|2,'B'"), 10);
         event.write(u"Bettors"_s, file(onFile));
         event.write(u"Bettorsbackup"_s, file(onFile));
-        saveBettors(event.session);
+        saveBettors(event.session, event.session.bettors);
         QCOMPARE(event.saved().size(), copied);
         for (const QString &copy : event.saved())
             QCOMPARE(event.read("Saved/"_L1 + copy), file(onFile));

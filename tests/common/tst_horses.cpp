@@ -50,7 +50,7 @@ void tst_horses::file()
 void tst_horses::damagedLine()
 {
     for (const char *line :
-         {"22,2,\"7 \",\"A\"", "3,10,\"7 \",\"A\"", "3.5,2,\"7 \",\"A\"", "3,2,\"7 \""}) {
+         {"22,2,\"7 \",\"A\"", "3,100,\"7 \",\"A\"", "3.5,2,\"7 \",\"A\"", "3,2,\"7 \""}) {
         const HorseFile file = parseHorses(line);
         QCOMPARE(file.damagedLines, 1);
         QCOMPARE(file.horses.post(3), Horse({3, 0, {}, {}}));

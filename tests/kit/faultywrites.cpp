@@ -181,6 +181,8 @@ int failEachWrite(Fault fault, const std::function<void()> &prepare,
             QRandomGenerator::global()->discard(1000);
             const pid_t child = fork();
             if (child == 0) {
+                // Else every child names its temporary files like the one that died before it.
+                QRandomGenerator::global()->discard(1000ULL * unsigned(nth));
                 run();
                 _exit(round.error ? 1 : 0);
             }

@@ -184,6 +184,15 @@ QStringList TestEvent::saved() const
     return QDir(savedFolder(session)).entryList(QDir::Files, QDir::Name);
 }
 
+QByteArrayList TestEvent::savedCopies(const QString &fileName) const
+{
+    const QDir folder(path(u"Saved"_s));
+    QByteArrayList copies;
+    for (const QString &name : folder.entryList({fileName + u" 2*"_s}, QDir::Files, QDir::Name))
+        copies << read(u"Saved\\"_s + name);
+    return copies;
+}
+
 Navigator &TestEvent::navigator()
 {
     if (!m_navigator)

@@ -80,6 +80,9 @@ public:
     // The names of the copies in the folder Saved.
     QStringList saved() const;
 
+    // What the copies of a file in the Saved folder hold, oldest first.
+    QByteArrayList savedCopies(const QString &fileName) const;
+
     // The navigator with every screen of the program; made on first use.
     Navigator &navigator();
 

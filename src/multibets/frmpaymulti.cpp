@@ -1,0 +1,302 @@
+#include "multibets/frmpaymulti.h"
+
+#include "betting/listingcopies.h"
+#include "common/format.h"
+#include "common/racefiles.h"
+#include "multibets/legs.h"
+#include "multibets/multibettypes.h"
+#include "multibets/multislips.h"
+#include "ui/controls.h"
+#include "ui/postgrid.h"
+#include "ui/prompts.h"
+#include "ui/slipprinter.h"
+#include "ui/typebuttons.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char dollars[] = "$#,##0.00";
+constexpr char twoDigitDollars[] = "$#,#00.00";
+
+} // namespace
+
+frmpaymulti::frmpaymulti(const ScreenContext &context)
+    : m_context(context)
+{
+    build();
+    connectControls();
+    fill();
+}
+
+void frmpaymulti::build()
+{
+    txtbanner = makeBanner(this, u"txtbanner"_s, {});
+    const RaceOptions races = makeRaceOptions(this, u"Click to select a race"_s, 12, u" Race"_s);
+    m_races = races.group;
+    auto *layout = new QVBoxLayout(this);
+    layout->setSpacing(4);
+    layout->addWidget(txtbanner);
+    layout->addWidget(races.frame);
+    layout->addWidget(buildTypeAndGrid());
+    auto *below = new QHBoxLayout;
+    below->addWidget(buildFigures(), 1);
+    below->addWidget(buildWinners(), 1);
+    layout->addLayout(below, 1);
+    lblnote = makeNoteLine(this);
+    layout->addWidget(lblnote);
+    assignAltLetters(this);
+}
+
+QWidget *frmpaymulti::buildTypeAndGrid()
+{
+    auto *box = new QGroupBox(u"Bet Type and Winning Post Numbers"_s, this);
+    QList<TypeButtons::Type> types;
+    for (const MultibetType &type : multibetTypes())
+        types.append({type.code, type.button, type.caption, type.toolTip});
+    m_types = new TypeButtons(types, box);
+    m_grid = new PostGrid(PostGrid::Selection::OnePerLine, box);
+    const QString tips[] = {u"Click on the winning post number"_s,
+                            u"Click on the place post number"_s,
+                            u"Click on the show post number"_s};
+    for (int line = 0; line < 3; ++line)
+        m_grid->setLine(line, "Line "_L1 + QString::number(line + 1), tips[line], tips[line]);
+    auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(6, 6, 6, 4);
+    layout->addWidget(m_types);
+    layout->addWidget(m_grid);
+    return box;
+}
+
+QWidget *frmpaymulti::buildFigures()
+{
+    auto *box = new QGroupBox(u"Pool and Payoff"_s, this);
+    cmdenterwin = makeButton(box, u"cmdenterwin"_s, u"FIND WINNERS"_s,
+                             u"Click to display a list of winning bettors"_s);
+    enlarge(cmdenterwin, 1.3);
+    txtpercent = makeCell(box, u"txtpercent"_s,
+                          u"Click to increase the house pct by 1% - double click to set to 0"_s);
+    txtpool = makeDisplay(box, u"txtpool"_s);
+    txthouse = makeDisplay(box, u"txthouse"_s,
+                           u"Total $ for the house cut (house percent times total pool"_s);
+    txttpay = makeDisplay(box, u"txttpay"_s, u"Total paid minus the house cut"_s);
+    txttotal = makeDisplay(box, u"txttotal"_s);
+    txttotal->setStyleSheet(u"border: none; background: transparent"_s);
+    txtpay = makeDisplay(box, u"txtpay"_s);
+    QLabel *lblhelp = makeLabel(box, u"lblhelp"_s,
+                                u">Click on a race\n>Click on a bet type\n>Click on the winning \n"
+                                "Horse Numbers\n>Click Find Winners\n>Click on another bet type"_s);
+
+    auto *grid = new QGridLayout(box);
+    grid->setContentsMargins(10, 8, 10, 6);
+    grid->setVerticalSpacing(10);
+    grid->addWidget(cmdenterwin, 0, 0, 1, 2);
+    const std::pair<QString, QLineEdit *> figures[] = {{u"House Percent"_s, txtpercent},
+                                                       {u"Total Pool"_s, txtpool},
+                                                       {u"House Cut"_s, txthouse},
+                                                       {u"Total Paid"_s, txttpay}};
+    int row = 1;
+    for (const auto &[text, field] : figures) {
+        field->setAccessibleName(text);
+        QLabel *label = makeLabel(box, {}, text);
+        label->setBuddy(field);
+        enlarge(label, 1.1);
+        grid->addWidget(label, row, 0);
+        grid->addWidget(field, row++, 1);
+        enlarge(field, 1.3);
+    }
+    txtpay->setAccessibleName(u"Payoff or refund"_s);
+    enlarge(txttotal, 1.8);
+    enlarge(txtpay, 1.8);
+    grid->addWidget(txttotal, row, 0);
+    grid->addWidget(txtpay, row++, 1);
+    for (QLineEdit *field :
+         {static_cast<QLineEdit *>(txtpercent), txtpool, txthouse, txttpay, txtpay})
+        field->setAlignment(Qt::AlignRight);
+    grid->setRowStretch(row++, 1);
+    grid->addWidget(lblhelp, row, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    return box;
+}
+
+QWidget *frmpaymulti::buildWinners()
+{
+    auto *box = new QGroupBox(u"WINNERS"_s, this);
+    lstbets = new QListWidget(box);
+    lstbets->setObjectName(u"lstbets"_s);
+    lstbets->setAccessibleName(u"WINNERS"_s);
+    lstbets->setUniformItemSizes(true);
+    enlarge(lstbets, 1.2);
+    cmdprint = makeButton(box, u"cmdprint"_s, u"PRINT"_s, u"Print the list of winning bettors"_s);
+    cmdreturn = makeButton(box, u"cmdreturn"_s, u"RETURN"_s, u"Return to the multibets screen"_s);
+    auto *buttons = new QHBoxLayout;
+    buttons->addWidget(cmdprint);
+    buttons->addStretch();
+    buttons->addWidget(cmdreturn);
+    auto *layout = new QVBoxLayout(box);
+    layout->setContentsMargins(6, 6, 6, 4);
+    layout->addWidget(lstbets, 1);
+    layout->addLayout(buttons);
+    return box;
+}
+
+void frmpaymulti::connectControls()
+{
+    connect(m_races, &QButtonGroup::idClicked, this, &frmpaymulti::chooseRace);
+    connect(m_types, &TypeButtons::clicked, this, &frmpaymulti::chooseType);
+    connect(m_grid, &PostGrid::duplicateRefused, this,
+            [this] { showMessage(this, u"Duplicate horse post number"_s); });
+    connect(txtpercent, &ClickCell::clicked, this,
+            [this] { setHousePercent(m_context.session.multibetHousePercent + 1); });
+    connect(txtpercent, &ClickCell::doubleClicked, this, [this] { setHousePercent(0); });
+    auto *zero =
+        new QShortcut(QKeySequence(Qt::Key_0), txtpercent, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(zero, &QShortcut::activated, this, [this] { setHousePercent(0); });
+    connect(cmdenterwin, &QPushButton::clicked, this, &frmpaymulti::findWinners);
+    connect(cmdprint, &QPushButton::clicked, this, &frmpaymulti::printList);
+    connect(cmdreturn, &QPushButton::clicked, this,
+            [this] { m_context.navigator.open(u"frmmulti"_s); });
+}
+
+void frmpaymulti::fill()
+{
+    txtbanner->setText(m_context.session.settings.bannerAndRace());
+    setHousePercent(m_context.session.multibetHousePercent);
+    clearOutputs();
+    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly,
+               [this] { loadBettors(m_context.session, u"Bettors Input"_s); });
+    m_races->button(1)->setFocus();
+}
+
+void frmpaymulti::chooseRace(int race)
+{
+    m_context.session.settings.currentRace = race;
+    txtbanner->setText(m_context.session.settings.bannerAndRace());
+    m_grid->clearSelection();
+    clearOutputs();
+    showLegs();
+}
+
+// The finish stays selected from one bet type to the next, as long as the lines mean the same.
+void frmpaymulti::chooseType(const QString &code)
+{
+    const MultibetType *type = multibetType(code);
+    const MultibetType *before = multibetType(m_types->type());
+    if (type->lines == 3 && m_races->checkedId() < 0)
+        return showMessage(this, u"Must select race first"_s);
+    m_types->setType(code);
+    m_grid->setRepeatsAllowed(type->races);
+    if (before && before->races != type->races)
+        m_grid->clearSelection();
+    clearOutputs();
+    if (m_races->checkedId() > 0)
+        showLegs();
+}
+
+void frmpaymulti::showLegs()
+{
+    MultibetLegs legs;
+    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly,
+               [&] { legs = loadLegs(m_context.session, multibetType(m_types->type())); });
+    m_grid->showPosts(legs.posts);
+    for (int line = 0; line < 3; ++line)
+        m_grid->setLabel(line, legs.labels[std::size_t(line)]);
+    lblnote->setText(legs.note);
+}
+
+void frmpaymulti::setHousePercent(int percent)
+{
+    m_context.session.multibetHousePercent = percent;
+    txtpercent->setText(QString::number(percent));
+}
+
+void frmpaymulti::clearOutputs()
+{
+    lstbets->clear();
+    showSettlement({});
+    lblnote->clear();
+}
+
+void frmpaymulti::findWinners()
+{
+    const MultibetType *type = multibetType(m_types->type());
+    if (!type)
+        return showMessage(this, u"Must select bet type first"_s);
+    clearOutputs();
+    const std::array<int, 3> winners{winnerOf(0), winnerOf(1), type->lines == 3 ? winnerOf(2) : 0};
+    Session &session = m_context.session;
+    MultibetSettlement settled;
+    const bool read = trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+        settled = settleMultibets(loadMultibets(session, u"Multibets"_s), session.bettors,
+                                  type->code, winners, session.multibetHousePercent);
+    });
+    if (!read)
+        return;
+    showSettlement(settled);
+    lblnote->setText(missingWinners(*type));
+    if (settled.outcome == MultibetSettlement::Outcome::NoBets)
+        showMessage(this, u"No bets on this bet type"_s);
+}
+
+int frmpaymulti::winnerOf(int line) const
+{
+    const QList<int> posts = m_grid->selectedPosts(line);
+    return posts.isEmpty() ? 0 : posts.last();
+}
+
+QString frmpaymulti::missingWinners(const MultibetType &type) const
+{
+    if (m_races->checkedId() < 0)
+        return "No race was clicked: these are the multibets of"_L1
+               + m_context.session.settings.raceName();
+    QStringList lines;
+    for (int line = 0; line < type.lines; ++line) {
+        if (winnerOf(line) == 0)
+            lines.append(QString::number(line + 1));
+    }
+    return lines.isEmpty() ? QString()
+                           : "No winning post is selected on line "_L1 + lines.join(u", "_s);
+}
+
+void frmpaymulti::showSettlement(const MultibetSettlement &settled)
+{
+    const bool refund = settled.outcome == MultibetSettlement::Outcome::Refund;
+    const bool won = settled.outcome == MultibetSettlement::Outcome::Winners;
+    txttotal->setText(refund ? u"Refund Total"_s : u"$1 Ticket Pays"_s);
+    txtpay->setText(formatMoney(refund ? settled.pool : settled.payPerDollar, dollars));
+    txtpool->setText(won ? formatMoney(settled.pool, twoDigitDollars) : u"$0.00"_s);
+    txthouse->setText(won ? formatMoney(settled.houseCut, twoDigitDollars) : u"$0.00"_s);
+    txttpay->setText(won ? formatMoney(settled.net, dollars) : u"$0.00"_s);
+    lstbets->addItems(settled.lines);
+}
+
+void frmpaymulti::printList()
+{
+    Session &session = m_context.session;
+    const int copies = listingCopies(
+        askText(this, u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s, u"1"_s));
+    if (copies == 0)
+        return;
+    if (!session.settings.mayPrint())
+        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
+    MultibetResult result{m_types->type(), {}, txthouse->text(), txttpay->text(), txtpool->text(),
+                          txtpay->text()};
+    for (int row = 0; row < lstbets->count(); ++row)
+        result.lines.append(lstbets->item(row)->text());
+    session.settings.operationLabel = u"Print Winners/Refunds"_s;
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+        for (int copy = 0; copy < copies; ++copy)
+            m_context.printer.print(multibetWinnersSlip(session.settings.banner, result));
+        lblnote->setText("Copies printed: "_L1 + QString::number(copies));
+    });
+}

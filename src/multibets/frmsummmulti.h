@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ui/navigator.h"
+
+#include <QWidget>
+
+class QLabel;
+class QListWidget;
+class QPushButton;
+
+// What was bet on each multibet type of the current race.
+class frmsummmulti : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit frmsummmulti(const ScreenContext &context);
+
+private:
+    void build();
+    void fill();
+    void printSummary();
+
+    ScreenContext m_context;
+    QListWidget *lstsumm;
+    QPushButton *cmdprint;
+    QPushButton *cmdreturn;
+    QLabel *lblnote;
+};

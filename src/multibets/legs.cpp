@@ -1,0 +1,51 @@
+#include "multibets/legs.h"
+
+#include "common/eventfiles.h"
+#include "common/racefiles.h"
+#include "common/recordfile.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void addPosts(std::set<int> &posts, const HorseTable &horses)
+{
+    for (const Horse &horse : horses) {
+        if (!isUnused(horse))
+            posts.insert(horse.post);
+    }
+}
+
+} // namespace
+
+MultibetLegs loadLegs(Session &session, const MultibetType *type)
+{
+    loadHorses(session, u"Horses input"_s);
+    const int lines = type ? type->lines : 2;
+    const int firstRace = session.settings.currentRace;
+    MultibetLegs legs;
+    for (std::size_t line = 0; line < legs.labels.size(); ++line)
+        legs.labels[line] = "Line "_L1 + QString::number(line + 1);
+    for (int line = 0; line < lines; ++line) {
+        const auto at = std::size_t(line);
+        const int race = type && type->races ? firstRace + line : firstRace;
+        addPosts(legs.posts[at], session.horses);
+        if (race == firstRace) {
+            legs.horses[at] = session.horses;
+        } else if (race <= raceCount) {
+            legs.horses[at] =
+                parseHorses(readRecordFile(mainFile(session, RecordFile::Horses, race))).horses;
+            addPosts(legs.posts[at], legs.horses[at]);
+        }
+        legs.races[at] = race <= raceCount ? race : 0;
+        if (type && type->races && legs.races[at] != 0)
+            legs.labels[at] += raceName(race);
+    }
+    const int lastRace = type && type->races ? firstRace + lines - 1 : firstRace;
+    if (lastRace > raceCount) {
+        legs.note = raceName(firstRace).trimmed() + " has no "_L1
+                    + (firstRace == raceCount ? "next race"_L1 : "second race after it"_L1)
+                    + ": this bet's last leg cannot be run"_L1;
+    }
+    return legs;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "common/bettors.h"
+#include "multibets/multibetrecords.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+
+// How the pool of one bet type of one race is shared out. Money is in dollars.
+struct MultibetSettlement
+{
+    enum class Outcome { NoBets, Winners, Refund };
+    Outcome outcome = Outcome::NoBets;
+    double pool = 0;         // all bets of the type
+    double houseCut = 0;     // taken only when there are winners
+    double net = 0;          // the pool without the house cut
+    double payPerDollar = 0; // what $1 on the winning combination pays, in full precision
+    QStringList lines;       // the winners, or the refunds under their heading
+};
+
+// Settles the bets of \a type against the \a winners entered on lines 1 to 3 (0 where none is).
+// Tickets match line by line, those of a quinela too. Bettors that are not in the table are listed
+// by number.
+MultibetSettlement settleMultibets(const MultibetTable &bets, const BettorTable &bettors,
+                                   const QString &type, const std::array<int, 3> &winners,
+                                   int housePercent);

@@ -1,0 +1,93 @@
+#include "racecard/download.h"
+
+#include "common/eventfiles.h"
+#include "common/fileerror.h"
+#include "common/init.h"
+#include "common/recordfile.h"
+
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// "Race2, Race5" for the races that already hold bets or multibets.
+QString racesWithBets(const Session &session)
+{
+    QStringList races;
+    for (int race = 1; race <= raceCount; ++race) {
+        if (QFileInfo(mainFile(session, RecordFile::Bets, race)).size() > 0
+            || QFileInfo(mainFile(session, RecordFile::Multibets, race)).size() > 0)
+            races.append(raceName(race).trimmed());
+    }
+    return races.join(u", "_s);
+}
+
+QByteArray contentOrNothing(const QString &path)
+{
+    try {
+        return readRecordFile(path);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+    }
+    return {};
+}
+
+} // namespace
+
+QString downloadAddress(Session &session)
+{
+    session.settings.operationLabel = u"Download input"_s;
+    const QByteArray bytes = contentOrNothing(
+        session.paths.toHost(defaultEventDirectory(session.settings) + u"Download"_s));
+    std::string_view rest = view(bytes);
+    std::string_view line;
+    std::vector<RecordField> fields;
+    while (nextRecordLine(rest, line)) {
+        if (!isBlankLine(line) && splitRecord(line, fields) && !fields[0].text.empty())
+            return fieldText(fields[0]).trimmed();
+    }
+    return QStringLiteral(TRELAWN_DOWNLOAD_URL);
+}
+
+PublishedCard readDownload(const QByteArray &text)
+{
+    // An error page may hold numbers and commas, but no card begins with a tag.
+    if (text.trimmed().startsWith('<'))
+        return {};
+    return parsePostboard(postboardRecord(text));
+}
+
+QString saveDownload(Session &session, const QByteArray &text)
+{
+    QString &label = session.settings.operationLabel;
+    const QString postboard =
+        session.paths.toHost(session.settings.eventDirectory + u"postboard"_s);
+    label = u"postboard output"_s;
+    replaceRecordFile(postboard, postboardRecord(text));
+    label = u"postboard input"_s;
+    const PublishedCard card = parsePostboard(readRecordFile(postboard));
+
+    for (int race = 1; race <= raceCount; ++race) {
+        const QString path = mainFile(session, RecordFile::Horses, race);
+        const QByteArray records = horseRecords(card.races[std::size_t(race - 1)]);
+        label = u"Horses input"_s;
+        if (contentOrNothing(path) == records)
+            continue;
+        label = u"Horses output"_s;
+        keepInSaved(session, path);
+        replaceRecordFile(path, records);
+    }
+
+    QStringList notes;
+    if (card.openRace > 0)
+        notes << u"The download ends within Race"_s + QString::number(card.openRace)
+                     + u": check that it is complete"_s;
+    if (card.damaged > 0)
+        notes << u"Lines of the download that could not be read: "_s
+                     + QString::number(card.damaged);
+    if (const QString races = racesWithBets(session); !races.isEmpty())
+        notes << u"Bets are already placed on "_s + races + u": check the horses there"_s;
+    return notes.join(u'\n');
+}

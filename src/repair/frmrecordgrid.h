@@ -1,0 +1,44 @@
+#pragma once
+
+#include "repair/recordlist.h"
+
+#include <QAbstractTableModel>
+#include <QSortFilterProxyModel>
+
+// The rows of a record list for a grid; damaged rows stand out.
+class RecordListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setList(RecordList list);
+    const RecordList &list() const { return m_list; }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    RecordList m_list;
+};
+
+// Sorts the rows by a column, as text or as numbers; the row of the total stays last.
+class RecordListOrder : public QSortFilterProxyModel
+{
+    Q_OBJECT
+
+public:
+    explicit RecordListOrder(RecordListModel *model);
+
+    void sortBy(int column, bool asNumbers, Qt::SortOrder order);
+
+protected:
+    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
+
+private:
+    RecordListModel *m_model;
+    bool m_asNumbers = false;
+};

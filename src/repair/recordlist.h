@@ -1,0 +1,58 @@
+#pragma once
+
+#include "common/eventfiles.h"
+#include "common/slip.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// A record file as the repair screen lists it: a row for each record, with what is wrong with it.
+
+enum class Listing {
+    None,
+    Bets,
+    BackupBets,
+    Multibets,
+    Bettors,
+    BackupBettors,
+    Horses,
+    BackupHorses,
+    SavedCopies,
+};
+
+struct RecordRow
+{
+    QStringList cells;      // the first is the record's number in the file, from 1
+    QByteArray line;        // as the file holds it
+    bool isRecord = true;   // false for the row of the total
+    bool isDamaged = false; // at least one cell holds a message in place of its value
+};
+
+struct RecordList
+{
+    Listing listing = Listing::None;
+    int race = 0; // 0 for a file of the whole event
+    QString heading;
+    QStringList columns;
+    QList<RecordRow> rows;
+    QString missingFile; // the file whose absence ended the list, or empty
+
+    int damagedRows() const;
+};
+
+// True for the files that each race has of its own.
+bool isRaceListing(Listing listing);
+
+// Reads and checks the records of a listing. A missing file ends the list with the rows read so
+// far; any other failure throws FileError. Sets the operation label. \a race is 1 to 12.
+RecordList listRecords(Session &session, Listing listing, int race);
+
+// Rewrites the listing's file and its twin without the record that a row of the list stands for,
+// after a copy of both went to Saved. False, and nothing changed, when the file no longer holds
+// that record in its place. Only the main files of bets, multibets and bettors can be changed.
+bool removeRecord(Session &session, const RecordList &list, const RecordRow &row);
+
+// The list on paper: fixed pitch, a line a row in the order given, columns padded with blanks.
+Slip recordListSlip(const RecordList &list, const QList<QStringList> &rows);

@@ -1,0 +1,92 @@
+#include "repair/savedcopies.h"
+
+#include "common/fileerror.h"
+#include "common/recordfile.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int recordsIn(const QString &path)
+{
+    const QByteArray bytes = readRecordFile(path);
+    std::string_view rest = view(bytes);
+    std::string_view line;
+    int records = 0;
+    while (nextRecordLine(rest, line))
+        records += isBlankLine(line) ? 0 : 1;
+    return records;
+}
+
+// Name, race number and time of a copy: "Betsbackup Race3 2026-05-02 20.15.00.000-2".
+QRegularExpressionMatch matchCopyName(const QString &name)
+{
+    static const QRegularExpression pattern(
+        u"^((Bettors|Horses|Bets|Multibets)(?:backup)?(?: Race(\\d{1,2}))?) "
+        "(\\d{4}-\\d\\d-\\d\\d) (\\d\\d)\\.(\\d\\d)\\.(\\d\\d)\\.\\d{3}(?:-\\d+)?$"_s);
+    return pattern.match(name);
+}
+
+} // namespace
+
+RecordList listSavedCopies(Session &session)
+{
+    RecordList list;
+    list.listing = Listing::SavedCopies;
+    list.heading = u"Saved copies"_s;
+    list.columns = {u"Number"_s, u"File"_s, u"Saved at"_s, u"Bytes"_s, u"Records"_s};
+    session.settings.operationLabel = u"Saved input"_s;
+    QList<QPair<QString, QFileInfo>> copies; // by time
+    for (const QFileInfo &info : QDir(savedFolder(session)).entryInfoList(QDir::Files)) {
+        const auto match = matchCopyName(info.fileName());
+        if (match.hasMatch()) {
+            copies.append({match.captured(4) + u' ' + match.captured(5) + u':' + match.captured(6)
+                               + u':' + match.captured(7),
+                           info});
+        }
+    }
+    std::ranges::stable_sort(copies, std::greater(), &QPair<QString, QFileInfo>::first);
+    for (const auto &[time, info] : copies) {
+        RecordRow row;
+        row.cells = {QString::number(list.rows.size() + 1),
+                     matchCopyName(info.fileName()).captured(1), time, QString::number(info.size()),
+                     QString::number(recordsIn(info.filePath()))};
+        row.line = info.fileName().toUtf8();
+        list.rows.append(row);
+    }
+    return list;
+}
+
+std::optional<SavedOrigin> originOf(const QString &copyName)
+{
+    const auto match = matchCopyName(copyName);
+    if (!match.hasMatch())
+        return {};
+    const QString base = match.captured(2);
+    const int race = match.captured(3).toInt();
+    const bool wholeEvent = base == "Bettors"_L1;
+    if (wholeEvent ? race != 0 : race < 1 || race > raceCount)
+        return {};
+    const RecordFile file = wholeEvent            ? RecordFile::Bettors
+                            : base == "Horses"_L1 ? RecordFile::Horses
+                            : base == "Bets"_L1   ? RecordFile::Bets
+                                                  : RecordFile::Multibets;
+    return SavedOrigin{file, race, wholeEvent ? base : base + raceName(race)};
+}
+
+void putBackCopy(Session &session, const QString &copyName)
+{
+    session.settings.operationLabel = u"Saved input"_s;
+    const auto origin = originOf(copyName);
+    if (!origin)
+        throw FileError(ErrorNumber::BadFileName);
+    const QByteArray bytes = readRecordFile(savedFolder(session) + u'/' + copyName);
+    const EventLock lock(session);
+    session.settings.operationLabel = u"Saved output"_s;
+    keepTwinsInSaved(session, origin->file, origin->race);
+    rewriteTwins(session, origin->file, origin->race, bytes, origin->name + " output"_L1,
+                 origin->name + " backup output"_L1);
+}

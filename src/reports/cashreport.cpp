@@ -1,0 +1,239 @@
+#include "reports/cashreport.h"
+
+#include "common/format.h"
+#include "multibets/multibettypes.h"
+#include "payoff/settle.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr ExactMoney cent = 100;
+constexpr double highestAmount = 1e9; // dollars; a record above it holds no amount
+constexpr std::size_t straightTypes = 3;
+constexpr std::size_t badType = straightTypes + 5;
+
+ExactMoney exact(double dollars)
+{
+    return std::llround(dollars * 10000);
+}
+
+ExactMoney wholeCents(ExactMoney money)
+{
+    return std::llround(double(money) / double(cent)) * cent;
+}
+
+std::vector<CashLine> emptyLines()
+{
+    std::vector<CashLine> lines;
+    for (const QString &word : {u"Win"_s, u"Place"_s, u"Show"_s})
+        lines.push_back({word});
+    for (const MultibetType &type : multibetTypes())
+        lines.push_back({capitalized(type.printedName)});
+    lines.push_back({u"Bad records"_s});
+    return lines;
+}
+
+// A card on which no horse was entered says nothing about who runs.
+bool cardIsEmpty(const HorseTable &horses)
+{
+    return std::ranges::all_of(horses, isUnused);
+}
+
+bool runs(const HorseTable &horses, int post)
+{
+    return cardIsEmpty(horses) || (post >= 1 && post <= postCount && !isUnused(horses.post(post)));
+}
+
+// Adds the money of records up, race by race.
+class CashCounter
+{
+public:
+    CashCounter(const std::vector<RaceRecords> &races, const BettorTable &bettors)
+        : m_races(races)
+        , m_bettorCount(bettors.highestNumber())
+    {
+    }
+
+    void countBets(const RaceRecords &race, RaceCash &cash, EveningCash &evening) const
+    {
+        for (const BetRow &row : race.bets.rows) {
+            const auto amount = double(row.bet.amount);
+            if (row.damaged || std::abs(amount) > highestAmount) {
+                ++evening.damagedLines;
+                continue;
+            }
+            if (!isAcceptedBet(row, m_bettorCount) || !isCountable(row.bet)) {
+                countBad(amount, cash, evening);
+                continue;
+            }
+            CashLine &line = cash.types[std::size_t(row.bet.type) - 1];
+            line.taken += exact(amount);
+            if (!runs(race.horses, int(row.bet.post)))
+                line.refundsDue += exact(amount);
+        }
+    }
+
+    void countMultibets(const RaceRecords &race, RaceCash &cash, EveningCash &evening) const
+    {
+        for (const MultibetRow &row : race.multibets.rows) {
+            const double amount = row.bet.amount;
+            if (row.damaged || std::abs(amount) > highestAmount) {
+                ++evening.damagedLines;
+                continue;
+            }
+            const MultibetType *type = multibetType(row.bet.type);
+            if (!type) {
+                countBad(amount, cash, evening);
+                continue;
+            }
+            CashLine &line = cash.types[straightTypes + std::size_t(type - multibetTypes().data())];
+            line.taken += exact(amount);
+            if (!canWin(race.race, *type, row.bet))
+                line.refundsDue += exact(amount);
+        }
+    }
+
+private:
+    static void countBad(double amount, RaceCash &cash, EveningCash &evening)
+    {
+        ++evening.badRecords;
+        cash.types[badType].taken += exact(amount);
+        cash.types[badType].refundsDue += exact(amount);
+    }
+
+    bool canWin(int race, const MultibetType &type, const Multibet &bet) const
+    {
+        for (int leg = 0; leg < type.lines; ++leg) {
+            const int legRace = type.races ? race + leg : race;
+            const auto found = std::ranges::find(m_races, legRace, &RaceRecords::race);
+            if (found != m_races.end() && !runs(found->horses, bet.posts[std::size_t(leg)]))
+                return false;
+        }
+        return true;
+    }
+
+    const std::vector<RaceRecords> &m_races;
+    int m_bettorCount;
+};
+
+// The house takes its part of what is played for. Win, place and show are cut together, as Pay
+// Winners does; the cents of rounding fall to show.
+void takeHouseCut(RaceCash &cash, double housePercent)
+{
+    const auto cutOf = [&](ExactMoney played) {
+        return wholeCents(std::llround(double(played) * housePercent / 100));
+    };
+    ExactMoney straight = 0;
+    for (std::size_t i = 0; i < badType; ++i) {
+        CashLine &line = cash.types[i];
+        const ExactMoney played = line.taken - line.refundsDue;
+        line.houseCut = cutOf(played);
+        if (i < straightTypes)
+            straight += played;
+    }
+    auto &types = cash.types;
+    const bool hasShow = types[2].taken != types[2].refundsDue;
+    const bool hasPlace = types[1].taken != types[1].refundsDue;
+    CashLine &last = hasShow ? types[2] : hasPlace ? types[1] : types[0];
+    last.houseCut += cutOf(straight) - types[0].houseCut - types[1].houseCut - types[2].houseCut;
+}
+
+QStringList amountCells(const CashLine &line)
+{
+    QStringList cells;
+    for (const ExactMoney amount : {line.taken, line.houseCut, line.refundsDue, line.forWinners()})
+        cells.append(formatMoney(dollarsOf(amount), "$#,##0.00"));
+    return cells;
+}
+
+ReportRow cashRow(const QString &race, const CashLine &line, bool isTotal = false)
+{
+    return {QStringList{race, line.type} + amountCells(line), isTotal};
+}
+
+} // namespace
+
+double dollarsOf(ExactMoney money)
+{
+    return double(money) / 10000;
+}
+
+void CashLine::add(const CashLine &line)
+{
+    taken += line.taken;
+    houseCut += line.houseCut;
+    refundsDue += line.refundsDue;
+}
+
+EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &bettors,
+                      double housePercent)
+{
+    EveningCash evening;
+    evening.housePercent = std::clamp(housePercent, 0.0, 100.0);
+    evening.types = emptyLines();
+    evening.total.type = u"Total"_s;
+    const CashCounter counter(races, bettors);
+    for (const RaceRecords &race : races) {
+        RaceCash cash{race.race, emptyLines(), {u"Total"_s}};
+        counter.countBets(race, cash, evening);
+        counter.countMultibets(race, cash, evening);
+        takeHouseCut(cash, evening.housePercent);
+        for (std::size_t i = 0; i < cash.types.size(); ++i) {
+            cash.total.add(cash.types[i]);
+            evening.types[i].add(cash.types[i]);
+        }
+        evening.total.add(cash.total);
+        evening.races.push_back(std::move(cash));
+    }
+    return evening;
+}
+
+Report cashReport(const QString &banner, const EveningCash &cash)
+{
+    using Kind = ReportColumn::Kind;
+    Report report;
+    report.name = u"Cash Report"_s;
+    report.titles = {banner, u"CASH REPORT"_s,
+                     "House percentage "_L1 + QString::number(cash.housePercent) + " %"_L1};
+    report.columns = {{u"Race"_s, Kind::Text},         {u"Type"_s, Kind::Text},
+                      {u"Taken"_s, Kind::Money},       {u"House cut"_s, Kind::Money},
+                      {u"Refunds due"_s, Kind::Money}, {u"For winners"_s, Kind::Money}};
+    const auto addTypes = [&](const QString &race, const std::vector<CashLine> &types) {
+        for (const CashLine &line : types) {
+            if (line.taken != 0)
+                report.rows.append(cashRow(race, line));
+        }
+    };
+    addTypes(u"Evening"_s, cash.types);
+    report.rows.append(cashRow(u"Evening"_s, cash.total, true));
+    for (const RaceCash &race : cash.races) {
+        const QString number = "Race "_L1 + QString::number(race.race);
+        const qsizetype before = report.rows.size();
+        addTypes(number, race.types);
+        if (report.rows.size() > before)
+            report.rows.append(cashRow(number, race.total, true));
+    }
+    if (cash.badRecords > 0) {
+        report.remarks.append("Bad records, their money is due back: "_L1
+                              + QString::number(cash.badRecords) + u'.');
+    }
+    if (cash.damagedLines > 0) {
+        report.remarks.append("Damaged lines, in no figure: "_L1
+                              + QString::number(cash.damagedLines) + u'.');
+    }
+    report.remarks += cashReportNotes();
+    return report;
+}
+
+QStringList cashReportNotes()
+{
+    return {u"Taken is what the bet files hold now: bets that were deleted,"_s,
+            u"scratched or cleared were refunded and have left them."_s,
+            u"Refunds due are bets on horses that no longer run."_s,
+            u"The files hold no finishers: a race or a multibet that"_s,
+            u"nobody won stands under For winners too."_s};
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "reports/eventrecords.h"
+#include "reports/report.h"
+
+#include <vector>
+
+// The cash report: what the record files say was taken in the evening, and where it goes.
+
+// Money in ten-thousandths of a dollar, so that sums are exact.
+using ExactMoney = qint64;
+double dollarsOf(ExactMoney money);
+
+// One bet type of one race, or a sum of several. Bets already refunded have left the files and are
+// not part of it.
+struct CashLine
+{
+    QString type;
+    ExactMoney taken = 0;
+    ExactMoney houseCut = 0;   // whole cents
+    ExactMoney refundsDue = 0; // bets on file that cannot win: no such horse runs any more
+
+    ExactMoney forWinners() const { return taken - houseCut - refundsDue; }
+    void add(const CashLine &line);
+};
+
+struct RaceCash
+{
+    int race = 0;                // 1 to 12
+    std::vector<CashLine> types; // win, place, show and the five multibet types; at the end the
+                                 // records that Pay Winners will not accept
+    CashLine total;
+};
+
+struct EveningCash
+{
+    double housePercent = 0;
+    std::vector<RaceCash> races; // all that were given
+    std::vector<CashLine> types; // the evening's sums, in the order of RaceCash::types
+    CashLine total;
+    int badRecords = 0;   // readable, but not acceptable; their money is due back
+    int damagedLines = 0; // without a readable amount
+};
+
+// \a races must be all races that legs of their multibets run in.
+EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &bettors,
+                      double housePercent);
+
+// The totals of the evening, then a row a race and type that took money and a total a race.
+Report cashReport(const QString &banner, const EveningCash &cash);
+
+// What the report can and cannot know, in the lines that end it.
+QStringList cashReportNotes();

@@ -1,0 +1,303 @@
+#include "reports/frmreportb.h"
+
+#include "common/format.h"
+#include "common/init.h"
+#include "common/recordfile.h"
+#include "common/session.h"
+#include "ui/controls.h"
+#include "ui/prompts.h"
+#include "ui/slipprinter.h"
+
+#include <QBuffer>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListView>
+#include <QPdfWriter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStandardPaths>
+#include <QStringListModel>
+#include <QTimer>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int fontSizes = 7;
+
+// Of the paper that most printers at home hold; PDF programs scale it to any other.
+const QPageSize pdfPaper(QPageSize::A4);
+constexpr double pdfMargin = 12.7; // millimetres
+
+QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &caption,
+                     const QString &toolTip)
+{
+    auto *check = new QCheckBox(parent);
+    check->setObjectName(name);
+    setCaption(check, caption);
+    check->setToolTip(toolTip);
+    return check;
+}
+
+} // namespace
+
+frmreportb::frmreportb(const ScreenContext &context)
+    : m_context(context)
+{
+    build();
+    connectControls();
+    showFontSize();
+    // A failure's box comes when the screen can be seen.
+    QTimer::singleShot(0, this, &frmreportb::showReport);
+    optreport->button(int(ReportKind::Horses))->setFocus();
+}
+
+void frmreportb::build()
+{
+    const Settings &settings = m_context.session.settings;
+    txtbanner = makeBanner(this, u"txtbanner"_s, settings.bannerAndRace());
+    QGroupBox *kinds = buildKinds();
+    const RaceOptions races = makeRaceOptions(this, u"Race that the report is about"_s, 6);
+    fraround = races.frame;
+    optrace = races.group;
+    optrace->button(settings.currentRace)->setChecked(true);
+    chkall = makeCheck(this, u"chkall"_s, u"All Races"_s, u"Report on the whole event"_s);
+    static_cast<QGridLayout *>(fraround->layout())->addWidget(chkall, 0, 6, 2, 1);
+    frasort = buildSorting();
+
+    lstreport = new QListView(this);
+    lstreport->setObjectName(u"lstreport"_s);
+    lstreport->setAccessibleName(u"Preview of the report"_s);
+    lstreport->setFont(fixedPitchFont());
+    lstreport->setUniformItemSizes(true); // a whole evening's bets are shown at once
+    lstreport->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_model = new QStringListModel(this);
+    lstreport->setModel(m_model);
+
+    auto *choices = new QHBoxLayout;
+    choices->addWidget(kinds, 3);
+    choices->addWidget(fraround, 4);
+    choices->addWidget(frasort, 2);
+    QLayout *buttons = buildButtons();
+    lblnote = makeNoteLine(this);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(txtbanner);
+    layout->addLayout(choices);
+    layout->addWidget(lstreport, 1);
+    layout->addLayout(buttons);
+    layout->addWidget(lblnote);
+    assignAltLetters(this);
+}
+
+QGroupBox *frmreportb::buildKinds()
+{
+    auto *box = new QGroupBox(u"Report"_s, this);
+    auto *grid = new QGridLayout(box);
+    optreport = new QButtonGroup(box);
+    const struct
+    {
+        ReportKind kind;
+        QString caption;
+        int row;
+        int column;
+    } kinds[] = {{ReportKind::Horses, u"Horses"_s, 0, 0},
+                 {ReportKind::Bettors, u"Bettors"_s, 0, 1},
+                 {ReportKind::Bets, u"Bets"_s, 0, 2},
+                 {ReportKind::Multibets, u"Multibets"_s, 1, 0},
+                 {ReportKind::Cash, u"Cash Report"_s, 1, 1}};
+    for (const auto &entry : kinds) {
+        auto *option = new QRadioButton(box);
+        option->setObjectName(memberName(u"optreport"_s, int(entry.kind)));
+        setCaption(option, entry.caption);
+        optreport->addButton(option, int(entry.kind));
+        grid->addWidget(option, entry.row, entry.column);
+    }
+    optreport->button(int(ReportKind::Horses))->setChecked(true);
+    auto *percent = new QHBoxLayout;
+    lblhousepct = makeLabel(box, u"lblhousepct"_s, u"House %"_s);
+    txthousepct = makeField(box, u"txthousepct"_s, u"Percentage of the house in the cash report"_s);
+    txthousepct->setAccessibleName(u"House percentage"_s);
+    txthousepct->setText(QString::number(m_context.session.multibetHousePercent));
+    fitCharacters(txthousepct, 5);
+    percent->addWidget(lblhousepct);
+    percent->addWidget(txthousepct);
+    percent->addStretch();
+    grid->addLayout(percent, 1, 2);
+    return box;
+}
+
+QGroupBox *frmreportb::buildSorting()
+{
+    auto *box = new QGroupBox(u"Sort"_s, this);
+    auto *grid = new QGridLayout(box);
+    chkalp =
+        makeCheck(box, u"chkalp"_s, u"By Name"_s, u"Sort by the name of the horse or bettor"_s);
+    chknum = makeCheck(box, u"chknum"_s, u"By Number"_s,
+                       u"Sort by race and post, or by bettor number"_s);
+    chkasc = makeCheck(box, u"chkasc"_s, u"Up"_s, u"Lowest or A first"_s);
+    chkdes = makeCheck(box, u"chkdes"_s, u"Down"_s, u"Highest or Z first"_s);
+    // Of each pair exactly one is checked.
+    for (const auto &pair : {std::pair(chkalp, chknum), std::pair(chkasc, chkdes)}) {
+        auto *group = new QButtonGroup(box);
+        group->addButton(pair.first);
+        group->addButton(pair.second);
+    }
+    chknum->setChecked(true);
+    chkasc->setChecked(true);
+    grid->addWidget(chkalp, 0, 0);
+    grid->addWidget(chkasc, 0, 1);
+    grid->addWidget(chknum, 1, 0);
+    grid->addWidget(chkdes, 1, 1);
+    return box;
+}
+
+QLayout *frmreportb::buildButtons()
+{
+    cmdprint = makeButton(this, u"cmdprint"_s, u"PRINT"_s, u"Print this report"_s);
+    cmdcsv = makeButton(this, u"cmdcsv"_s, u"Save as CSV"_s,
+                        u"Save this report as a table for other programs"_s);
+    cmdpdf = makeButton(this, u"cmdpdf"_s, u"Save as PDF"_s, u"Save this report as a document"_s);
+    cmdfont = makeButton(this, u"cmdfont"_s, u"Change Print Font"_s,
+                         u"Click for the next larger print font; after 20 points comes 8"_s);
+    lblfont = makeLabel(this, u"lblfont"_s, {});
+    cmdreturn = makeButton(this, u"cmdreturn"_s, u"RETURN TO MENU"_s, u"Return to the main menu"_s);
+    auto *buttons = new QHBoxLayout;
+    for (QPushButton *button : {cmdprint, cmdcsv, cmdpdf, cmdfont})
+        buttons->addWidget(button);
+    buttons->addWidget(lblfont);
+    buttons->addStretch();
+    buttons->addWidget(cmdreturn);
+    return buttons;
+}
+
+void frmreportb::connectControls()
+{
+    connect(optreport, &QButtonGroup::idClicked, this, &frmreportb::showReport);
+    connect(optrace, &QButtonGroup::idClicked, this, &frmreportb::chooseRace);
+    for (QCheckBox *check : {chkall, chkalp, chknum, chkasc, chkdes})
+        connect(check, &QCheckBox::clicked, this, &frmreportb::showReport);
+    connect(txthousepct, &QLineEdit::textEdited, this, &frmreportb::showReport);
+    connect(cmdfont, &QPushButton::clicked, this, &frmreportb::changeFont);
+    connect(cmdprint, &QPushButton::clicked, this, &frmreportb::print);
+    connect(cmdcsv, &QPushButton::clicked, this, [this] {
+        saveAs(u"Tables (*.csv)"_s, u"csv"_s, u"Save as CSV"_s,
+               [this] { return reportCsv(m_report); });
+    });
+    connect(cmdpdf, &QPushButton::clicked, this, [this] {
+        saveAs(u"Documents (*.pdf)"_s, u"pdf"_s, u"Save as PDF"_s, [this] { return pdf(); });
+    });
+    connect(cmdreturn, &QPushButton::clicked, this,
+            [this] { m_context.navigator.open(u"frmmenub"_s); });
+}
+
+ReportKind frmreportb::kind() const
+{
+    return ReportKind(optreport->checkedId());
+}
+
+void frmreportb::chooseRace(int race)
+{
+    Settings &settings = m_context.session.settings;
+    settings.currentRace = race;
+    txtbanner->setText(settings.bannerAndRace());
+    chkall->setChecked(false);
+    showReport();
+}
+
+// Reads the files again at each choice, so that the list is never older than the last click.
+void frmreportb::showReport()
+{
+    Session &session = m_context.session;
+    const bool cash = kind() == ReportKind::Cash;
+    fraround->setEnabled(!cash);
+    frasort->setEnabled(!cash);
+    lblhousepct->setEnabled(cash);
+    txthousepct->setEnabled(cash);
+    ReportRequest request;
+    request.kind = kind();
+    request.race = chkall->isChecked() ? 0 : session.settings.currentRace;
+    request.byName = chkalp->isChecked();
+    request.descending = chkdes->isChecked();
+    request.housePercent = numericValue(txthousepct->text());
+    m_report = {};
+    m_lines = {};
+    const bool good = trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+        m_report = makeReport(session, request);
+        m_lines = reportLines(m_report);
+    });
+    m_model->setStringList(m_lines.lines);
+    for (QPushButton *button : {cmdprint, cmdcsv, cmdpdf})
+        button->setEnabled(good);
+    lblnote->setText(m_report.remarks.join(u' '));
+}
+
+void frmreportb::showFontSize()
+{
+    const int points = fontPoints(m_context.session.settings.fontIndex);
+    lblfont->setText("Print Font size is "_L1 + QString::number(points));
+}
+
+void frmreportb::changeFont()
+{
+    Session &session = m_context.session;
+    int &index = session.settings.fontIndex;
+    index = index >= 1 && index < fontSizes ? index + 1 : 1;
+    showFontSize();
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] { saveInit(session); });
+}
+
+void frmreportb::print()
+{
+    Session &session = m_context.session;
+    if (!session.settings.mayPrint())
+        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
+    const int points = fontPoints(session.settings.fontIndex);
+    const Slip slip = reportSlip(m_lines, points);
+    session.settings.operationLabel = u"Print Reports"_s;
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+        m_context.printer.print(slip);
+        QString note = u"Printed"_s;
+        if (slip.pointSize < points) {
+            note += " at "_L1 + QString::number(slip.pointSize)
+                    + " points, so that the lines fit the paper"_L1;
+        }
+        lblnote->setText(note);
+    });
+}
+
+void frmreportb::saveAs(const QString &filter, const QString &suffix, const QString &label,
+                        const std::function<QByteArray()> &content)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QFileDialog dialog(this, label, folder, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(m_report.name + u'.' + suffix);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString path = dialog.selectedFiles().value(0);
+    Session &session = m_context.session;
+    session.settings.operationLabel = label;
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+        replaceRecordFile(path, content());
+        lblnote->setText("Saved as "_L1 + path);
+    });
+}
+
+QByteArray frmreportb::pdf() const
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(m_report.name);
+    writer.setPageSize(pdfPaper);
+    writer.setPageMargins({pdfMargin, pdfMargin, pdfMargin, pdfMargin}, QPageLayout::Millimeter);
+    paintSlip(reportSlip(m_lines, fontPoints(m_context.session.settings.fontIndex)), writer);
+    return buffer.data();
+}

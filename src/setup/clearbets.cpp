@@ -1,0 +1,97 @@
+#include "setup/clearbets.h"
+
+#include "common/fileerror.h"
+#include "common/format.h"
+#include "common/recordfile.h"
+#include "multibets/multibetrecords.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString baseName(RecordFile file)
+{
+    return file == RecordFile::Multibets ? u"Multibets"_s : u"Bets"_s;
+}
+
+// The current race's file; a missing one is empty.
+QByteArray fileOrNothing(const Session &session, RecordFile file)
+{
+    try {
+        return readRecordFile(mainFile(session, file, session.settings.currentRace));
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+    }
+    return {};
+}
+
+} // namespace
+
+RaceStakes straightStakes(Session &session)
+{
+    session.settings.operationLabel = u"Bets input"_s;
+    const QByteArray bytes = fileOrNothing(session, RecordFile::Bets);
+    session.settings.operationLabel = u"Bets Input"_s;
+    const BetTable bets = parseBets(bytes.toStdString());
+    RaceStakes stakes;
+    stakes.byBettor = totalsByBettor(bets, [](const BetRow &) { return true; });
+    stakes.damaged = bets.damagedRows();
+    stakes.records = bytes;
+    for (const BetRow &row : bets.rows)
+        stakes.total += row.damaged ? 0 : row.bet.amount;
+    return stakes;
+}
+
+RaceStakes multibetStakes(Session &session)
+{
+    session.settings.operationLabel = u"Multibets Input"_s;
+    RaceStakes stakes;
+    stakes.records = fileOrNothing(session, RecordFile::Multibets);
+    const MultibetTable bets = parseMultibets(stakes.records.toStdString());
+    for (const MultibetRow &row : bets.rows) {
+        if (row.damaged) {
+            ++stakes.damaged;
+            continue;
+        }
+        stakes.byBettor[float(row.bet.bettor)] += float(row.bet.amount);
+        stakes.total += float(row.bet.amount);
+    }
+    return stakes;
+}
+
+Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes)
+{
+    RefundList list;
+    list.titles = {u"REFUND BETS "_s + session.settings.raceName()};
+    list.spacer = u" "_s;
+    list.heading = bettorRefundHeading();
+    list.refunds = bettorRefunds(stakes.byBettor, session.bettors);
+    list.closing =
+        u"TOTAL "_s + baseName(file).toUpper() + u' ' + formatMoney(stakes.total, "Currency");
+    return refundSlip(list);
+}
+
+void keepTwins(Session &session, RecordFile file)
+{
+    session.settings.operationLabel = baseName(file) + u" Saved"_s;
+    keepTwinsInSaved(session, file, session.settings.currentRace);
+}
+
+bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes)
+{
+    const EventLock lock(session);
+    QString &label = session.settings.operationLabel;
+    const int race = session.settings.currentRace;
+    label = baseName(file) + u" Output"_s;
+    if (fileOrNothing(session, file) != stakes.records)
+        return false;
+    deleteRecordFile(mainFile(session, file, race));
+    label = baseName(file) + u"backup Output"_s;
+    deleteRecordFile(twinFile(session, file, race));
+    if (file == RecordFile::Bets) {
+        session.bets = BetTable();
+        session.pools = PoolTable();
+    }
+    return true;
+}

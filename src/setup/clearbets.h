@@ -1,0 +1,33 @@
+#pragma once
+
+#include "betting/refundlist.h"
+#include "common/eventfiles.h"
+
+// Clearing the current race's bets with refunds. File work throws FileError and sets the operation
+// label.
+
+// What is at stake in one bet file of a race; a missing file holds nothing.
+struct RaceStakes
+{
+    float total = 0;         // dollars
+    BettorTotals byBettor;   // dollars by bettor number
+    std::size_t damaged = 0; // lines that hold no readable bet
+    QByteArray records;      // of the file as it was read
+};
+
+// The stakes of the current race's Bets.
+RaceStakes straightStakes(Session &session);
+
+// The stakes of the current race's Multibets.
+RaceStakes multibetStakes(Session &session);
+
+// The list of what every bettor gets back for \a stakes of Bets or Multibets.
+Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes);
+
+// Copies the current race's Bets or Multibets and the twin to Saved: the step before deleteTwins.
+void keepTwins(Session &session, RecordFile file);
+
+// Deletes the current race's Bets or Multibets and the twin; the tables of deleted straight bets
+// are emptied with them. False, and nothing deleted, when another computer has changed the file
+// since the stakes were read.
+bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes);

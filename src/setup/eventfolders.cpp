@@ -1,0 +1,99 @@
+#include "setup/eventfolders.h"
+
+#include "common/fileerror.h"
+#include "common/hostsystem.h"
+#include "common/init.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString withBackslash(const QString &folder)
+{
+    return folder.endsWith(u'\\') ? folder : folder + u'\\';
+}
+
+// Names that some system of the room cannot have would strand the event on this computer.
+bool isFolderName(const QString &name)
+{
+    const bool forbidden = std::any_of(name.cbegin(), name.cend(), [](QChar character) {
+        return character < u' ' || u"\\/:*?\"<>|"_s.contains(character);
+    });
+    return !forbidden && !name.trimmed().isEmpty() && name != "."_L1 && name != ".."_L1;
+}
+
+void demandReady(const Session &session, const QString &folder, ErrorNumber otherwise)
+{
+    const QFileInfo info(session.paths.toHost(folder));
+    if (!info.isDir())
+        throw FileError(otherwise);
+    if (!info.isReadable())
+        throw FileError(ErrorNumber::PermissionDenied);
+}
+
+} // namespace
+
+QStringList foldersAbove(const QString &folder)
+{
+    // A root is "C:\" or, on the network, "\\NAME\Share\".
+    qsizetype end = folder.indexOf(u'\\');
+    if (folder.startsWith("\\\\"_L1))
+        end = folder.indexOf(u'\\', folder.indexOf(u'\\', 2) + 1);
+    QStringList folders;
+    while (end >= 0) {
+        folders.append(folder.left(end + 1));
+        end = folder.indexOf(u'\\', end + 1);
+    }
+    return folders;
+}
+
+QStringList foldersInside(const Session &session, const QString &folder)
+{
+    return QDir(session.paths.toHost(folder))
+        .entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+}
+
+void chooseDrive(Session &session, const QString &drive)
+{
+    session.settings.operationLabel = u"Directory-Drive"_s;
+    const QString root = withBackslash(drive);
+    demandReady(session, root, ErrorNumber::DiskNotReady);
+    session.settings.eventDirectory = root;
+}
+
+void chooseFolder(Session &session, const QString &folder)
+{
+    session.settings.operationLabel = u"Directory-Open"_s;
+    demandReady(session, folder, ErrorNumber::PathNotFound);
+    const QString before = session.settings.eventDirectory;
+    session.settings.eventDirectory = withBackslash(folder);
+    try {
+        saveInit(session, InitWriter::Directory, u"Init output-Directory"_s,
+                 u"Init output-Directory"_s);
+    } catch (const FileError &) {
+        session.settings.eventDirectory = before;
+        throw;
+    }
+}
+
+void createFolder(Session &session, const QString &parent, const QString &name)
+{
+    session.settings.operationLabel = u"Directory-New"_s;
+    if (!isFolderName(name))
+        throw FileError(ErrorNumber::BadFileName);
+    const QString path = session.paths.toHost(withBackslash(parent) + name);
+    if (QFileInfo::exists(path))
+        throw FileError(ErrorNumber::PathFileAccess);
+    demandReady(session, parent, ErrorNumber::PathNotFound);
+    errno = 0;
+    if (!QDir().mkdir(path))
+        throw FileError(errorFromSystem(lastSystemError()));
+    saveInit(session, InitWriter::Directory, u"Init output-Directory"_s,
+             u"Init output-Directory"_s);
+}

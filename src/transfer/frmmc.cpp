@@ -1,0 +1,191 @@
+#include "transfer/frmmc.h"
+
+#include "common/format.h"
+#include "common/session.h"
+#include "transfer/addedtable.h"
+#include "ui/controls.h"
+#include "ui/prompts.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A step that is only told has no button; a transfer's button opens its drive choice.
+struct Step
+{
+    QString name;
+    QString text;
+    QString screen;
+};
+
+// The steps in the order of an evening; a step without a name begins a group of them.
+QList<Step> steps()
+{
+    return {
+        {{}, u"Before the races"_s, {}},
+        {u"lblstep_1"_s, u"1. Enter Horses and Bettor names on the main computer"_s, {}},
+        {u"lblstep_2"_s, u"2. Insert a thumb drive in the main computer"_s, {}},
+        {u"cmdsavebh"_s,
+         u"3. Click here  to Save Bettors, Horses from main computer to thumb drive"_s,
+         u"frmdrive"_s},
+        {u"lblstep_4"_s,
+         u"4. Insert the thumb drive from the main computer  in a satellite computer"_s,
+         {}},
+        {u"cmdloadbh"_s,
+         u"5. Click here to Load Bettors, Horses on satellite computers from thumb drive. Repeat "
+         "this step for each satellite computer"_s,
+         u"frmsatdrv"_s},
+        {{}, u"During the races"_s, {}},
+        {u"cmdreturn"_s, u"6. Click here to return to Menu in Multiple Computer mode"_s, {}},
+        {u"lblstep_7"_s, u"7. Bets are entered on all computers"_s, {}},
+        {{}, u"After each race"_s, {}},
+        {u"lblstep_8"_s,
+         u"8. After the race load bets from each satellite computer to a thumb drive. "
+         "A thumb drive will only hold bets for one computer. If you only have one "
+         "thumb drive, be sure to load the bets to the main computer after each load "
+         "of bets to a thumb drive."_s,
+         {}},
+        {u"cmdsavebets"_s,
+         u"9. Click here to Save Bets from satellite computers to a thumb drive"_s, u"frmsatun"_s},
+        {u"lblstep_10"_s, u"10. Insert the thumb drive with bets into the main computer"_s, {}},
+        {u"cmdaddbets"_s,
+         u"11. Click here to Add New Bets to the main computer from a thumb drive. Repeat steps "
+         "10. and 11. for each satellite computer."_s,
+         u"frmmainld"_s},
+    };
+}
+
+const QString roleIsNotSaved =
+    u"IMPORTANT: Multiple computer status is not saved if you exit the \n"
+    "program. You must return to this screen and exit in Multiple Computer \n"
+    "mode to re-establish Multiple Computer status."_s;
+
+const QString mainRole = u"Main Computer - Bettor Adds \npermitted - Bettor changes not \n"
+                         "permitted - Horse changes not \npermitted"_s;
+const QString satelliteRole = u"Satellite Computer - All changes to \nHorses or Bettors is "
+                              "disabled - send \nall new bettors to the main computer"_s;
+
+} // namespace
+
+frmmc::frmmc(const ScreenContext &context)
+    : m_context(context)
+{
+    Settings &settings = m_context.session.settings;
+    settings.mainComputer = u"no"_s;
+    settings.satelliteComputer = u"no"_s;
+    m_context.session.addedBets.clear();
+    build();
+    connect(cmdreturn, &QPushButton::clicked, this, &frmmc::returnMultiple);
+    connect(cmdsing, &QPushButton::clicked, this, &frmmc::returnSingle);
+    showAddedBets();
+}
+
+frmmc::~frmmc()
+{
+    delete m_driveChoice;
+}
+
+void frmmc::build()
+{
+    auto *layout = new QVBoxLayout(this);
+    QVBoxLayout *group = nullptr;
+    for (const Step &step : steps()) {
+        if (step.name.isEmpty()) {
+            auto *frame = new QGroupBox(step.text, this);
+            group = new QVBoxLayout(frame);
+            group->setContentsMargins(9, 4, 9, 6);
+            layout->addWidget(frame);
+        } else if (step.name.startsWith("lbl"_L1)) {
+            group->addWidget(makeLabel(this, step.name, step.text, {}, true));
+        } else {
+            QPushButton *button = makeButton(this, step.name, step.text);
+            group->addWidget(button, 0, Qt::AlignLeft);
+            if (step.screen.isEmpty())
+                cmdreturn = button;
+            else
+                connect(button, &QPushButton::clicked, this,
+                        [this, screen = step.screen] { openDrive(screen); });
+        }
+    }
+    cmdreturn->setToolTip("<span>"_L1 + roleIsNotSaved.toHtmlEscaped() + "</span>"_L1);
+
+    auto *roles = new QGroupBox(u"What the computers may do"_s, this);
+    auto *roleRow = new QHBoxLayout(roles);
+    roleRow->setContentsMargins(9, 4, 9, 6);
+    roleRow->setSpacing(24);
+    roleRow->addWidget(makeLabel(this, u"txtmain"_s, mainRole), 0, Qt::AlignTop);
+    roleRow->addWidget(makeLabel(this, u"txtsat"_s, satelliteRole), 0, Qt::AlignTop);
+    roleRow->addWidget(makeHeading(this, u"lblimportant"_s, roleIsNotSaved), 1, Qt::AlignTop);
+    layout->addWidget(roles);
+    cmdsing =
+        makeButton(this, u"cmdsing"_s, u"Click here to return to Menu in Single Computer mode"_s);
+    layout->addWidget(cmdsing, 0, Qt::AlignLeft);
+
+    grdadded = new QTableWidget(this);
+    grdadded->setObjectName(u"grdadded"_s);
+    grdadded->setAccessibleName(u"Bets added, by race"_s);
+    grdadded->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grdadded->setTabKeyNavigation(false);
+    layout->addWidget(grdadded, 1);
+    lblnote = makeNoteLine(this);
+    layout->addStretch();
+    layout->addWidget(lblnote);
+    assignAltLetters(this);
+}
+
+void frmmc::openDrive(const QString &screen)
+{
+    delete m_driveChoice;
+    m_driveChoice = m_context.navigator.openBeside(screen);
+    connect(m_driveChoice, &QObject::destroyed, this, &frmmc::showAddedBets);
+}
+
+void frmmc::showAddedBets()
+{
+    const QList<AddedBets> &races = m_context.session.addedBets;
+    grdadded->setVisible(!races.isEmpty());
+    const AddedBetsTable table = addedBetsTable(races);
+    grdadded->setColumnCount(int(table.columns.size()));
+    grdadded->setRowCount(int(table.rows.size()));
+    grdadded->setHorizontalHeaderLabels(table.columns);
+    for (int row = 0; row < int(table.rows.size()); ++row) {
+        const QStringList &cells = table.rows[row];
+        grdadded->setVerticalHeaderItem(row, new QTableWidgetItem(cells.first()));
+        for (int column = 0; column < int(table.columns.size()); ++column) {
+            auto *item = new QTableWidgetItem(cells.value(column + 1));
+            item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            grdadded->setItem(row, column, item);
+        }
+    }
+    grdadded->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    grdadded->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    lblnote->setText(table.note);
+}
+
+void frmmc::returnMultiple()
+{
+    Settings &settings = m_context.session.settings;
+    if (settings.mainComputer == "no"_L1 && settings.satelliteComputer == "no"_L1) {
+        const bool main = askYesNo(this, u"Is this the main computer?"_s);
+        settings.mainComputer = main ? u"yes"_s : u"no"_s;
+        settings.satelliteComputer = main ? u"no"_s : u"yes"_s;
+    } else {
+        settings.mainComputer = u"yes"_s;
+    }
+    m_context.navigator.open(u"frmmenub"_s);
+}
+
+void frmmc::returnSingle()
+{
+    m_context.session.settings.mainComputer = u"no"_s;
+    m_context.session.settings.satelliteComputer = u"no"_s;
+    m_context.navigator.open(u"frmmenub"_s);
+}

@@ -1,0 +1,159 @@
+#include "kit/testkit.h"
+
+using namespace Qt::StringLiterals;
+
+// The calculator for slips bet under AnyBettor.
+class tst_frmanyb : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void slip_data();
+    void slip();
+    void bettorTotal_data();
+    void bettorTotal();
+    void people();
+    void besideThePayScreen();
+
+private:
+    QString shown(const QString &name) const { return fieldText(screen, name); }
+    void calculate(const QString &winOnWinner);
+
+    std::unique_ptr<TestEvent> event;
+    QWidget *screen = nullptr;
+};
+
+// Payoffs of $3.20 and so on per $1; no show money on the show horse.
+void tst_frmanyb::init()
+{
+    event = std::make_unique<TestEvent>(false);
+    RacePayoffs &payoffs = event->session.payoffs;
+    payoffs.race = 1;
+    payoffs.finishers = {4, 2, 7};
+    payoffs.perDollar[Ticket::WinWin] = 3.2F;
+    payoffs.perDollar[Ticket::WinPlace] = 2.5F;
+    payoffs.perDollar[Ticket::WinShow] = 1.1F;
+    payoffs.perDollar[Ticket::PlacePlace] = 2;
+    payoffs.perDollar[Ticket::PlaceShow] = 1.6F;
+    for (const int post : {2, 4, 7})
+        event->session.horses.post(post).name = u"HORSE %1"_s.arg(post);
+    screen = event->open(u"frmanyb"_s);
+}
+
+void tst_frmanyb::calculate(const QString &winOnWinner)
+{
+    typeInto(screen, u"txtwinwin"_s, winOnWinner);
+    clickButton(screen, u"cmdcalc"_s);
+}
+
+void tst_frmanyb::slip_data()
+{
+    QTest::addColumn<QStringList>("amounts"); // win, place, show; place, show; show
+    QTest::addColumn<QString>("totals");      // of the rows and of the slip
+    QTest::newRow("nothing typed") << QStringList{} << "$0.00 $0.00 $0.00 $0.00";
+    QTest::newRow("every combination")
+        << QStringList{u"1"_s, u"2"_s, u"3"_s, u"10"_s, u"20"_s, u"0"_s}
+        << "$11.50 $52.00 $0.00 $63.50";
+    QTest::newRow("empty and non-numeric count as 0")
+        << QStringList{u""_s, u"x"_s, u"1.50"_s} << "$1.65 $0.00 $0.00 $1.65";
+    QTest::newRow("a payoff of 0 pays nothing")
+        << QStringList{u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"5"_s} << "$0.00 $0.00 $0.00 $0.00";
+    QTest::newRow("thousands") << QStringList{u"1000"_s} << "$3,200.00 $0.00 $0.00 $3,200.00";
+}
+
+void tst_frmanyb::slip()
+{
+    QFETCH(QStringList, amounts);
+    QCOMPARE(shown(u"txtwinhorse"_s), u"HORSE 4"_s);
+    QCOMPARE(shown(u"txtplacehorse"_s), u"HORSE 2"_s);
+    QCOMPARE(shown(u"txtshowhorse"_s), u"HORSE 7"_s);
+    const QString fields[] = {u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
+                              u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
+    for (qsizetype i = 0; i < amounts.size(); ++i)
+        typeInto(screen, fields[i], amounts[i]);
+    clickButton(screen, u"cmdcalc"_s);
+    const QStringList totals{shown(u"txtwintotal"_s), shown(u"txtplacetotal"_s),
+                             shown(u"txtshowtotal"_s), shown(u"txttotaltotal"_s)};
+    QTEST(totals.join(u' '), "totals");
+}
+
+void tst_frmanyb::bettorTotal_data()
+{
+    QTest::addColumn<int>("rounding");
+    QTest::addColumn<QString>("bet");
+    QTest::addColumn<QString>("rounded");
+    QTest::newRow("1.00 at the half") << 5 << "7.50"
+                                      << "$8.00";
+    QTest::newRow(".25 below .38") << 3 << "7.37"
+                                   << "$7.25";
+    QTest::newRow(".25 above .38") << 3 << "7.40"
+                                   << "$7.50";
+    QTest::newRow("0.01 keeps the cents") << 1 << "7.37"
+                                          << "$7.37";
+}
+
+void tst_frmanyb::bettorTotal()
+{
+    QFETCH(int, rounding);
+    QFETCH(QString, bet);
+    event->session.settings.roundingIndex = rounding;
+    event->session.payoffs.perDollar[Ticket::WinWin] = 1;
+    calculate(bet);
+    clickButton(screen, u"cmdadd"_s);
+    QCOMPARE(shown(u"txttotalbet"_s), u'$' + bet);
+    QTEST(shown(u"txttotaldue"_s), "rounded");
+    clickButton(screen, u"cmdadd"_s); // the same slip does not count twice
+    QCOMPARE(shown(u"txttotalbet"_s), u'$' + bet);
+}
+
+// Two people; the first with two slips, rounded together.
+void tst_frmanyb::people()
+{
+    event->session.settings.roundingIndex = 5;
+    clickButton(screen, u"cmdclear"_s);
+    QCOMPARE(shown(u"txtfactor"_s), u"1.00"_s);
+    for (const auto &bet : {u"1"_s, u"2"_s}) {
+        calculate(bet);
+        clickButton(screen, u"cmdadd"_s);
+    }
+    QCOMPARE(shown(u"txttotalbet"_s), u"$9.60"_s);
+    QCOMPARE(shown(u"txttotaldue"_s), u"$10.00"_s);
+    clickButton(screen, u"cmdpay"_s);
+    for (const auto &field :
+         {u"txttotalbet"_s, u"txttotaldue"_s, u"txtwintotal"_s, u"txttotaltotal"_s})
+        QCOMPARE(shown(field), u"$0.00"_s);
+    QCOMPARE(shown(u"txtwinwin"_s), u"0"_s);
+    calculate(u"3"_s);
+    clickButton(screen, u"cmdadd"_s);
+    clickButton(screen, u"cmdpay"_s);
+    QCOMPARE(shown(u"txttotalpaid"_s), u"$19.20"_s);
+    QCOMPARE(shown(u"txtpaidr"_s), u"$20.00"_s);
+    clickButton(screen, u"cmdclear"_s);
+    QCOMPARE(shown(u"txttotalpaid"_s), u"$0.00"_s);
+    QCOMPARE(shown(u"txtpaidr"_s), u"$0.00"_s);
+}
+
+// Beside another screen it is a window of its own, takes the payoffs as they are now, and its
+// return button closes it alone.
+void tst_frmanyb::besideThePayScreen()
+{
+    event->open(u"frmlistb"_s);
+    screen = event->navigator().openBeside(u"frmanyb"_s);
+    QVERIFY(screen->isWindow());
+    event->session.payoffs.perDollar[Ticket::WinWin] = 4;
+    calculate(u"2"_s);
+    QCOMPARE(shown(u"txttotaltotal"_s), u"$8.00"_s);
+    event->session.payoffs = {};
+    clickButton(screen, u"cmdcalc"_s);
+    QCOMPARE(shown(u"txttotaltotal"_s), u"$0.00"_s);
+    QCOMPARE(shown(u"txtwinhorse"_s), QString());
+    QVERIFY(!labelText(screen, u"lblnote"_s).isEmpty());
+    QSignalSpy destroyed(screen, &QObject::destroyed);
+    clickButton(screen, u"cmdreturn"_s);
+    QTRY_COMPARE(destroyed.size(), 1);
+    QCOMPARE(event->current()->objectName(), u"frmlistb"_s);
+}
+
+TRELAWN_TEST_MAIN(tst_frmanyb)
+#include "tst_frmanyb.moc"

@@ -1,0 +1,355 @@
+#include "common/eventfiles.h"
+#include "common/fetch.h"
+#include "kit/faultywrites.h"
+#include "kit/testkit.h"
+#include "racecard/download.h"
+
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// A web server on this computer that gives every caller the same answer and keeps what was asked.
+class WebServer
+{
+public:
+    enum class Then { Close, KeepSending, StayOpen };
+
+    explicit WebServer(const QByteArray &answer = {}, Then then = Then::Close)
+        : m_answer(answer)
+        , m_then(then)
+    {
+        if (!m_server.listen(QHostAddress::LocalHost))
+            qFatal("no server");
+        QObject::connect(&m_server, &QTcpServer::newConnection, &m_server, [this] {
+            QTcpSocket *socket = m_server.nextPendingConnection();
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [=, this] { serve(socket); });
+        });
+    }
+
+    QString address(const QString &path = u"/postboard"_s) const
+    {
+        return u"http://127.0.0.1:%1%2"_s.arg(m_server.serverPort()).arg(path);
+    }
+    void setMoved(const QByteArray &answer) { m_moved = answer; } // for the path /moved
+
+    // What the last caller sent, with plain line ends, and how many callers there were.
+    QByteArray asked() const { return QByteArray(m_asked).replace("\r\n", "\n"); }
+    int requests = 0;
+
+private:
+    void serve(QTcpSocket *socket)
+    {
+        m_arriving += socket->readAll();
+        const qsizetype head = m_arriving.indexOf("\r\n\r\n");
+        if (head < 0 || (m_arriving.startsWith("POST") && m_arriving.size() == head + 4))
+            return;
+        ++requests;
+        m_asked = std::exchange(m_arriving, {});
+        socket->write(m_asked.contains(" /moved ") ? m_moved : m_answer);
+        switch (m_then) {
+        case Then::Close:
+            return socket->disconnectFromHost();
+        case Then::KeepSending:
+            QObject::connect(socket, &QTcpSocket::bytesWritten, socket,
+                             [=] { socket->write(QByteArray(10000, 'x')); });
+            return;
+        case Then::StayOpen:
+            return;
+        }
+    }
+
+    QTcpServer m_server;
+    QByteArray m_answer;
+    QByteArray m_moved;
+    QByteArray m_arriving;
+    QByteArray m_asked;
+    Then m_then;
+};
+
+QByteArray page(const QByteArray &body, const QByteArray &status = "200 OK")
+{
+    return "HTTP/1.1 " + status + "\r\nContent-Type: text/plain\r\nContent-Length: "
+           + QByteArray::number(body.size()) + "\r\n\r\n" + body;
+}
+
+const QByteArray card = "\"1\",\"1\",\"ALPHA\"\r\n\"2\",\"1A\",\"BETA\"\r\n\"0\",\"9\",\"ZERO\"\r\n"
+                        "\"22\",\"9\",\"HIGH\"\r\n\"END\"\r\n\"3\",\"3\",\"GAMMA\"\r\n\"END\"\r\n";
+
+void giveAddress(const TestEvent &event, const QString &address)
+{
+    event.write(u"Download"_s, '"' + address.toUtf8() + "\"\r\n");
+}
+
+// Everything that is in the event directory, Saved included, but for the address.
+QMap<QString, QByteArray> allFiles(const TestEvent &event)
+{
+    QMap<QString, QByteArray> files;
+    QDirIterator iterator(eventFolder(event.session), QDir::Files, QDirIterator::Subdirectories);
+    while (iterator.hasNext()) {
+        QFile file(iterator.next());
+        if (file.open(QIODevice::ReadOnly))
+            files.insert(file.fileName(), file.readAll());
+    }
+    return files;
+}
+
+const QString done = u"Download successful. Check track program for last minute changes."_s;
+
+} // namespace
+
+class tst_download : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void fetch_data();
+    void fetch();
+    void request();
+    void silence();
+    void failures_data();
+    void failures();
+    void runningEvent();
+    void cancel();
+    void address();
+    void powerLoss();
+};
+
+void tst_download::initTestCase()
+{
+    for (const char *name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
+        qunsetenv(name);
+}
+
+void tst_download::fetch_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QByteArray>("body");
+    const QString path = u"/postboard"_s;
+    QTest::newRow("a page") << page("hello") << path << QByteArray("hello");
+    QTest::newRow("in pieces, to the end")
+        << page(QByteArray(5000, 'a')) << path << QByteArray(5000, 'a');
+    QTest::newRow("without a length, until the server closes")
+        << QByteArray("HTTP/1.1 200 OK\r\n\r\nhello") << path << QByteArray("hello");
+    QTest::newRow("moved") << page("hello") << u"/moved"_s << QByteArray("hello");
+    QTest::newRow("404") << page("gone", "404 Not Found") << path << QByteArray();
+    QTest::newRow("500") << page("sorry", "500 Error") << path << QByteArray();
+    QTest::newRow("cut in mid-body")
+        << page(QByteArray(5000, 'a')).chopped(1000) << path << QByteArray();
+    QTest::newRow("no answer at all") << QByteArray() << path << QByteArray();
+    QTest::newRow("an answer that is not HTTP")
+        << QByteArray("hello\r\n\r\n") << path << QByteArray();
+    QTest::newRow("larger than a card can be")
+        << page(QByteArray(6000, 'a')) << path << QByteArray();
+}
+
+void tst_download::fetch()
+{
+    QFETCH(QByteArray, answer);
+    QFETCH(QString, path);
+    WebServer server(answer);
+    server.setMoved("HTTP/1.1 302 Found\r\nLocation: /postboard\r\nContent-Length: 0\r\n\r\n");
+    FetchRules rules;
+    rules.silence = 2s;
+    rules.largest = 5000;
+    QString type;
+    QTEST(FetchUrl(server.address(path), type, {}, 1024, fetchPost, rules), "body");
+}
+
+// What the server sees of the three kinds of request.
+void tst_download::request()
+{
+    WebServer server(page("ok"));
+    QString type;
+    FetchUrl(server.address(), type, {}, 1024, fetchPost);
+    QVERIFY(server.asked().startsWith("GET /postboard HTTP/1.1\n"));
+    QVERIFY(server.asked().contains(
+        "User-Agent: Mozilla/4.0 (compatible; MSIE 5.5; Windows NT 5.0)\n"));
+    QVERIFY(server.asked().contains("Cache-Control: no-cache\n"));
+    QVERIFY(!server.asked().contains("Referer"));
+    QCOMPARE(type, u"text/plain"_s);
+
+    FetchUrl(server.address(), type, u"race=1"_s, 1024, 0);
+    QVERIFY(server.asked().startsWith("GET /postboard?race=1 HTTP/1.1\n"));
+
+    FetchUrl(server.address(), type, u"race=1"_s, 1024, fetchPost);
+    QVERIFY(server.asked().startsWith("POST /postboard HTTP/1.1\n"));
+    QVERIFY(server.asked().contains("Content-Type: application/x-www-form-urlencoded\n"));
+    QVERIFY(server.asked().endsWith("\n\nrace=1"));
+
+    // Nobody is there; what HTTP does not serve; a path that is too long.
+    QCOMPARE(FetchUrl(u"http://127.0.0.1:1/postboard"_s, type, {}, 1024, 1), QByteArray());
+    for (const QString &scheme : {u"ftp"_s, u"gopher"_s, u"file"_s})
+        QCOMPARE(FetchUrl(scheme + server.address().mid(4), type, {}, 1024, 1), QByteArray());
+    QCOMPARE(FetchUrl(server.address(u'/' + QString(1025, u'a')), type, {}, 1024, 1), QByteArray());
+}
+
+// A server that falls silent is given up, one that never ends is cut off.
+void tst_download::silence()
+{
+    FetchRules rules;
+    rules.silence = 100ms;
+    QString type;
+    const QByteArray begun = "HTTP/1.1 200 OK\r\n\r\n\"1\",\"1\",\"ALPHA\"\r\n";
+    WebServer slow(begun, WebServer::Then::StayOpen);
+    QCOMPARE(FetchUrl(slow.address(), type, {}, 1024, 1, rules), QByteArray());
+    rules.silence = 15s;
+    WebServer endless(begun, WebServer::Then::KeepSending);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(FetchUrl(endless.address(), type, {}, 1024, 1, rules), QByteArray());
+    QVERIFY(timer.elapsed() < 10000);
+}
+
+void tst_download::failures_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("404") << page(card, "404 Not Found");
+    QTest::newRow("a page of a hotel's network")
+        << page("<html>\n1,2,\"sign in\"\n</html>", "200 OK");
+    QTest::newRow("a text without a horse") << page("\"0\",\"1\",\"ZERO\"\r\n\"come back later\"");
+    QTest::newRow("nothing in it") << page("");
+    QTest::newRow("cut off") << page(card).chopped(20);
+}
+
+// Nothing but the message.
+void tst_download::failures()
+{
+    QFETCH(QByteArray, answer);
+    TestEvent event;
+    WebServer server(answer);
+    giveAddress(event, server.address());
+    const auto before = allFiles(event);
+    QWidget *screen = event.open(u"frmhorsesb"_s);
+    BoxRobot robot;
+    robot.expect(u"Internet not available"_s, u"TRELAWN"_s);
+    clickButton(screen, u"cmdGo"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(allFiles(event), before);
+    QVERIFY(screen->isEnabled());
+}
+
+// A card comes into an event whose first race has horses on screen and bets on file.
+void tst_download::runningEvent()
+{
+    TestEvent event;
+    WebServer server(page(card));
+    giveAddress(event, server.address());
+    HorseTable old;
+    old.post(5) = {5, 0, u"5"_s, u"OLD HORSE"_s};
+    event.write(u"Horses Race1"_s, horseRecords(old));
+    event.write(u"Horsesbackup Race1"_s, horseRecords(old));
+    event.write(u"Bets Race1"_s, "1,5,1,2\r\n");
+    event.write(u"Betsbackup Race1"_s, "1,5,1,2\r\n");
+    event.write(u"Multibets Race4"_s, "1,2,0,\"EX\",2,1\r\n");
+    QWidget *screen = event.open(u"frmhorsesb"_s);
+    QTRY_COMPARE(fieldText(screen, u"txthorse_4"_s), u"OLD HORSE"_s);
+
+    BoxRobot robot;
+    robot.expect(u"Invalid post position - download error"_s, u"Horses"_s);
+    robot.expect(u"Invalid post position-download error"_s, u"Horses"_s);
+    robot.expect(done, u"TRELAWN"_s);
+    clickButton(screen, u"cmdGo"_s);
+    QVERIFY(robot.allCame());
+
+    QCOMPARE(event.read(u"postboard"_s), '"' + card + "\"\r\n");
+    QVERIFY(event.read(u"Horses Race1"_s)
+                .startsWith("1,1,\"1 \",\"ALPHA\"\r\n2,1,\"1A\",\"BETA\"\r\n"
+                            "3,0,\"  \",\"zzz\"\r\n"));
+    QCOMPARE(event.read(u"Horses Race1"_s).count("\r\n"), 21);
+    QVERIFY(event.read(u"Horses Race2"_s).contains("\r\n3,0,\"3 \",\"GAMMA\"\r\n"));
+    QCOMPARE(event.read(u"Horses Race12"_s).count("zzz"), 21);
+    QCOMPARE(event.read(u"Horsesbackup Race1"_s), horseRecords(old));
+    QCOMPARE(event.read(u"Bets Race1"_s), QByteArray("1,5,1,2\r\n"));
+    QCOMPARE(event.savedCopies(u"Horses Race1"_s), QByteArrayList{horseRecords(old)});
+
+    QCOMPARE(fieldText(screen, u"txthorse_0"_s), u"ALPHA"_s);
+    QCOMPARE(fieldText(screen, u"txthorse_4"_s), QString());
+    QCOMPARE(labelText(screen, u"lblnote"_s),
+             u"Bets are already placed on Race1, Race4: check the horses there"_s);
+    QCOMPARE(server.requests, 1);
+
+    // The same card again replaces nothing, so that nothing more goes to Saved.
+    const auto files = allFiles(event);
+    robot.expect(u"Invalid post position - download error"_s, u"Horses"_s);
+    robot.expect(u"Invalid post position-download error"_s, u"Horses"_s);
+    robot.expect(done, u"TRELAWN"_s);
+    clickButton(screen, u"cmdGo"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(allFiles(event), files);
+}
+
+// While it waits the window lives, the screen takes no input, and Cancel ends it.
+void tst_download::cancel()
+{
+    TestEvent event;
+    WebServer silent(QByteArray(), WebServer::Then::StayOpen);
+    giveAddress(event, silent.address());
+    const auto before = allFiles(event);
+    QWidget *screen = event.open(u"frmhorsesb"_s);
+    bool wasLocked = false;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, this, [&] {
+        if (auto *box = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget())) {
+            wasLocked = !screen->isEnabled();
+            QTest::mouseClick(box->findChild<QPushButton *>(), Qt::LeftButton);
+        }
+    });
+    watch.start(20);
+    BoxRobot robot;
+    clickButton(screen, u"cmdGo"_s);
+    QVERIFY(robot.allCame());
+    QVERIFY(wasLocked);
+    QVERIFY(screen->isEnabled());
+    QCOMPARE(labelText(screen, u"lblnote"_s), u"Download cancelled: nothing was changed."_s);
+    QCOMPARE(allFiles(event), before);
+}
+
+// The file beside Init, wherever the event directory is; without it the program's own address.
+void tst_download::address()
+{
+    TestEvent event;
+    QVERIFY(downloadAddress(event.session).endsWith("/postboard"_L1));
+    giveAddress(event, u"http://example.invalid/club/postboard"_s);
+    event.session.settings.eventDirectory = u"D:\\Party\\"_s;
+    QCOMPARE(downloadAddress(event.session), u"http://example.invalid/club/postboard"_s);
+}
+
+// The process dies at each write: every race card is the old or the new one, whole, and an old one
+// that was replaced is in Saved.
+void tst_download::powerLoss()
+{
+    TestEvent event;
+    HorseTable horses;
+    horses.post(5) = {5, 0, u"5"_s, u"OLD HORSE"_s};
+    const QByteArray old = horseRecords(horses);
+    saveDownload(event.session, card);
+    const QStringList races{u"Horses Race1"_s, u"Horses Race2"_s};
+    const QByteArrayList replaced{event.read(races[0]), event.read(races[1])};
+    const auto prepare = [&] {
+        QDir(savedFolder(event.session)).removeRecursively();
+        for (const QString &race : races)
+            event.write(race, old);
+    };
+    const auto check = [&](const FaultyRound &) {
+        for (int i = 0; i < races.size(); ++i) {
+            const QByteArray now = event.read(races[i]);
+            QVERIFY(now == old
+                    || (now == replaced[i] && event.savedCopies(races[i]).contains(old)));
+        }
+    };
+    for (const Fault fault : {Fault::Exit, Fault::DiskFull, Fault::DiskGone})
+        QVERIFY(failEachWrite(
+                    fault, prepare, [&] { saveDownload(event.session, card); }, check)
+                > 15);
+}
+
+TRELAWN_TEST_MAIN(tst_download)
+#include "tst_download.moc"

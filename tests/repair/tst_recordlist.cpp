@@ -1,0 +1,181 @@
+#include "common/racefiles.h"
+#include "kit/testkit.h"
+#include "repair/recordlist.h"
+#include "repair/savedcopies.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray bettors = "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n";
+const QByteArray card = "1,1,\"1 \",\"Rex\"\r\n2,1,\"1A\",\"Ada\"\r\n5,0,\"5 \",\"zzz\"\r\n";
+const QByteArray nextCard = "9,0,\"9 \",\"Next\"\r\n";
+
+// An event with two bettors, horses on posts 1 and 2 of race 1 and on post 9 of race 2.
+struct Event : TestEvent
+{
+    Event()
+    {
+        write(u"Bettors"_s, bettors);
+        write(u"Horses Race1"_s, card);
+        write(u"Horses Race2"_s, nextCard);
+    }
+    RecordList list(Listing listing) { return listRecords(session, listing, 1); }
+};
+
+QString joined(const RecordRow &row)
+{
+    return row.cells.join(u'|');
+}
+
+} // namespace
+
+class tst_recordlist : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void checksBets_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QString>("row");
+        const QString good = u"1|2|SMITH|1A|Ada| Win  |"_s;
+        QTest::newRow("a good bet") << "2,2,1,2.5"_qba << good + u"2.5"_s;
+        QTest::newRow("least amount") << "2,2,1,.01"_qba << good + u"0.01"_s;
+        QTest::newRow("most amount") << "2,2,1,1000"_qba << good + u"1000"_s;
+        QTest::newRow("too little") << "2,2,1,0.005"_qba << good + u" Bad Bet Amount"_s;
+        QTest::newRow("too much") << "2,2,1,1000.01"_qba << good + u" Bad Bet Amount"_s;
+        QTest::newRow("deleted bettor")
+            << "7,1,2,5"_qba << u"1|7|7 Bad Bettor Number|1|Rex| Place|5"_s;
+        QTest::newRow("no bettor") << "0,1,3,5"_qba << u"1|0| Null Bettor Number|1|Rex| Show |5"_s;
+        QTest::newRow("post 22") << "2,22,1,5"_qba << u"1|2|SMITH|22| Bad Horse Number| Win  |5"_s;
+        QTest::newRow("no horse on the post")
+            << "2,5,1,5"_qba << u"1|2|SMITH|5| Bad Horse Number| Win  |5"_s;
+        QTest::newRow("half a post")
+            << "2,1.5,1,5"_qba << u"1|2|SMITH|1.5| Bad Horse Number| Win  |5"_s;
+        QTest::newRow("no such type")
+            << "2,1,4,5"_qba << u"1|2|SMITH|1|Rex| Bad Bet Type - Not 1,2, or 3|5"_s;
+        QTest::newRow("everything wrong")
+            << "8,0,0,0"_qba
+            << u"1|8|8 Bad Bettor Number|0| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
+        QTest::newRow("torn line")
+            << "2,2"_qba << u"1|2|SMITH|1A|Ada| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
+        QTest::newRow("an open quote")
+            << "\"2,2,1,5"_qba
+            << u"1|| Null Bettor Number|| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
+        QTest::newRow("numbers out of every range")
+            << "1e300,-1e300,99999999999,1e-40"_qba
+            << u"1|inf|inf Bad Bettor Number|-1e300| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
+    }
+    void checksBets()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(QString, row);
+        Event event;
+        event.write(u"Bets Race1"_s, line + "\r\n");
+        const RecordList list = event.list(Listing::Bets);
+        QCOMPARE(joined(list.rows[0]), row);
+        QCOMPARE(list.damagedRows(), row.contains(" Bad "_L1) || row.contains(" Null "_L1) ? 1 : 0);
+        QCOMPARE(joined(list.rows.last()), u"Total Bets|1 Bets"_s);
+    }
+
+    void checksMultibets_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("exacta") << "1,2,0,\"EX\",2,2"_qba << u"1|2|SMITH| Exacta|1,1A|2"_s;
+        QTest::newRow("further legs run in the next races")
+            << "1,9,0,\"DD\",2,2"_qba << u"1|2|SMITH| Daily Double|1,9|2"_s;
+        QTest::newRow("an exacta does not")
+            << "1,9,0,\"EX\",2,2"_qba << u"1|2|SMITH| Exacta| Bad Horse Number|2"_s;
+        QTest::newRow("a trifecta needs its third post")
+            << "1,2,0,\"T\",2,2"_qba << u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s;
+        QTest::newRow("unknown type and bettor")
+            << "1,2,0,\"X\",0,9"_qba
+            << u"1|9|9 Bad Bettor Number| Bad Bet Type| Bad Horse Number| Bad Bet Amount"_s;
+    }
+    void checksMultibets()
+    {
+        QFETCH(QByteArray, line);
+        Event event;
+        event.write(u"Multibets Race1"_s, line + "\r\n");
+        QTEST(joined(event.list(Listing::Multibets).rows[0]), "row");
+    }
+
+    void headings_data()
+    {
+        QTest::addColumn<int>("listing");
+        QTest::addColumn<QString>("heading");
+        QTest::addColumn<QString>("columns");
+        const QString bet = u"Rec Nbr|Btr Nbr|Bettor|Horse Nbr|Horse Name|Position|Amount Bet"_s;
+        const QString bettor = u"Rec Number|Bettor Number|Bettor Name"_s;
+        QTest::newRow("bets") << int(Listing::Bets) << u" Race 1  Bets"_s << bet;
+        QTest::newRow("backup") << int(Listing::BackupBets) << u" Race 1  Backup Bets"_s << bet;
+        QTest::newRow("multibets") << int(Listing::Multibets) << u" Race 1  Multi Bets"_s
+                                   << u"Rec Nbr|Btr Nbr|Bettor|Bet Type|Horse Nbrs|Amount Bet"_s;
+        QTest::newRow("bettors") << int(Listing::Bettors) << u"Bettors"_s << bettor;
+        QTest::newRow("horses") << int(Listing::Horses) << u" Race 1  Horses"_s
+                                << u"Rec Number|Post Number|Horse Name|Horse Number"_s;
+        QTest::newRow("backup horses") << int(Listing::BackupHorses) << u" Race 1  Backup Horses"_s
+                                       << u"Rec Number|Horse Number|Horse Name"_s;
+    }
+    void headings()
+    {
+        QFETCH(int, listing);
+        Event event;
+        const RecordList list = event.list(Listing(listing));
+        QTEST(list.heading, "heading");
+        QTEST(list.columns.join(u'|'), "columns");
+    }
+
+    // The record goes, by its number and only if it still stands there; damaged neighbours stay.
+    void removesExactlyOneRecord()
+    {
+        Event event;
+        const QByteArray file = "2,1,1,5\r\njunk \"line\r\n2,1,1,5\r\n2,2,1,1\r\n";
+        for (const auto &twin : {u"Bets Race1"_s, u"Betsbackup Race1"_s})
+            event.write(twin, file);
+        const RecordList list = event.list(Listing::Bets);
+        QVERIFY(removeRecord(event.session, list, list.rows[2]));
+        for (const auto &twin : {u"Bets Race1"_s, u"Betsbackup Race1"_s})
+            QCOMPARE(event.read(twin), "2,1,1,5\r\njunk \"line\r\n2,2,1,1\r\n"_qba);
+        QVERIFY(!removeRecord(event.session, list, list.rows[2]));
+        QVERIFY(removeRecord(event.session, list, list.rows[1]));
+        QCOMPARE(event.read(u"Bets Race1"_s), "2,1,1,5\r\n2,2,1,1\r\n"_qba);
+        QCOMPARE(QDir(event.path(u"Saved"_s)).entryList({u"Bets Race1 *"_s}).size(), 2);
+    }
+
+    void aMissingFileEndsTheList()
+    {
+        Event event;
+        QFile::remove(event.path(u"Betsbackup Race1"_s));
+        const RecordList list = event.list(Listing::BackupBets);
+        QCOMPARE(list.rows.size(), 0);
+        QCOMPARE(list.missingFile, u"Betsbackup Race1"_s);
+    }
+
+    void copyNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("origin");
+        const QString time = u" 2026-05-02 20.15.00.123"_s;
+        QTest::newRow("a race's file") << u"Bets Race3"_s + time << u"Bets Race3"_s;
+        QTest::newRow("a backup") << u"Multibetsbackup Race12"_s + time << u"Multibets Race12"_s;
+        QTest::newRow("second of a moment") << u"Bettors"_s + time + u"-2"_s << u"Bettors"_s;
+        QTest::newRow("no such race") << u"Bets Race13"_s + time << QString();
+        QTest::newRow("a race without number") << u"Bets"_s + time << QString();
+        QTest::newRow("a foreign file") << u"notes.txt"_s << QString();
+    }
+    void copyNames()
+    {
+        QFETCH(QString, name);
+        const auto origin = originOf(name);
+        QTEST(origin ? origin->name : QString(), "origin");
+    }
+};
+
+TRELAWN_TEST_MAIN(tst_recordlist)
+#include "tst_recordlist.moc"

@@ -1,0 +1,151 @@
+#include "kit/faultywrites.h"
+#include "kit/testkit.h"
+#include "setup/restore.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray whole = "1,3,1,2\r\n2,4,1,5\r\n1,1,2,10\r\n";
+const QByteArray torn = "1,3,1,2\r\n2,4,";
+
+// Answers the four questions, Yes where \a yes says so.
+void answer(BoxRobot &robot, const QString &yes)
+{
+    const QString names[] = {u"Bets"_s, u"Horses"_s, u"Bettors"_s, u"Multibets"_s};
+    for (const QString &name : names) {
+        const bool wanted = yes.split(u' ').contains(name);
+        robot.expect(u"Replace "_s + name + u" with "_s + name + u"backup?"_s, u"Backup"_s,
+                     wanted ? Answer::Yes : Answer::No);
+        if (wanted)
+            robot.expect((name == "Bets"_L1 ? u"Bet"_s : name) + u" file replaced with "_s + name
+                             + u"backup file"_s,
+                         u"Backup"_s);
+    }
+}
+
+} // namespace
+
+class tst_restore : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void allFour();
+    void copies_data();
+    void copies();
+    void failureEndsIt();
+    void powerLoss();
+};
+
+// A yes to each: three files of this race and the bettors of all; other races stay.
+void tst_restore::allFour()
+{
+    TestEvent event;
+    event.session.settings.currentRace = 3;
+    const QStringList files{u"Bets%1 Race3"_s, u"Horses%1 Race3"_s, u"Bettors%1"_s,
+                            u"Multibets%1 Race3"_s};
+    for (const QString &file : files) {
+        event.write(file.arg(QString()), "torn " + file.toUtf8());
+        event.write(file.arg(u"backup"_s), "good " + file.toUtf8());
+    }
+    event.write(u"Betsbackup Race4"_s, whole);
+    QWidget *menu = event.open(u"frmmenub"_s);
+    BoxRobot robot;
+    answer(robot, u"Bets Horses Bettors Multibets"_s);
+    clickButton(menu, u"cmdbackup"_s);
+    QVERIFY(robot.allCame());
+    for (const QString &file : files) {
+        QCOMPARE(event.read(file.arg(QString())), "good " + file.toUtf8());
+        QCOMPARE(event.read(file.arg(u"backup"_s)), "good " + file.toUtf8());
+        QCOMPARE(event.savedCopies(file.arg(QString())), QByteArrayList{"torn " + file.toUtf8()});
+    }
+    QCOMPARE(event.read(u"Bets Race4"_s), QByteArray());
+}
+
+void tst_restore::copies_data()
+{
+    QTest::addColumn<QString>("yes");
+    QTest::addColumn<QByteArray>("main"); // null: there is none
+    QTest::addColumn<QByteArray>("twin");
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<QString>("note");
+    QTest::newRow("a torn file") << u"Bets"_s << torn << whole << whole
+                                 << u"Bets Race3: 2 records before, 3 now"_s;
+    QTest::newRow("a missing file")
+        << u"Bets"_s << QByteArray() << whole << whole << u"Bets Race3: 0 records before, 3 now"_s;
+    QTest::newRow("a damaged twin is copied as it is")
+        << u"Bets"_s << whole << torn << torn << u"Bets Race3: 3 records before, 2 now"_s;
+    QTest::newRow("an empty twin too") << u"Bets"_s << whole << QByteArray("") << QByteArray("")
+                                       << u"Bets Race3: 3 records before, 0 now"_s;
+    QTest::newRow("four times No") << QString() << torn << whole << torn << QString();
+    QTest::newRow("only the horses")
+        << u"Horses"_s << torn << whole << torn << u"Horses Race3: 21 records before, 21 now"_s;
+}
+
+void tst_restore::copies()
+{
+    QFETCH(QString, yes);
+    QFETCH(QByteArray, main);
+    QFETCH(QByteArray, twin);
+    TestEvent event;
+    event.session.settings.currentRace = 3;
+    if (main.isNull())
+        QFile::remove(event.path(u"Bets Race3"_s));
+    else
+        event.write(u"Bets Race3"_s, main);
+    event.write(u"Betsbackup Race3"_s, twin);
+    QWidget *menu = event.open(u"frmmenub"_s);
+    BoxRobot robot;
+    answer(robot, yes);
+    clickButton(menu, u"cmdbackup"_s);
+    QVERIFY(robot.allCame());
+    QTEST(event.read(u"Bets Race3"_s), "after");
+    QCOMPARE(event.read(u"Betsbackup Race3"_s), twin);
+    QTEST(labelText(menu, u"lblnote"_s), "note");
+    if (yes == "Bets"_L1 && !main.isNull())
+        QCOMPARE(event.savedCopies(u"Bets Race3"_s), QByteArrayList{main});
+}
+
+// A missing twin is told, the file stays, and the other questions do not come.
+void tst_restore::failureEndsIt()
+{
+    TestEvent event;
+    event.session.settings.currentRace = 3;
+    QFile::remove(event.path(u"Horsesbackup Race3"_s));
+    const QByteArray before = event.read(u"Horses Race3"_s);
+    QWidget *menu = event.open(u"frmmenub"_s);
+    BoxRobot robot;
+    robot.expect(u"Replace Bets with Betsbackup?"_s, u"Backup"_s, Answer::No);
+    robot.expect(u"Replace Horses with Horsesbackup?"_s, u"Backup"_s, Answer::Yes);
+    robot.expect(u"File not found Horsesbackup input"_s, u"Horsesbackup input"_s);
+    clickButton(menu, u"cmdbackup"_s);
+    QVERIFY(robot.allCame());
+    QCOMPARE(event.read(u"Horses Race3"_s), before);
+}
+
+// Wherever it stops the file is the old or the new one, whole; the twin stays and the old one is
+// never lost.
+void tst_restore::powerLoss()
+{
+    TestEvent event;
+    event.session.settings.currentRace = 3;
+    const auto prepare = [&] {
+        QDir(savedFolder(event.session)).removeRecursively();
+        event.write(u"Bets Race3"_s, torn);
+        event.write(u"Betsbackup Race3"_s, whole);
+    };
+    const auto check = [&](const FaultyRound &) {
+        const QByteArray now = event.read(u"Bets Race3"_s);
+        QVERIFY(now == torn || (now == whole && event.savedCopies(u"Bets Race3"_s).contains(torn)));
+        QCOMPARE(event.read(u"Betsbackup Race3"_s), whole);
+    };
+    for (const Fault fault : {Fault::Exit, Fault::DiskFull, Fault::PartialWrite, Fault::DiskGone})
+        QVERIFY(
+            failEachWrite(
+                fault, prepare, [&] { restoreFromTwin(event.session, RecordFile::Bets); }, check)
+            >= 6);
+}
+
+TRELAWN_TEST_MAIN(tst_restore)
+#include "tst_restore.moc"

@@ -1,0 +1,243 @@
+#include "common/betrecords.h"
+#include "common/racefiles.h"
+#include "kit/testkit.h"
+#include "ui/mainwindow.h"
+
+#include <QDir>
+#include <QTableWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto multibetsStay = "Multibet files are not imported/exported";
+constexpr auto mainQuestion = "Is this the main computer";
+constexpr auto satelliteQuestion = "Is this a satellite computer?";
+
+// A computer of the event, with the thumb drive in F:.
+struct Computer : TestEvent
+{
+    explicit Computer(const QString &thumb) { plugIn(thumb); }
+
+    QString driveLink() const { return session.paths.toHost(u"C:\\"_s) + "/../F"_L1; }
+    void plugIn(const QString &thumb) const { QFile::link(thumb, driveLink()); }
+    void pullOut() const { QFile::remove(driveLink()); }
+
+    // Presses the step's button and returns the drive choice that it opens.
+    QWidget *step(const QString &button, const QString &screen)
+    {
+        QWidget *steps = navigator().currentName() == u"frmmc"_s ? current() : open(u"frmmc"_s);
+        clickButton(steps, button);
+        return child<QWidget>(navigator().window(), screen);
+    }
+
+    QStringList addedRow(const QString &heading)
+    {
+        auto *table = child<QTableWidget>(current(), u"grdadded"_s);
+        QStringList cells;
+        for (int row = 0; row < table->rowCount(); ++row) {
+            for (int column = 0; column < table->columnCount(); ++column) {
+                if (table->verticalHeaderItem(row)->text() == heading)
+                    cells << table->item(row, column)->text();
+            }
+        }
+        return cells;
+    }
+};
+
+const QByteArray card = "1,0,\"1 \",\"Rex\"\r\n2,0,\"2 \",\"Ada\"\r\n";
+const QByteArray bettors = "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n";
+
+} // namespace
+
+class tst_frmmc : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_thumb;
+    BoxRobot m_boxes;
+
+    QString onThumb(const QString &name) const { return m_thumb.filePath(name); }
+
+    void expectTransfer(const char *question, bool multibets, const char *done)
+    {
+        m_boxes.expect(QString::fromLatin1(question), u"TRELAWN"_s, Answer::Yes);
+        if (multibets)
+            m_boxes.expect(QString::fromLatin1(multibetsStay), u"TRELAWN"_s);
+        m_boxes.expect(QString::fromLatin1(done), u"TRELAWN"_s);
+    }
+
+    void saveBets(Computer &satellite)
+    {
+        expectTransfer(satelliteQuestion, false, "Satellite computer Bets written to thumb drive");
+        selectInList(satellite.step(u"cmdsavebets"_s, u"frmsatun"_s), u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+    }
+
+    void addBets(Computer &main)
+    {
+        expectTransfer(mainQuestion, false, "Satellite computer bets added to main computer");
+        selectInList(main.step(u"cmdaddbets"_s, u"frmmainld"_s), u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+    }
+
+private slots:
+    // Horses and bettors go out, the satellite's bets come back: in file and twin, byte for byte.
+    void carriesAnEventThereAndBack()
+    {
+        Computer main(m_thumb.path());
+        Computer satellite(m_thumb.path());
+        main.write(u"Horses Race3"_s, card);
+        main.write(u"Bettors"_s, bettors);
+        satellite.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n9,\"OLD\"\r\n");
+
+        expectTransfer(mainQuestion, true, "All Horses and Bettors written to thumb drive");
+        selectInList(main.step(u"cmdsavebh"_s, u"frmdrive"_s), u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+        QCOMPARE(main.session.settings.mainComputer, u"yes"_s);
+        QVERIFY(!QFileInfo::exists(onThumb(u"Bettorsbackup"_s)));
+
+        expectTransfer(satelliteQuestion, true,
+                       "All Horses and Bettors written to satellite computer");
+        selectInList(satellite.step(u"cmdloadbh"_s, u"frmsatdrv"_s), u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+        QCOMPARE(satellite.session.settings.satelliteComputer, u"yes"_s);
+        for (const auto &twin : {u"Bettors"_s, u"Bettorsbackup"_s})
+            QCOMPARE(satellite.read(twin), bettors);
+        for (const auto &twin : {u"Horses Race3"_s, u"Horsesbackup Race3"_s})
+            QCOMPARE(satellite.read(twin), card);
+        const QDir saved(satellite.path(u"Saved"_s));
+        QVERIFY(!saved.entryList({u"Bettors 2*"_s}).isEmpty());
+
+        main.write(u"Bets Race3"_s, "2,1,1,2\r\n");
+        main.write(u"Betsbackup Race3"_s, "2,1,1,2\r\n");
+        const QByteArray taken = "2,2,1,5\r\n1,1,3,2.5\r\n2,7,1,1\r\n";
+        satellite.write(u"Bets Race3"_s, taken);
+        saveBets(satellite);
+        addBets(main);
+        for (const auto &twin : {u"Bets Race3"_s, u"Betsbackup Race3"_s})
+            QCOMPARE(main.read(twin), "2,1,1,2\r\n" + taken);
+        QCOMPARE(main.addedRow(u"Bets added"_s).value(2), u"3"_s);
+        QCOMPARE(main.addedRow(u"Dollars added"_s).value(2), u"$8.50"_s);
+        QCOMPARE(main.addedRow(u"No horse"_s).value(2), u"1"_s);
+        QCOMPARE(main.addedRow(u"Dollars now"_s).value(12), u"$10.50"_s);
+        QCOMPARE(labelText(main.current(), u"lblnote"_s), QString());
+
+        // The same drive once more doubles the bets, as told, and the screen says so.
+        addBets(main);
+        QCOMPARE(main.read(u"Betsbackup Race3"_s), "2,1,1,2\r\n" + taken + taken);
+        QVERIFY(labelText(main.current(), u"lblnote"_s).startsWith("Race3 looks imported"_L1));
+    }
+
+    void refusesTheWrongComputer_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("screen");
+        QTest::addColumn<QString>("question");
+        QTest::addColumn<QString>("refusal");
+        const QString onlyMain = u"Only permitted on main computer"_s;
+        const QString onlySatellite = u"Only permitted on satellite computer"_s;
+        QTest::newRow("3") << u"cmdsavebh"_s << u"frmdrive"_s << mainQuestion << onlyMain;
+        QTest::newRow("5") << u"cmdloadbh"_s << u"frmsatdrv"_s << satelliteQuestion
+                           << onlySatellite;
+        QTest::newRow("9") << u"cmdsavebets"_s << u"frmsatun"_s << satelliteQuestion
+                           << onlySatellite;
+        QTest::newRow("11") << u"cmdaddbets"_s << u"frmmainld"_s << mainQuestion << onlyMain;
+    }
+    void refusesTheWrongComputer()
+    {
+        QFETCH(QString, button);
+        QFETCH(QString, screen);
+        QFETCH(QString, question);
+        QFETCH(QString, refusal);
+        QTemporaryDir empty;
+        Computer computer(empty.path());
+        m_boxes.expect(question, u"TRELAWN"_s, Answer::No);
+        m_boxes.expect(refusal, u"TRELAWN"_s);
+        selectInList(computer.step(button, screen), u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+        QVERIFY(QDir(empty.path()).isEmpty());
+        QCOMPARE(computer.session.settings.mainComputer, u"no"_s);
+        QCOMPARE(computer.session.settings.satelliteComputer, u"no"_s);
+    }
+
+    void needsADrive()
+    {
+        Computer main(m_thumb.path());
+        m_boxes.expect(QString::fromLatin1(mainQuestion), u"TRELAWN"_s, Answer::Yes);
+        m_boxes.expect(QString::fromLatin1(multibetsStay), u"TRELAWN"_s);
+        m_boxes.expect(u"No thumb drive selected"_s, u"TRELAWN"_s);
+        QWidget *choice = main.step(u"cmdsavebh"_s, u"frmdrive"_s);
+        QTest::keyClick(child<QWidget>(choice, u"lstdrive"_s), Qt::Key_Return);
+        QVERIFY(m_boxes.allCame());
+    }
+
+    // A drive that lacks one file, or is gone, changes nothing on the main computer.
+    void addsAllRacesOrNone()
+    {
+        Computer main(m_thumb.path());
+        Computer satellite(m_thumb.path());
+        satellite.write(u"Bets Race1"_s, "2,2,1,5\r\n");
+        saveBets(satellite);
+        QFile::remove(onThumb(u"Bets Race7"_s));
+        m_boxes.expect(QString::fromLatin1(mainQuestion), u"TRELAWN"_s, Answer::Yes);
+        m_boxes.expect(u"53 File not found"_s, u"Bets Input"_s);
+        QWidget *choice = main.step(u"cmdaddbets"_s, u"frmmainld"_s);
+        selectInList(choice, u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+
+        main.pullOut();
+        m_boxes.expect(QString::fromLatin1(mainQuestion), u"TRELAWN"_s, Answer::Yes);
+        m_boxes.expect(u"68 Device unavailable"_s, u"Import Bets"_s);
+        selectInList(choice, u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+        QCOMPARE(main.read(u"Bets Race1"_s), QByteArray());
+        QCOMPARE(main.read(u"Betsbackup Race1"_s), QByteArray());
+    }
+
+    // A drive that cannot take one of the files keeps what it held.
+    void writesAllFilesOrNone()
+    {
+        QTemporaryDir thumb;
+        Computer satellite(thumb.path());
+        QVERIFY(QDir(thumb.path()).mkdir(u"Bets Race12"_s));
+        satellite.write(u"Bets Race1"_s, "2,2,1,5\r\n");
+        m_boxes.expect(QString::fromLatin1(satelliteQuestion), u"TRELAWN"_s, Answer::Yes);
+        m_boxes.expect(u"75 Path/File access error"_s, u"Bets Output"_s);
+        selectInList(satellite.step(u"cmdsavebets"_s, u"frmsatun"_s), u"lstdrive"_s, u"F:"_s);
+        QVERIFY(m_boxes.allCame());
+        QCOMPARE(QDir(thumb.path()).entryList(QDir::Files), QStringList());
+    }
+
+    void returnsInTheRoleThatWasTold_data()
+    {
+        QTest::addColumn<QString>("satelliteBefore");
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("roles");
+        QTest::newRow("main when told so") << u"no"_s << int(Answer::Yes) << u"yes/no"_s;
+        QTest::newRow("satellite otherwise") << u"no"_s << int(Answer::No) << u"no/yes"_s;
+        QTest::newRow("a role that is set leaves both") << u"yes"_s << -1 << u"yes/yes"_s;
+    }
+    void returnsInTheRoleThatWasTold()
+    {
+        QFETCH(QString, satelliteBefore);
+        QFETCH(int, answer);
+        Computer computer(m_thumb.path());
+        Settings &settings = computer.session.settings;
+        computer.open(u"frmmc"_s);
+        settings.satelliteComputer = satelliteBefore;
+        if (answer >= 0)
+            m_boxes.expect(u"Is this the main computer?"_s, u"TRELAWN"_s, Answer(answer));
+        clickButton(computer.current(), u"cmdreturn"_s);
+        QVERIFY(m_boxes.allCame());
+        QTEST(QString(settings.mainComputer + u'/' + settings.satelliteComputer), "roles");
+        QCOMPARE(computer.navigator().currentName(), u"frmmenub"_s);
+
+        clickButton(computer.open(u"frmmc"_s), u"cmdsing"_s);
+        QCOMPARE(settings.mainComputer + settings.satelliteComputer, u"nono"_s);
+    }
+};
+
+TRELAWN_TEST_MAIN(tst_frmmc)
+#include "tst_frmmc.moc"
