@@ -75,7 +75,6 @@ private slots:
     void keysInTheList_data();
     void keysInTheList();
     void missingAnyBettor();
-    void manyBettors();
 };
 
 void tst_frmbettorsb::opening()
@@ -367,27 +366,6 @@ void tst_frmbettorsb::missingAnyBettor()
     QVERIFY(event.note().contains("AnyBettor is missing"_L1));
     QVERIFY(event.note().contains("Use Backup Files"_L1));
     QVERIFY(event.note().contains("Damaged lines in the bettor file, kept as they are: 1"_L1));
-}
-
-void tst_frmbettorsb::manyBettors()
-{
-    QByteArray records = "1,\"AnyBettor\"\r\n";
-    for (int number = 2; number < 2000; ++number)
-        records += QByteArray::number(number) + ",\"BETTOR-"
-                   + QByteArray::number(number * 7919 % 2003) + "\"\r\n";
-    ListEvent event(records);
-    event.session.settings.bettorLimit = 2000;
-    event.list();
-    QCOMPARE(event.names().size(), 1999);
-    BoxRobot robot;
-    robot.expect(u"BETTOR-5-B added"_s, u"Bettors"_s);
-    typeInto(event.list(), u"txtbettorname"_s, u"bettor-5-b"_s);
-    auto *control = child<QListWidget>(event.list(), u"cbobettornames"_s);
-    QVERIFY(control->itemAt(2, 2)->text().startsWith("BETTOR-5"_L1));
-    QTest::keyClick(child<QLineEdit>(event.list(), u"txtbettorname"_s), Qt::Key_Return);
-    QVERIFY(robot.allCame());
-    QCOMPARE(event.names().size(), 2000);
-    QVERIFY(std::ranges::is_sorted(event.names()));
 }
 
 TRELAWN_TEST_MAIN(tst_frmbettorsb)

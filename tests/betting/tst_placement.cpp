@@ -42,7 +42,6 @@ private slots:
     void plan();
     void totals();
     void betLimit();
-    void deletion();
     void deletionOfAStaleList();
 };
 
@@ -101,24 +100,6 @@ void tst_placement::betLimit()
     QCOMPARE(event.read(u"Bets Race1"_s), full);
     // A sheet that places nothing needs no room.
     QVERIFY(!placeBets(event.session, entriesOf({{1, Win, 0.5F}}), 4).raceIsFull);
-}
-
-void tst_placement::deletion()
-{
-    TestEvent event;
-    const QByteArray before = "2,1,1,5\r\nnot a bet\r\n2,2,1,3\r\n0,9,9,9\r\n2,1,1,5\r\n";
-    event.write(u"Bets Race1"_s, before);
-    event.write(u"Betsbackup Race1"_s, before);
-    const PriorBets prior = loadPriorBets(event.session, 2, u"SMITH"_s);
-    QCOMPARE(prior.bets.size(), 3);
-    QCOMPARE(prior.sum, 13.0F);
-    const DeletedBets deleted = deletePriorBets(event.session, {prior.bets[0], prior.bets[1]});
-    QVERIFY(!deleted.listWasStale);
-    QCOMPARE(deleted.refund, 8.0F);
-    // The equal bet further down, the damaged line and the foreign record were not listed.
-    const QByteArray after = "not a bet\r\n0,9,9,9\r\n2,1,1,5\r\n";
-    QCOMPARE(event.read(u"Bets Race1"_s), after);
-    QCOMPARE(event.read(u"Betsbackup Race1"_s), after);
 }
 
 void tst_placement::deletionOfAStaleList()
