@@ -129,6 +129,8 @@ void BetGrid::addRow(QGridLayout *grid, int post)
         field->setAlignment(column < 4 ? Qt::AlignRight : Qt::AlignCenter);
         field->setAccessibleName(row + QLatin1StringView(columnWords[column]));
         fitCharacters(field, base == oddsBase ? 4 : 6);
+        // Headings keep apart while a race has no horse.
+        grid->setColumnMinimumWidth(2 + column, field->minimumWidth());
         grid->addWidget(field, post, 2 + column++);
         txtnumber[std::size_t(index)] = field;
     }

@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -129,6 +130,8 @@ void BetSheet::loadRace()
     txtbanner->setText(session.settings.banner);
     txtbanner1->setText(session.settings.raceName());
     m_grid->setHorses(session.horses);
+    if (std::ranges::all_of(session.horses, isUnused) && lblnote->text().isEmpty())
+        note(u"No horses are entered for this race yet."_s);
     showOdds();
     clearEntries();
 }

@@ -67,9 +67,9 @@ void BetSheet::build()
     QWidget *head = buildHead();
     auto *columns = new QHBoxLayout;
     columns->setSpacing(10);
-    columns->addWidget(buildBettorColumn(), 22);
-    columns->addWidget(buildGridColumn(), 46);
-    columns->addWidget(buildActionColumn(), 28);
+    columns->addWidget(buildBettorColumn(), 20);
+    columns->addWidget(buildGridColumn(), 50);
+    columns->addWidget(buildActionColumn(), 27);
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 4);

@@ -19,7 +19,9 @@ frmlistb::frmlistb(const ScreenContext &context)
     : m_context(context)
 {
     build();
-    resize(560, 480);
+    // A payoff slip is 83 characters wide.
+    const QFontMetrics text = List1->fontMetrics();
+    resize(text.horizontalAdvance(QString(90, u'0')), 32 * text.lineSpacing());
     List1->setFocus();
 }
 

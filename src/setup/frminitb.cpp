@@ -391,7 +391,8 @@ void frminitb::clearFiles(int (*clear)(Session &), const QString &done, const QS
     int kept = 0;
     if (!trap([&] { kept = clear(m_context.session); }))
         return;
-    m_note = "Copies of the old files in the folder Saved: "_L1 + QString::number(kept);
+    m_note = kept == 0 ? QString()
+                       : "Copies of the old files in the folder Saved: "_L1 + QString::number(kept);
     showNote();
     showMessage(this, done, title);
 }

@@ -75,7 +75,9 @@ QWidget *Navigator::openBeside(const QString &name)
 {
     QWidget *screen = make(entry(name));
     QWidget *focused = screen->focusWidget();
-    screen->setParent(m_window, Qt::Window);
+    // A dialog's window stays above the main window; another would soon be hidden by it.
+    screen->setParent(m_window,
+                      Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     screen->setAttribute(Qt::WA_DeleteOnClose);
     screen->setWindowTitle(entry(name).title);
     if (focused)

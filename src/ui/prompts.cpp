@@ -1,5 +1,6 @@
 #include "ui/prompts.h"
 
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -8,6 +9,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The width that shows all of a box's title: a short text must not cut it.
+int titleWidth(const QDialog &dialog)
+{
+    return dialog.fontMetrics().horizontalAdvance(dialog.windowTitle() + QString(16, u'n'));
+}
+
 QMessageBox::StandardButton runBox(QWidget *parent, QMessageBox::Icon icon, const QString &text,
                                    const QString &title, QMessageBox::StandardButtons buttons,
                                    QMessageBox::StandardButton escape)
@@ -15,6 +22,9 @@ QMessageBox::StandardButton runBox(QWidget *parent, QMessageBox::Icon icon, cons
     QMessageBox box(icon, title.isEmpty() ? u"TRELAWN"_s : title, text, buttons, parent);
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(escape);
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
+        grid->addItem(new QSpacerItem(titleWidth(box), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
     return QMessageBox::StandardButton(box.exec());
 }
 
@@ -57,8 +67,10 @@ QString askText(QWidget *parent, const QString &text, const QString &title,
     dialog.setLabelText(text);
     dialog.setTextValue(defaultText);
     const auto labels = dialog.findChildren<QLabel *>();
-    for (QLabel *label : labels)
+    for (QLabel *label : labels) {
         label->setTextFormat(Qt::PlainText);
+        label->setMinimumWidth(titleWidth(dialog));
+    }
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 

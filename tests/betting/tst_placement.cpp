@@ -1,11 +1,7 @@
-#include "betting/betamount.h"
 #include "betting/placement.h"
 #include "betting/priorbets.h"
-#include "common/fileerror.h"
 #include "common/racefiles.h"
 #include "kit/testkit.h"
-
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -45,11 +41,7 @@ private slots:
     void plan_data();
     void plan();
     void totals();
-    void amount();
-    void bettorsBetCount();
     void betLimit();
-    void failingTwinPlacesNothing();
-    void deletion();
     void deletionOfAStaleList();
 };
 
@@ -63,8 +55,6 @@ void tst_placement::plan_data()
         << QByteArray("7,1,1,2\r\n7,21,1,1\r\n7,1,2,3\r\n7,2,3,4\r\n") << false;
     QTest::newRow("0.75 is dropped, 1.25 is placed")
         << QList<Entry>{{1, Win, 0.75F}, {2, Win, 1.25F}} << QByteArray("7,2,1,1.25\r\n") << false;
-    QTest::newRow("the threshold of one dollar")
-        << QList<Entry>{{1, Win, 1}, {2, Win, 0.99F}} << QByteArray("7,1,1,1\r\n") << false;
     QTest::newRow("a negative cell stops; earlier bets stay, later ones are not reached")
         << QList<Entry>{{1, Win, 5}, {1, Place, -2}, {2, Place, 9}} << QByteArray("7,1,1,5\r\n")
         << true;
@@ -73,8 +63,6 @@ void tst_placement::plan_data()
     QTest::newRow("a cell back at zero is no bet")
         << QList<Entry>{{1, Win, 5}, {1, Win, -5}, {2, Win, 5}} << QByteArray("7,2,1,5\r\n")
         << false;
-    QTest::newRow("above 1000 is placed")
-        << QList<Entry>{{1, Win, 1001}} << QByteArray("7,1,1,1001\r\n") << false;
 }
 
 void tst_placement::plan()
@@ -100,32 +88,6 @@ void tst_placement::totals()
     QVERIFY(entriesNote(entriesOf({{1, Win, 1001}})).contains(u"Pay Winners"_s));
 }
 
-void tst_placement::amount()
-{
-    BetAmount amount;
-    QCOMPARE(amount.value(), 1.0F);
-    amount.press(u" .25"_s);
-    amount.flipSign();
-    QCOMPARE(amount.value(), -1.25F);
-    amount.press(u"5"_s);
-    QCOMPARE(amount.value(), -6.25F);
-    amount.set(10); // a preset leaves the sign alone
-    amount.step(1);
-    QCOMPARE(amount.value(), 9.0F);
-    amount.press(u"Clear Bet Amount"_s);
-    QCOMPARE(amount.value(), 0.0F);
-    QVERIFY(!amount.isMinus());
-}
-
-void tst_placement::bettorsBetCount()
-{
-    const BetEntries entries = entriesOf({{1, Win, 5}});
-    QVERIFY(!planPlacement(entries, 7, 10, 10).overBettorLimit);
-    const PlacementPlan over = planPlacement(entries, 7, 11, 10);
-    QVERIFY(over.overBettorLimit);
-    QVERIFY(over.bets.empty());
-}
-
 void tst_placement::betLimit()
 {
     TestEvent event;
@@ -138,34 +100,6 @@ void tst_placement::betLimit()
     QCOMPARE(event.read(u"Bets Race1"_s), full);
     // A sheet that places nothing needs no room.
     QVERIFY(!placeBets(event.session, entriesOf({{1, Win, 0.5F}}), 4).raceIsFull);
-}
-
-void tst_placement::failingTwinPlacesNothing()
-{
-    TestEvent event;
-    QVERIFY(QFile::remove(event.path(u"Betsbackup Race1"_s)));
-    QVERIFY(QDir().mkdir(event.path(u"Betsbackup Race1"_s)));
-    QVERIFY_THROWS_EXCEPTION(FileError, placeBets(event.session, entriesOf({{1, Win, 2}}), 4));
-    QCOMPARE(event.session.settings.operationLabel, u"Betsbackup Append"_s);
-    QCOMPARE(event.read(u"Bets Race1"_s), QByteArray());
-}
-
-void tst_placement::deletion()
-{
-    TestEvent event;
-    const QByteArray before = "2,1,1,5\r\nnot a bet\r\n2,2,1,3\r\n0,9,9,9\r\n2,1,1,5\r\n";
-    event.write(u"Bets Race1"_s, before);
-    event.write(u"Betsbackup Race1"_s, before);
-    const PriorBets prior = loadPriorBets(event.session, 2, u"SMITH"_s);
-    QCOMPARE(prior.bets.size(), 3);
-    QCOMPARE(prior.sum, 13.0F);
-    const DeletedBets deleted = deletePriorBets(event.session, {prior.bets[0], prior.bets[1]});
-    QVERIFY(!deleted.listWasStale);
-    QCOMPARE(deleted.refund, 8.0F);
-    // The equal bet further down, the damaged line and the foreign record were not listed.
-    const QByteArray after = "not a bet\r\n0,9,9,9\r\n2,1,1,5\r\n";
-    QCOMPARE(event.read(u"Bets Race1"_s), after);
-    QCOMPARE(event.read(u"Betsbackup Race1"_s), after);
 }
 
 void tst_placement::deletionOfAStaleList()

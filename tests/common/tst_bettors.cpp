@@ -11,7 +11,6 @@ private slots:
     void lookup();
     void gapsAndDeletions();
     void damagedLinesStay();
-    void growsBeyondLimit();
     void order();
 };
 
@@ -58,13 +57,6 @@ void tst_bettors::damagedLinesStay()
         QVERIFY(table.records().split('\n').contains(QByteArray(line + '\r')));
         QVERIFY(table.backupRecords().split('\n').contains(QByteArray(line + '\r')));
     }
-}
-
-void tst_bettors::growsBeyondLimit()
-{
-    const BettorTable table = BettorTable::parse("1,\"AnyBettor\"\n2,\"ANNA\"\n3,\"BERT\"\n", 1);
-    QCOMPARE(table.slotCount(), 3);
-    QCOMPARE(table.records().count("\r\n"), 3);
 }
 
 void tst_bettors::order()

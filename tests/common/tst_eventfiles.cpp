@@ -9,18 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The error number that the work fails with, 0 when it does not.
-template<typename Work>
-int errorOf(Work work)
-{
-    try {
-        work();
-    } catch (const FileError &error) {
-        return int(error.number());
-    }
-    return 0;
-}
-
 const QByteArray oneBet = "7,4,1,2.5\r\n";
 
 } // namespace
@@ -34,18 +22,9 @@ private slots:
     void existingFilesAreNotTouched();
     void fullTwinOfMissingFileIsKept_data();
     void fullTwinOfMissingFileIsKept();
-    void unusableDirectory_data();
     void unusableDirectory();
     void fileInTheWayIsReported();
-    void missingBetsOfARace();
-    void suffixKeepsItsBlank();
     void keepInSaved();
-
-private:
-    static QStringList savedNames(const TestEvent &event)
-    {
-        return QDir(savedFolder(event.session)).entryList(QDir::Files, QDir::Name);
-    }
 };
 
 void tst_eventfiles::newEvent()
@@ -53,24 +32,22 @@ void tst_eventfiles::newEvent()
     TestEvent event(false);
     event.session.settings.eventDirectory = u"D:\\Party\\2026\\"_s;
     QCOMPARE(CreateEventFiles(event.session), QString());
-    QStringList expected{u"Bettors"_s, u"Bettorsbackup"_s};
     QByteArray unused;
     for (int post = 1; post <= 21; ++post)
         unused += QByteArray::number(post) + ",0,\"  \",\"\"\r\n";
+    const QMap<QString, QByteArray> contents{
+        {u"Bets"_s, {}}, {u"Multibets"_s, {}}, {u"Horses"_s, unused}};
+    QStringList expected{u"Bettors"_s, u"Bettorsbackup"_s};
     for (int race = 1; race <= 12; ++race) {
-        const QString suffix = " Race"_L1 + QString::number(race);
-        for (const QString &name :
-             {u"Bets"_s, u"Betsbackup"_s, u"Multibets"_s, u"Multibetsbackup"_s}) {
-            QCOMPARE(event.read(name + suffix), QByteArray());
-            expected << name + suffix;
-        }
-        for (const QString &name : {u"Horses"_s, u"Horsesbackup"_s}) {
-            QCOMPARE(event.read(name + suffix), unused);
-            expected << name + suffix;
+        for (const auto &[name, bytes] : contents.asKeyValueRange()) {
+            for (const QString &file : {name, QString(name + u"backup")}) {
+                expected << file + u" Race" + QString::number(race);
+                QCOMPARE(event.read(expected.back()), bytes);
+            }
         }
     }
-    QCOMPARE(event.read(u"Bettors"_s), QByteArray("1,\"AnyBettor\"\r\n"));
-    QCOMPARE(event.read(u"Bettorsbackup"_s), QByteArray("1,\"AnyBettor\"\r\n"));
+    for (const QString &file : {u"Bettors"_s, u"Bettorsbackup"_s})
+        QCOMPARE(event.read(file), QByteArray("1,\"AnyBettor\"\r\n"));
     expected.sort();
     QCOMPARE(QDir(event.path({}))
                  .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDir::Name),
@@ -92,7 +69,7 @@ void tst_eventfiles::existingFilesAreNotTouched()
     for (const QString &name : names)
         QCOMPARE(event.read(name), QByteArray("damaged \"but mine"));
     QCOMPARE(event.read(u"Horses Race6"_s), QByteArray());
-    QCOMPARE(savedNames(event), QStringList());
+    QCOMPARE(event.saved(), QStringList());
 }
 
 void tst_eventfiles::fullTwinOfMissingFileIsKept_data()
@@ -100,7 +77,6 @@ void tst_eventfiles::fullTwinOfMissingFileIsKept_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("twin");
     QTest::newRow("bets") << u"Bets Race3"_s << u"Betsbackup Race3"_s;
-    QTest::newRow("multibets") << u"Multibets Race12"_s << u"Multibetsbackup Race12"_s;
     QTest::newRow("horses") << u"Horses Race1"_s << u"Horsesbackup Race1"_s;
     QTest::newRow("bettors") << u"Bettors"_s << u"Bettorsbackup"_s;
 }
@@ -116,34 +92,28 @@ void tst_eventfiles::fullTwinOfMissingFileIsKept()
     const QString note = CreateEventFiles(event.session);
     QCOMPARE(event.read(name), fresh);
     QCOMPARE(event.read(twin), fresh);
-    QCOMPARE(savedNames(event).size(), 1);
-    const QString copy = savedNames(event).front();
+    QCOMPARE(event.saved().size(), 1);
+    const QString copy = event.saved().front();
     QVERIFY(copy.startsWith(twin + u' '));
     QCOMPARE(event.read("Saved\\"_L1 + copy), oneBet);
     QCOMPARE(note, twin + " was moved to Saved as "_L1 + copy);
 }
 
-void tst_eventfiles::unusableDirectory_data()
-{
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<int>("error");
-    QTest::newRow("drive that does not exist") << u"Q:\\Party\\"_s << 68;
-    QTest::newRow("no drive") << u"Party\\"_s << 52;
-    QTest::newRow("two colons") << u"C::\\Party\\"_s << 52;
-    QTest::newRow("empty") << QString() << 76;
-    QTest::newRow("share of nobody is not made here") << u"\\\\MASTER\\Tshare\\"_s << 76;
-    QTest::newRow("a file has its name") << u"C:\\Trelawn\\Taken\\"_s << 75;
-    QTest::newRow("below a file") << u"C:\\Trelawn\\Taken\\Party\\"_s << 76;
-}
-
 void tst_eventfiles::unusableDirectory()
 {
-    QFETCH(QString, directory);
+    const std::pair<QString, int> directories[] = {
+        {u"Q:\\Party\\"_s, 68},  // no such drive
+        {u"C::\\Party\\"_s, 52}, // two colons
+        {{}, 76},
+        {u"\\\\MASTER\\Tshare\\"_s, 76},  // a share of nobody is not made here
+        {u"C:\\Trelawn\\Taken\\"_s, 75}}; // a file has its name
     TestEvent event(false);
     event.write(u"Taken"_s, "x");
-    event.session.settings.eventDirectory = directory;
-    QTEST(errorOf([&] { CreateEventFiles(event.session); }), "error");
-    QCOMPARE(event.session.settings.operationLabel, u"Bets drivedir-Setup"_s);
+    for (const auto &[directory, error] : directories) {
+        event.session.settings.eventDirectory = directory;
+        QCOMPARE(errorOf([&] { CreateEventFiles(event.session); }), error);
+        QCOMPARE(event.session.settings.operationLabel, u"Bets drivedir-Setup"_s);
+    }
 }
 
 void tst_eventfiles::fileInTheWayIsReported()
@@ -153,32 +123,6 @@ void tst_eventfiles::fileInTheWayIsReported()
     QVERIFY(QDir().mkdir(event.path(u"Horses Race2"_s)));
     QCOMPARE(errorOf([&] { CreateEventFiles(event.session); }), 75);
     QCOMPARE(event.session.settings.operationLabel, u"Horses input-Setup"_s);
-}
-
-void tst_eventfiles::missingBetsOfARace()
-{
-    TestEvent event;
-    event.session.settings.currentRace = 10;
-    event.write(u"Betsbackup Race10"_s, oneBet);
-    QVERIFY(QFile::remove(event.path(u"Bets Race10"_s)));
-    const QString note = LoadRaceBets(event.session);
-    QVERIFY(note.startsWith(u"Betsbackup Race10 was moved to Saved as "_s));
-    QVERIFY(event.session.bets.rows.empty());
-    QCOMPARE(event.read(u"Bets Race10"_s), QByteArray());
-    QCOMPARE(event.read(u"Betsbackup Race10"_s), QByteArray());
-    QCOMPARE(event.read("Saved\\"_L1 + savedNames(event).value(0)), oneBet);
-}
-
-void tst_eventfiles::suffixKeepsItsBlank()
-{
-    TestEvent event;
-    event.session.settings.currentRace = 10;
-    event.write(u"BetsRace10"_s, oneBet);
-    LoadRaceBets(event.session);
-    QVERIFY(event.session.bets.rows.empty());
-    event.write(u"Bets Race10"_s, oneBet);
-    LoadRaceBets(event.session);
-    QCOMPARE(event.session.bets.rows.size(), std::size_t(1));
 }
 
 void tst_eventfiles::keepInSaved()
@@ -197,7 +141,7 @@ void tst_eventfiles::keepInSaved()
         names.insert(name);
     }
     QCOMPARE(names.size(), 40);
-    QCOMPARE(savedNames(event).size(), 40);
+    QCOMPARE(event.saved().size(), 40);
     event.write(u"Betsbackup Race1"_s, {});
     QCOMPARE(keepTwinsInSaved(event.session, RecordFile::Bets, 1), 1);
 }

@@ -26,20 +26,14 @@ void tst_hostpath::toHost_data()
                         int error = 0) { QTest::newRow(name) << path << below << error; };
     row("file on a drive", u"C:\\Trelawn\\Bets Race1"_s, u"/drives/C/Trelawn/Bets Race1"_s);
     row("folder ends in a backslash", u"D:\\Party\\"_s, u"/drives/D/Party"_s);
-    row("root of a drive", u"E:\\"_s, u"/drives/E"_s);
-    row("drive alone", u"E:"_s, u"/drives/E"_s);
     row("small letter", u"c:\\Trelawn"_s, u"/drives/C/Trelawn"_s);
-    row("further drive", u"Q:\\x"_s, u"/drives/Q/x"_s);
     row("above the root is the root", u"C:\\..\\..\\..\\etc"_s, u"/drives/C/etc"_s);
     row("network share", u"\\\\DESK-PC\\Tshare\\Bets Race1"_s,
         u"/network/DESK-PC/Tshare/Bets Race1"_s);
-    row("share's root", u"\\\\DESK-PC\\Tshare\\"_s, u"/network/DESK-PC/Tshare"_s);
-    row("above the share", u"\\\\DESK-PC\\Tshare\\..\\.."_s, {}, 52);
     row("above the share, other slashes", u"\\\\DESK-PC\\Tshare/../x"_s, {}, 52);
     row("computer without a share", u"\\\\DESK-PC\\"_s, {}, 52);
     row("no such drive", u"W:\\x"_s, {}, 68);
     row("neither drive nor computer", u"Trelawn\\Bets"_s, {}, 52);
-    row("empty", {}, {}, 76);
 }
 
 void tst_hostpath::toHost()
@@ -50,14 +44,8 @@ void tst_hostpath::toHost()
     QVERIFY(QDir(folder.path()).mkpath(u"drives/Q"_s));
     const HostPaths paths(folder.path());
     QString found;
-    int foundError = 0;
-    try {
-        found = paths.toHost(path).mid(folder.path().size());
-    } catch (const FileError &failure) {
-        foundError = int(failure.number());
-    }
+    QCOMPARE(errorOf([&] { found = paths.toHost(path).mid(folder.path().size()); }), error);
     QTEST(found, "below");
-    QCOMPARE(foundError, error);
     if (path.startsWith("C:"_L1))
         QVERIFY(QDir(folder.filePath(u"drives/C"_s)).exists());
 }

@@ -15,13 +15,11 @@ class tst_racefiles : public QObject
 
 private slots:
     void loadBets();
-    void missingBets_data();
     void missingBets();
     void otherFailureIsReported();
     void append();
     void remove_data();
     void remove();
-    void horses();
     void bettors();
 };
 
@@ -46,42 +44,27 @@ void tst_racefiles::loadBets()
     QCOMPARE(session.pools.amount(totalsRow, totalColumn), 0.0F);
 }
 
-void tst_racefiles::missingBets_data()
-{
-    QTest::addColumn<bool>("mainThere");
-    QTest::addColumn<bool>("twinThere");
-    QTest::addColumn<QByteArray>("mainAfter");
-    QTest::addColumn<QByteArray>("twinAfter");
-    QTest::addColumn<bool>("saved");
-    const QByteArray bets = "2,3,1,5\r\n";
-    QTest::newRow("both missing") << false << false << QByteArray() << QByteArray() << false;
-    QTest::newRow("main missing, full twin kept in Saved")
-        << false << true << QByteArray() << QByteArray() << true;
-    QTest::newRow("twin missing") << true << false << bets << bets << false;
-    QTest::newRow("both there") << true << true << bets << bets << false;
-}
-
 void tst_racefiles::missingBets()
 {
-    QFETCH(bool, mainThere);
-    QFETCH(bool, twinThere);
-    TestEvent event;
     const QByteArray bets = "2,3,1,5\r\n";
-    event.write(u"Bets Race1"_s, bets);
-    event.write(u"Betsbackup Race1"_s, bets);
-    if (!mainThere)
-        QVERIFY(QFile::remove(event.path(u"Bets Race1"_s)));
-    if (!twinThere)
-        QVERIFY(QFile::remove(event.path(u"Betsbackup Race1"_s)));
-    const QString note = LoadRaceBets(event.session);
-    QTEST(event.read(u"Bets Race1"_s), "mainAfter");
-    QTEST(event.read(u"Betsbackup Race1"_s), "twinAfter");
-    QTEST(!note.isEmpty(), "saved");
-    const QStringList saved = QDir(savedFolder(event.session)).entryList(QDir::Files);
-    QTEST(saved.size() == 1, "saved");
-    if (!saved.isEmpty()) {
-        QCOMPARE(event.read(u"Saved\\"_s + saved.front()), bets);
-        QVERIFY(note.contains(saved.front()));
+    const QString main = u"Bets Race1"_s;
+    const QString twin = u"Betsbackup Race1"_s;
+    for (const QStringList &missing : {QStringList{main, twin}, {main}, {twin}}) {
+        TestEvent event;
+        event.write(main, bets);
+        event.write(twin, bets);
+        for (const QString &name : missing)
+            QVERIFY(QFile::remove(event.path(name)));
+        const QString note = LoadRaceBets(event.session);
+        // Without Bets both begin anew, and a full twin is kept.
+        const QByteArray after = missing.contains(main) ? QByteArray() : bets;
+        QCOMPARE(event.read(main), after);
+        QCOMPARE(event.read(twin), after);
+        QCOMPARE(event.saved().size(), missing == QStringList{main} ? 1 : 0);
+        if (!event.saved().isEmpty()) {
+            QCOMPARE(event.read(u"Saved\\"_s + event.saved().front()), bets);
+            QVERIFY(note.contains(event.saved().front()));
+        }
     }
 }
 
@@ -90,21 +73,13 @@ void tst_racefiles::otherFailureIsReported()
 {
     TestEvent event;
     Settings &settings = event.session.settings;
-    const auto errorOfLoad = [&] {
-        try {
-            LoadRaceBets(event.session);
-        } catch (const FileError &error) {
-            return int(error.number());
-        }
-        return 0;
-    };
     QVERIFY(QFile::remove(event.path(u"Bets Race2"_s)));
     QVERIFY(QDir(event.path({})).mkdir(u"Bets Race2"_s));
     settings.currentRace = 2;
-    QCOMPARE(errorOfLoad(), 75);
+    QCOMPARE(errorOf([&] { LoadRaceBets(event.session); }), 75);
     QCOMPARE(settings.operationLabel, u"Bets input"_s);
     settings.eventDirectory = u"C:\\Elsewhere\\"_s;
-    QCOMPARE(errorOfLoad(), 76);
+    QCOMPARE(errorOf([&] { LoadRaceBets(event.session); }), 76);
     QVERIFY(!QDir(event.path({})).exists());
 }
 
@@ -140,12 +115,8 @@ void tst_racefiles::remove_data()
         << QByteArray("2,1,1,5\r\n\"open,1\r\n2,1\r\n\xff\xfe 2,2\r\n 2 ,2,\"1\",.5\r\n3,1,1,5")
         << QByteArray("\"open,1\r\n2,1\r\n\xff\xfe 2,2\r\n3,1,1,5\r\n");
     QTest::newRow("line ends of another system")
-        << 2
-        << QByteArray("2,1,1,5\n3,1,1,5\n4,1,1,5\n5,1,1,5\n5,1,1,5\n5,1,1,5\n5,1,1,5\n"
-                      "5,1,1,5\n5,1,1,5\n")
-        << QByteArray("3,1,1,5\r\n4,1,1,5\r\n5,1,1,5\r\n5,1,1,5\r\n5,1,1,5\r\n5,1,1,5\r\n"
-                      "5,1,1,5\r\n5,1,1,5\r\n");
-    QTest::newRow("nothing to drop") << 7 << QByteArray("2,1,1,5\r\n") << QByteArray("2,1,1,5\r\n");
+        << 2 << QByteArray("2,1,1,5\n3,1,1,5\n4,1,1,5\n5,1,1,5\n")
+        << QByteArray("3,1,1,5\r\n4,1,1,5\r\n5,1,1,5\r\n");
     QTest::newRow("all of them") << 2 << QByteArray("2,1,1,5\r\n") << QByteArray();
 }
 
@@ -164,24 +135,10 @@ void tst_racefiles::remove()
     QCOMPARE(event.read(u"Bets Race1"_s), after);
     QCOMPARE(event.read(u"Betsbackup Race1"_s), after);
     QCOMPARE(event.session.bets.bytes, after.toStdString());
-    const QStringList saved = QDir(savedFolder(event.session)).entryList(QDir::Files);
+    const QStringList saved = event.saved();
     QCOMPARE(saved.size(), before == after ? 0 : 2);
     for (const QString &copy : saved)
         QCOMPARE(event.read(u"Saved\\"_s + copy), before);
-}
-
-void tst_racefiles::horses()
-{
-    TestEvent event;
-    Session &session = event.session;
-    session.settings.currentRace = 12;
-    session.horses.post(2) = {2, 1, u"1A"_s, u"SEA, BISCUIT"_s};
-    saveHorses(session);
-    const HorseTable saved = session.horses;
-    QCOMPARE(event.read(u"Horses Race12"_s), event.read(u"Horsesbackup Race12"_s));
-    session.horses = {};
-    QCOMPARE(loadHorses(session, u"Horses input"_s), 0);
-    QCOMPARE(session.horses, saved);
 }
 
 void tst_racefiles::bettors()

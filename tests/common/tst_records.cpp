@@ -12,17 +12,13 @@ class tst_records : public QObject
     Q_OBJECT
 
 private slots:
-    void number_data();
     void number();
     void split_data();
     void split();
-    void fieldValue_data();
     void fieldValue();
     void lines_data();
     void lines();
-    void text_data();
     void text();
-    void bet_data();
     void bet();
     void rewriteKeepsOtherLines();
     void truncation();
@@ -30,24 +26,12 @@ private slots:
     void damage();
 };
 
-void tst_records::number_data()
-{
-    QTest::addColumn<float>("value");
-    QTest::addColumn<QByteArray>("text");
-    QTest::newRow("whole") << 5.0F << QByteArray("5");
-    QTest::newRow("leading zero") << 0.25F << QByteArray("0.25");
-    QTest::newRow("seven digits") << 1234.567F << QByteArray("1234.567");
-    QTest::newRow("seven digits of a third") << 1 / 3.0F << QByteArray("0.3333333");
-    QTest::newRow("no exponent, large") << 20000000.0F << QByteArray("20000000");
-    QTest::newRow("no exponent, small") << 0.00001F << QByteArray("0.00001");
-    QTest::newRow("negative") << -2.5F << QByteArray("-2.5");
-    QTest::newRow("zero") << 0.0F << QByteArray("0");
-}
-
 void tst_records::number()
 {
-    QFETCH(float, value);
-    QTEST(QByteArray::fromStdString(recordNumber(value)), "text");
+    const std::pair<float, std::string> numbers[] = {
+        {1234.567F, "1234.567"}, {20000000.0F, "20000000"}, {0.00001F, "0.00001"}};
+    for (const auto &[value, text] : numbers) // seven digits, never an exponent
+        QCOMPARE(recordNumber(value), text);
 }
 
 void tst_records::split_data()
@@ -59,9 +43,7 @@ void tst_records::split_data()
     QTest::newRow("comma in quotes") << QByteArray(R"(1,"A, B",2)") << List{"1", "A, B", "2"};
     QTest::newRow("blanks round fields")
         << QByteArray(" 1 ,\t\" A \" , x y ") << List{"1", " A ", "x y"};
-    QTest::newRow("empty fields") << QByteArray(",\"\",") << List{"", "", ""};
     QTest::newRow("open quote") << QByteArray(R"(1,"ANNA)") << List{};
-    QTest::newRow("text after a quote") << QByteArray(R"(1,"A"B,2)") << List{};
     QTest::newRow("quote in a bare field") << QByteArray(R"(1,A"B")") << List{};
 }
 
@@ -77,33 +59,16 @@ void tst_records::split()
     QTEST(found, "fields");
 }
 
-void tst_records::fieldValue_data()
-{
-    QTest::addColumn<QByteArray>("field");
-    QTest::addColumn<bool>("good");
-    QTest::addColumn<double>("value");
-    QTest::newRow("leading point") << QByteArray(".25") << true << 0.25;
-    QTest::newRow("plus") << QByteArray("+5") << true << 5.0;
-    QTest::newRow("blanks") << QByteArray(" 12 ") << true << 12.0;
-    QTest::newRow("exponent") << QByteArray("1E3") << true << 1000.0;
-    QTest::newRow("two signs") << QByteArray("+-5") << false << 0.0;
-    QTest::newRow("decimal comma") << QByteArray("1,5") << false << 0.0;
-    QTest::newRow("text after") << QByteArray("5x") << false << 0.0;
-    QTest::newRow("empty") << QByteArray() << false << 0.0;
-    QTest::newRow("not a number") << QByteArray("nan") << false << 0.0;
-    QTest::newRow("infinite") << QByteArray("inf") << false << 0.0;
-    QTest::newRow("too large") << QByteArray("1e999") << false << 0.0;
-}
-
 void tst_records::fieldValue()
 {
-    QFETCH(QByteArray, field);
-    const auto value = fieldNumber({view(field), true});
-    QTEST(value.has_value(), "good");
-    QTEST(value.value_or(0), "value");
+    const std::pair<QByteArray, double> numbers[] = {{".25", 0.25}, {"+5", 5}, {" 1E3 ", 1000}};
+    for (const auto &[field, value] : numbers)
+        QCOMPARE(fieldNumber({view(field), true}), std::optional(value));
+    for (const char *field : {"+-5", "1,5", "5x", "", "nan", "inf", "1e999"})
+        QVERIFY2(!fieldNumber({field, true}), field);
     QCOMPARE(fieldInteger({"21.0", false}, 1, 21), std::optional(21));
-    QVERIFY(!fieldInteger({"2.5", false}, 1, 21));
-    QVERIFY(!fieldInteger({"22", false}, 1, 21));
+    for (const char *field : {"2.5", "22", "0"})
+        QVERIFY2(!fieldInteger({field, false}, 1, 21), field);
 }
 
 void tst_records::lines_data()
@@ -112,15 +77,12 @@ void tst_records::lines_data()
     QTest::addColumn<QByteArrayList>("lines");
     using List = QByteArrayList;
     QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n") << List{"a", "b"};
-    QTest::newRow("LF") << QByteArray("a\nb\n") << List{"a", "b"};
-    QTest::newRow("CR CR LF") << QByteArray("a\r\r\nb\r\r\n") << List{"a", "b"};
     QTest::newRow("LF CR") << QByteArray("a\n\rb\n\r") << List{"a", "b", ""};
     QTest::newRow("unfinished last line") << QByteArray("a\r\nb") << List{"a", "b"};
     QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf"
                                                    "a\r\n")
                                      << List{"a"};
     QTest::newRow("end-of-file mark") << QByteArray("a\r\n\x1a") << List{"a", ""};
-    QTest::newRow("end-of-file mark on the line") << QByteArray("a\r\nb\x1a") << List{"a", "b"};
     QTest::newRow("appended after the mark") << QByteArray("a\r\n\x1a"
                                                            "b\r\n")
                                              << List{"a", "b"};
@@ -138,46 +100,24 @@ void tst_records::lines()
     QTEST(found, "lines");
 }
 
-void tst_records::text_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("UTF-8") << QByteArray("JOS\xc3\x89") << u"JOS\u00c9"_s;
-    QTest::newRow("Windows-1252 inside") << QByteArray("REN\xc9"
-                                                       "E")
-                                         << u"REN\u00c9E"_s;
-    QTest::newRow("Windows-1252 last letter") << QByteArray("JOS\xc9") << u"JOS\u00c9"_s;
-    QTest::newRow("Windows-1252 euro and quote") << QByteArray("\x80 \x92") << u"\u20ac \u2019"_s;
-}
-
 void tst_records::text()
 {
-    QFETCH(QByteArray, bytes);
-    QTEST(decodeText(view(bytes)), "text");
-}
-
-void tst_records::bet_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<bool>("good");
-    QTest::newRow("plain") << QByteArray("12,3,1,0.25") << true;
-    QTest::newRow("classic") << QByteArray(" 12 , 3 ,\"1\", .25 ") << true;
-    QTest::newRow("exponent") << QByteArray("12,3,1,2.5E-1") << true;
-    QTest::newRow("three fields") << QByteArray("12,3,1") << false;
-    QTest::newRow("cut off after the comma") << QByteArray("12,3,1,") << false;
-    QTest::newRow("five fields") << QByteArray("12,3,1,0.25,7") << false;
-    QTest::newRow("text") << QByteArray("12,3,1,five") << false;
-    QTest::newRow("beyond single precision") << QByteArray("12,3,1,1e39") << false;
+    QCOMPARE(decodeText("JOS\xc3\x89"), u"JOS\u00c9"_s); // UTF-8
+    QCOMPARE(decodeText("JOS\xc9"), u"JOS\u00c9"_s);     // Windows-1252, its last letter cut off
+    QCOMPARE(decodeText("REN\xc9"
+                        "E \x80"),
+             u"REN\u00c9E \u20ac"_s);
 }
 
 void tst_records::bet()
 {
-    QFETCH(QByteArray, line);
     Bet read;
-    const bool good = parseBet(view(line), read);
-    QTEST(good, "good");
-    if (good)
+    for (const char *line : {"12,3,1,0.25", " 12 , 3 ,\"1\", .25 ", "12,3,1,2.5E-1"}) {
+        QVERIFY2(parseBet(line, read), line);
         QCOMPARE(read, (Bet{12, 3, 1, 0.25F}));
+    }
+    for (const char *line : {"12,3,1,", "12,3,1,0.25,7", "12,3,1,five", "12,3,1,1e39"})
+        QVERIFY2(!parseBet(line, read), line);
     QCOMPARE(betLine({12, 3, 1, 0.25F}), "12,3,1,0.25\r\n");
 }
 
@@ -220,18 +160,12 @@ void tst_records::damage_data()
 {
     QTest::addColumn<QByteArray>("junk");
     QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("quote alone") << QByteArray("\"");
     QTest::newRow("three quotes") << QByteArray("1,\"\"\",2");
     QTest::newRow("swapped quotes") << QByteArray("1\",2,\"3,4");
-    QTest::newRow("only commas") << QByteArray(",,,,,,,,");
     QTest::newRow("zero bytes") << QByteArray(9, '\0');
     QTest::newRow("bytes of no encoding") << QByteArray("\xff\xfe\x81\x8d");
     QTest::newRow("byte order mark inside") << QByteArray("\xef\xbb\xbf");
-    QTest::newRow("carriage returns") << QByteArray("\r\r\r");
-    QTest::newRow("end-of-file marks") << QByteArray("\x1a\x1a");
-    QTest::newRow("huge numbers") << QByteArray("99999999999999999999,1e308,-1e308,1e-320");
     QTest::newRow("largest whole number") << QByteArray("2147483647,\"X\"");
-    QTest::newRow("post 0") << QByteArray("0,0,\"\",\"\"");
     QTest::newRow("post 22") << QByteArray("22,0,\"\",\"\"");
     QTest::newRow("very long") << QByteArray(100000, '7');
 }

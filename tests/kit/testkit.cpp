@@ -1,11 +1,13 @@
 #include "kit/testkit.h"
 
 #include "common/eventfiles.h"
+#include "common/fileerror.h"
 #include "common/init.h"
 #include "kit/faultywrites.h"
 #include "screens.h"
 #include "ui/controls.h"
 #include "ui/look.h"
+#include "ui/mainwindow.h"
 
 #include <QDialog>
 #include <QDir>
@@ -17,6 +19,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QRadioButton>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -176,6 +179,11 @@ bool TestEvent::exists(const QString &fileName) const
     return QFileInfo::exists(path(fileName));
 }
 
+QStringList TestEvent::saved() const
+{
+    return QDir(savedFolder(session)).entryList(QDir::Files, QDir::Name);
+}
+
 QByteArrayList TestEvent::savedCopies(const QString &fileName) const
 {
     const QDir folder(path(u"Saved"_s));
@@ -251,6 +259,49 @@ void selectInList(QWidget *screen, const QString &name, const QString &text)
 QString caption(QWidget *screen, const QString &name)
 {
     return captionOf(child<QAbstractButton>(screen, name));
+}
+
+QStringList listTexts(QWidget *screen, const QString &name)
+{
+    const auto *list = child<QListWidget>(screen, name);
+    QStringList texts;
+    for (int row = 0; row < list->count(); ++row)
+        texts << list->item(row)->text();
+    return texts;
+}
+
+std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns)
+{
+    std::vector<ScreenEntry> screens;
+    for (const ScreenEntry &entry : allScreens()) {
+        if (names.contains(entry.name))
+            screens.push_back(entry);
+    }
+    for (const QString &name : standIns) {
+        screens.push_back({name, name, {}, [](const ScreenContext &) {
+                               auto *blank = new QWidget;
+                               makeNoteLine(blank);
+                               return blank;
+                           }});
+    }
+    return screens;
+}
+
+bool closeBoxEnds(Navigator &navigator)
+{
+    QTimer::singleShot(0, navigator.window(), [&] { navigator.window()->close(); });
+    QTimer::singleShot(30000, navigator.window(), [] { QApplication::exit(1); });
+    return QApplication::exec() == 0;
+}
+
+int errorOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const FileError &error) {
+        return int(error.number());
+    }
+    return 0;
 }
 
 QStringList tabOrder(QWidget *screen)

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <memory>
 
 // What the tests share: an event in a temporary folder, answers to boxes, slips that were printed.
@@ -76,6 +77,9 @@ public:
     void write(const QString &fileName, const QByteArray &bytes) const;
     bool exists(const QString &fileName) const;
 
+    // The names of the copies in the folder Saved.
+    QStringList saved() const;
+
     // What the copies of a file in the Saved folder hold, oldest first.
     QByteArrayList savedCopies(const QString &fileName) const;
 
@@ -111,6 +115,18 @@ QString labelText(QWidget *screen, const QString &name);
 void typeInto(QWidget *screen, const QString &name, const QString &text);
 void selectInList(QWidget *screen, const QString &name, const QString &text);
 QString caption(QWidget *screen, const QString &name);
+
+// The texts of a list, from the first row to the last.
+QStringList listTexts(QWidget *screen, const QString &name);
+
+// The screens of these names, and blank widgets for the names of the stand-ins.
+std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns);
+
+// Ends the program through the window's close box; true when that ended it.
+bool closeBoxEnds(Navigator &navigator);
+
+// The number of the file error that the work fails with, 0 when it does not fail.
+int errorOf(const std::function<void()> &work);
 
 // Every focusable control in tab order, by object name, starting from the focused one.
 QStringList tabOrder(QWidget *screen);

@@ -144,11 +144,7 @@ QStringList tst_frmpaywinnersb::payoffs() const
 
 QStringList tst_frmpaywinnersb::winners() const
 {
-    const auto *list = child<QListWidget>(screen, u"lstwinners"_s);
-    QStringList names;
-    for (int row = 0; row < list->count(); ++row)
-        names << list->item(row)->text();
-    return names;
+    return listTexts(screen, u"lstwinners"_s);
 }
 
 void tst_frmpaywinnersb::opens()

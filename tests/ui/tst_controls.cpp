@@ -18,8 +18,6 @@ private slots:
     void plainCaptions();
     void altLetters();
     void cellClicks();
-    void raceOptions();
-    void displayTakesNoTab();
     void fieldsHoldTheirText();
 };
 
@@ -84,35 +82,6 @@ void tst_controls::cellClicks()
     cell->setEnabled(false);
     QTest::mousePress(cell, Qt::LeftButton);
     QCOMPARE(clicks.size(), 3);
-}
-
-void tst_controls::raceOptions()
-{
-    QWidget form;
-    const RaceOptions races = makeRaceOptions(&form, u"Race"_s, 6, u"Race "_s);
-    QCOMPARE(races.frame->objectName(), u"fraround"_s);
-    QCOMPARE(races.group->buttons().size(), 12);
-    for (int race = 1; race <= 12; ++race) {
-        auto *option = child<QAbstractButton>(&form, memberName(u"optrace"_s, race));
-        QCOMPARE(races.group->id(option), race);
-        QCOMPARE(option->text(), "Race "_L1 + QString::number(race));
-    }
-    races.group->button(3)->click();
-    races.group->button(4)->click();
-    QCOMPARE(races.group->checkedId(), 4);
-    QVERIFY(!races.group->button(3)->isChecked());
-}
-
-void tst_controls::displayTakesNoTab()
-{
-    QWidget form;
-    makeField(&form, u"txtname"_s);
-    makeDisplay(&form, u"txtpost"_s);
-    makeBanner(&form, u"txtbanner"_s, u"Derby Race1"_s);
-    makeCell(&form, u"txtnum_1"_s);
-    QCOMPARE(tabOrder(&form), (QStringList{u"txtname"_s, u"txtnum_1"_s}));
-    QVERIFY(child<QLineEdit>(&form, u"txtpost"_s)->isReadOnly());
-    QCOMPARE(fieldText(&form, u"txtbanner"_s), u"Derby Race1"_s);
 }
 
 void tst_controls::fieldsHoldTheirText()

@@ -1,0 +1,58 @@
+#include "kit/testkit.h"
+#include "screens.h"
+#include "ui/mainwindow.h"
+
+#include <QLabel>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+// What every screen of the program promises, whatever it is for.
+class tst_screens : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyScreen_data();
+    void everyScreen();
+};
+
+void tst_screens::everyScreen_data()
+{
+    QTest::addColumn<QString>("closeButton");
+    for (const ScreenEntry &entry : allScreens())
+        QTest::newRow(qPrintable(entry.name)) << entry.closeButton;
+}
+
+void tst_screens::everyScreen()
+{
+    QFETCH(QString, closeButton);
+    TestEvent event;
+    BoxRobot robot; // refuses the boxes of a screen that asks on opening
+    event.session.settings.currentRace = 12;
+    QWidget *screen = event.open(QString::fromLatin1(QTest::currentDataTag()));
+    screen->window()->resize(1016, 690);
+    QCoreApplication::processEvents();
+    QVERIFY2(screen->width() <= screen->parentWidget()->width()
+                 && screen->height() <= screen->parentWidget()->height(),
+             "does not fit the smallest display");
+    QVERIFY(!screen->window()->windowTitle().isEmpty());
+    QVERIFY(child<QAbstractButton>(screen, closeButton)->isVisible());
+    child<QLabel>(screen, u"lblnote"_s);
+    QSet<QKeySequence> letters;
+    for (const auto *button : screen->findChildren<QAbstractButton *>()) {
+        if (button->shortcut().isEmpty())
+            continue;
+        QVERIFY2(!letters.contains(button->shortcut()), qPrintable(button->objectName()));
+        letters.insert(button->shortcut());
+    }
+    // Whoever cannot see the screen hears what a cell is for.
+    for (const auto *field : screen->findChildren<QLineEdit *>()) {
+        if (field->focusPolicy() & Qt::TabFocus)
+            QVERIFY2(!field->accessibleName().isEmpty() || !field->toolTip().isEmpty(),
+                     qPrintable(field->objectName()));
+    }
+}
+
+TRELAWN_TEST_MAIN(tst_screens)
+#include "tst_screens.moc"
