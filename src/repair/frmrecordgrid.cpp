@@ -49,7 +49,11 @@ RecordListOrder::RecordListOrder(RecordListModel *model)
 
 void RecordListOrder::sortBy(int column, bool asNumbers, Qt::SortOrder order)
 {
-    m_asNumbers = asNumbers;
+    m_numbers.clear();
+    if (asNumbers) {
+        for (const RecordRow &row : m_model->list().rows)
+            m_numbers.append(numericValue(row.cells.value(column)));
+    }
     // A change of the comparison alone would not sort again.
     sort(-1);
     sort(column, order);
@@ -61,9 +65,7 @@ bool RecordListOrder::lessThan(const QModelIndex &left, const QModelIndex &right
     const RecordRow &other = m_model->list().rows[right.row()];
     if (one.isRecord != other.isRecord)
         return one.isRecord == (sortOrder() == Qt::AscendingOrder);
-    const QString &text = one.cells[left.column()];
-    const QString &otherText = other.cells[right.column()];
-    if (!m_asNumbers)
-        return text < otherText;
-    return numericValue(text) < numericValue(otherText);
+    if (!m_numbers.isEmpty())
+        return m_numbers[left.row()] < m_numbers[right.row()];
+    return one.cells.value(left.column()) < other.cells.value(right.column());
 }

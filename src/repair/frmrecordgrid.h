@@ -40,5 +40,5 @@ protected:
 
 private:
     RecordListModel *m_model;
-    bool m_asNumbers = false;
+    QList<double> m_numbers; // of the column in source order; empty when it sorts as text
 };
