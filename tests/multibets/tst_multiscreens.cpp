@@ -67,7 +67,7 @@ void tst_multiscreens::refusals()
     markPosts(screen, {{1}, {2}});
     child<QAbstractButton>(screen, u"chkbox_1"_s)->click();
     QVERIFY(refused(u"cmdplacebet"_s, u"Must box at least 2 lines"_s));
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList());
+    QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList());
 }
 
 void tst_multiscreens::duplicatePost()
@@ -110,9 +110,9 @@ void tst_multiscreens::previewIsNotCarriedOver()
         markPosts(screen, {{1}, {2}, {3}});
         clickCell(screen, u"txtbetamt"_s, 2);
         clickButton(screen, u"cmdplacebet"_s);
-        QCOMPARE(listLines(screen, u"lstbets"_s), QStringList{u"T $2.00 1,2,3"_s});
+        QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList{u"T $2.00 1,2,3"_s});
         change(screen);
-        QCOMPARE(listLines(screen, u"lstbets"_s), QStringList());
+        QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList());
         QCOMPARE(fieldText(screen, u"txtthisbet"_s), u"$0.00"_s);
         clickButton(screen, u"cmdmake"_s);
         QCOMPARE(event.read(u"Multibets Race3"_s) + event.read(u"Multibets Race4"_s), QByteArray());
@@ -135,7 +135,7 @@ void tst_multiscreens::fullPreview()
     robot.expect(u"400 bet maximum exceeded"_s, u"TRELAWN"_s);
     clickButton(screen, u"cmdplacebet"_s);
     QVERIFY(robot.allCame());
-    QCOMPARE(listLines(screen, u"lstbets"_s).size(), 399);
+    QCOMPARE(listTexts(screen, u"lstbets"_s).size(), 399);
     QCOMPARE(fieldText(screen, u"txtthisbet"_s), u"$399.00"_s);
     clickButton(screen, u"cmdmake"_s);
     QCOMPARE(event.read(u"Multibets Race3"_s).count("\r\n"), 400);
@@ -191,7 +191,7 @@ void tst_multiscreens::changedFile()
     selectInList(screen, u"lstpriorbets"_s, u"Q  $01.00 1,2"_s);
     clickButton(screen, u"cmdclearprior"_s);
     QCOMPARE(event.read(u"Multibets Race3"_s), changed);
-    QCOMPARE(listLines(screen, u"lstpriorbets"_s), QStringList{u"EX $02.00 4,5"_s});
+    QCOMPARE(listTexts(screen, u"lstpriorbets"_s), QStringList{u"EX $02.00 4,5"_s});
     QVERIFY(labelText(screen, u"lblnote"_s).contains(u"nothing was deleted"));
     QCOMPARE(event.slips.size(), 0);
 }
@@ -211,7 +211,7 @@ void tst_multiscreens::receiptsOff()
     QCOMPARE(event.slips.size(), 0);
     QCOMPARE(event.read(u"Multibets Race3"_s), QByteArray());
     auto *window = child<QWidget>(event.navigator().window(), u"frmlistb"_s);
-    QCOMPARE(listLines(window, u"List1"_s).constFirst(), u"Refund Bets for ANN for Race3"_s);
+    QCOMPARE(listTexts(window, u"List1"_s).constFirst(), u"Refund Bets for ANN for Race3"_s);
 }
 
 // The receipt fails after the bets are on disk.
@@ -336,10 +336,10 @@ void tst_multiscreens::finishFromTypeToType()
     clickButton(screen, u"cmdexacta"_s);
     QVERIFY(isSelected(screen, 1, 4) && isSelected(screen, 2, 7) && !isSelected(screen, 3, 1));
     clickButton(screen, u"cmdenterwin"_s);
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList{u"ANN $2.00"_s});
+    QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList{u"ANN $2.00"_s});
     clickButton(screen, u"cmddouble"_s);
     QVERIFY(!isSelected(screen, 1, 4) && !isSelected(screen, 2, 7));
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList()); // another type's result is gone
+    QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList()); // another type's result is gone
     QCOMPARE(fieldText(screen, u"txtpool"_s), u"$0.00"_s);
 }
 
@@ -358,9 +358,9 @@ void tst_multiscreens::missingFile()
 
     robot.expect(u"File not found"_s, u"Multibets"_s);
     screen = event.open(u"frmsummmulti"_s);
-    QTRY_COMPARE(listLines(screen, u"lstsumm"_s).size(), 9);
+    QTRY_COMPARE(listTexts(screen, u"lstsumm"_s).size(), 9);
     QVERIFY(robot.allCame());
-    QCOMPARE(listLines(screen, u"lstsumm"_s).constLast(), u"Total Bet $00.00"_s);
+    QCOMPARE(listTexts(screen, u"lstsumm"_s).constLast(), u"Total Bet $00.00"_s);
 
     // The entry screen creates the file, without a box, when a bettor is selected.
     screen = event.open(u"frmmulti"_s);

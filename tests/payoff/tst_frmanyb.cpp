@@ -9,7 +9,6 @@ class tst_frmanyb : public QObject
 
 private slots:
     void init();
-    void slip_data();
     void slip();
     void people();
     void besideThePayScreen();
@@ -45,35 +44,28 @@ void tst_frmanyb::calculate(const QString &winOnWinner)
     clickButton(screen, u"cmdcalc"_s);
 }
 
-void tst_frmanyb::slip_data()
-{
-    QTest::addColumn<QString>("amounts"); // win, place, show; place, show; show
-    QTest::addColumn<QString>("totals");  // of the rows and of the slip
-    QTest::newRow("every combination") << "1|2|3|10|20|0"
-                                       << "$11.50 $52.00 $0.00 $63.50";
-    QTest::newRow("empty and non-numeric count as 0") << "|x|1.50"
-                                                      << "$1.65 $0.00 $0.00 $1.65";
-    QTest::newRow("a payoff of 0 pays nothing") << "0|0|0|0|0|5"
-                                                << "$0.00 $0.00 $0.00 $0.00";
-    QTest::newRow("thousands") << "1000"
-                               << "$3,200.00 $0.00 $0.00 $3,200.00";
-}
-
 void tst_frmanyb::slip()
 {
-    QFETCH(QString, amounts);
-    const QStringList typed = amounts.split(u'|');
-    QCOMPARE(shown(u"txtwinhorse"_s), u"HORSE 4"_s);
-    QCOMPARE(shown(u"txtplacehorse"_s), u"HORSE 2"_s);
-    QCOMPARE(shown(u"txtshowhorse"_s), u"HORSE 7"_s);
+    // The amounts: win, place, show; place, show; show. The totals: of the rows and of the slip.
+    const std::pair<QStringList, QString> slips[] = {
+        {{u"1"_s, u"2"_s, u"3"_s, u"10"_s, u"20"_s, u"0"_s}, u"$11.50 $52.00 $0.00 $63.50"_s},
+        {{u""_s, u"x"_s, u"1.50"_s, u""_s, u""_s, u""_s}, u"$1.65 $0.00 $0.00 $1.65"_s},
+        {{u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"5"_s}, u"$0.00 $0.00 $0.00 $0.00"_s},
+        {{u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s}, u"$3,200.00 $0.00 $0.00 $3,200.00"_s}};
     const QString fields[] = {u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
                               u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
-    for (qsizetype i = 0; i < typed.size(); ++i)
-        typeInto(screen, fields[i], typed[i]);
-    clickButton(screen, u"cmdcalc"_s);
-    const QString totals = shown(u"txtwintotal"_s) + u' ' + shown(u"txtplacetotal"_s) + u' '
-                           + shown(u"txtshowtotal"_s) + u' ' + shown(u"txttotaltotal"_s);
-    QTEST(totals, "totals");
+    for (const auto &[amounts, totals] : slips) {
+        for (int i = 0; i < 6; ++i)
+            typeInto(screen, fields[i], amounts[i]);
+        clickButton(screen, u"cmdcalc"_s);
+        QCOMPARE(shown(u"txtwintotal"_s) + u' ' + shown(u"txtplacetotal"_s) + u' '
+                     + shown(u"txtshowtotal"_s) + u' ' + shown(u"txttotaltotal"_s),
+                 totals);
+    }
+    for (const auto &[field, horse] :
+         {std::pair{u"txtwinhorse"_s, u"HORSE 4"_s}, std::pair{u"txtplacehorse"_s, u"HORSE 2"_s},
+          std::pair{u"txtshowhorse"_s, u"HORSE 7"_s}})
+        QCOMPARE(shown(field), horse);
 }
 
 // Two people; the first with two slips, rounded together.
