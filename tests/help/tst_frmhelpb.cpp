@@ -171,6 +171,10 @@ void tst_frmhelpb::prints()
     QCOMPARE(lines.mid(4).join(QString()), QString(200, u'x'));
     for (const QString &line : lines)
         QVERIFY(line.size() <= 80);
+    event->session.settings.printerAttached = false;
+    clickButton(screen, u"cmdprint"_s);
+    QCOMPARE(event->slips.size(), 1);
+    QCOMPARE(labelText(screen, u"lblnote"_s), u"Nothing was printed: no printer is attached."_s);
 }
 
 void tst_frmhelpb::asksBeforeChangesAreLost()

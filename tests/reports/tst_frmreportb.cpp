@@ -77,6 +77,7 @@ private slots:
     {
         m_event->session.settings.currentRace = 1;
         m_event->session.settings.fontIndex = 1;
+        m_event->session.settings.printerAttached = true;
         m_event->slips.clear();
         m_event->open(u"frmmenub"_s);
         clickButton(m_event->current(), u"cmdreports"_s);
@@ -156,6 +157,11 @@ private slots:
         QCOMPARE(labelText(m_screen, u"lblnote"_s),
                  QString("Printed at "_L1 + QString::number(points)
                          + " points, so that the lines fit the paper"_L1));
+        m_event->session.settings.printerAttached = false;
+        clickButton(m_screen, u"cmdprint"_s);
+        QCOMPARE(m_event->slips.size(), 2);
+        QCOMPARE(labelText(m_screen, u"lblnote"_s),
+                 u"Nothing was printed: no printer is attached"_s);
         QVERIFY(robot.allCame());
     }
 

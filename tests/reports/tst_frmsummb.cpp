@@ -64,6 +64,7 @@ private slots:
     {
         Session &session = m_event->session;
         session.settings.currentRace = 1;
+        session.settings.printerAttached = true;
         m_event->slips.clear();
         m_event->write(u"Bets Race1"_s, "2,1,1,5\r\n2,2,2,2.5\r\n");
         m_event->write(u"Bets Race3"_s, "2,1,3,4\r\n2,1,3\r\n");
@@ -124,6 +125,10 @@ private slots:
         clickButton(screen, u"cmdprint"_s);
         QCOMPARE(m_event->slips.size(), 1);
         QVERIFY(slipText(m_event->slips.first()).filter(u"BRAVO (entry 4)"_s).size() == 1);
+        m_event->session.settings.printerAttached = false;
+        clickButton(screen, u"cmdprint"_s);
+        QCOMPARE(m_event->slips.size(), 1);
+        QCOMPARE(labelText(screen, u"lblnote"_s), u"Nothing was printed: no printer is attached"_s);
         clickButton(screen, u"cmdreturn"_s);
         QCOMPARE(m_event->navigator().currentName(), u"frmsheetb"_s);
 
