@@ -1,6 +1,5 @@
 #include "multibets/frmmulti.h"
 
-#include "betting/listingcopies.h"
 #include "common/format.h"
 #include "common/init.h"
 #include "common/racefiles.h"
@@ -18,257 +17,23 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr char dollars[] = "$#,##0.00";
-constexpr double quickAmounts[] = {0.25, 1, 5, 10};
-
-QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
-                      const QString &toolTip = {})
-{
-    auto *list = new QListWidget(parent);
-    list->setObjectName(name);
-    list->setAccessibleName(accessibleName);
-    list->setToolTip(toolTip);
-    list->setFont(fixedPitchFont());
-    list->setUniformItemSizes(true);
-    return list;
-}
-
-// A money field that stands out.
-QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
-                     const QString &toolTip = {})
-{
-    QLineEdit *field = makeDisplay(parent, name, toolTip);
-    field->setAccessibleName(accessibleName);
-    field->setAlignment(Qt::AlignRight);
-    enlarge(field, 1.2);
-    return field;
-}
-
-QBoxLayout *labelled(QWidget *parent, const QString &labelName, const QString &text,
-                     QWidget *control)
-{
-    auto *row = new QHBoxLayout;
-    row->addWidget(makeLabel(parent, labelName, text));
-    row->addWidget(control, 1);
-    return row;
-}
 
 } // namespace
 
 frmmulti::frmmulti(const ScreenContext &context)
-    : m_context(context)
+    : MultibetForm(context)
 {
-    build();
     connectControls();
     fill();
-}
-
-void frmmulti::build()
-{
-    txtbanner = makeBanner(this, u"txtbanner"_s, {});
-    const RaceOptions races = makeRaceOptions(this, u"Click to select a race"_s, 12, u" Race"_s);
-    m_races = races.group;
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setSpacing(4);
-    layout->addWidget(txtbanner);
-    layout->addWidget(races.frame);
-    layout->addWidget(buildTypeAndAmount());
-    layout->addWidget(buildGrid());
-    auto *lists = new QHBoxLayout;
-    lists->addWidget(buildBettor(), 4);
-    lists->addWidget(buildHorses(), 4);
-    lists->addWidget(buildPreview(), 4);
-    lists->addWidget(buildPriorBets(), 4);
-    layout->addLayout(lists, 1);
-    layout->addLayout(buildButtons());
-    lblnote = makeNoteLine(this);
-    layout->addWidget(lblnote);
-    assignAltLetters(this);
-}
-
-QWidget *frmmulti::buildTypeAndAmount()
-{
-    auto *row = new QWidget(this);
-    auto *typeBox = new QGroupBox(u"Bet Type"_s, row);
-    QList<TypeButtons::Type> types;
-    for (const MultibetType &type : multibetTypes())
-        types.append({type.code, type.button, type.caption, type.toolTip});
-    m_types = new TypeButtons(types, typeBox);
-    auto *typeLayout = new QVBoxLayout(typeBox);
-    typeLayout->setContentsMargins(6, 6, 6, 4);
-    typeLayout->addWidget(m_types);
-
-    auto *amountBox = new QGroupBox(u"Bet Amt"_s, row);
-    auto *amountLayout = new QHBoxLayout(amountBox);
-    amountLayout->setContentsMargins(6, 6, 6, 4);
-    txtbetamt = makeCell(amountBox, u"txtbetamt"_s, u"Click to increase this amount by $1"_s);
-    txtbetamt->setAccessibleName(u"Bet Amt"_s);
-    txtbetamt->setAlignment(Qt::AlignCenter);
-    enlarge(txtbetamt, 1.4);
-    fitCharacters(txtbetamt, 8);
-    amountLayout->addWidget(txtbetamt);
-    for (std::size_t i = 0; i < txtamt.size(); ++i) {
-        txtamt[i] = makeCell(amountBox, memberName(u"txtamt"_s, int(i)),
-                             u"Click to add this amount to the current bet"_s);
-        txtamt[i]->setText(quickAmounts[i] < 1 ? u" .25"_s : QString::number(quickAmounts[i]));
-        txtamt[i]->setAccessibleName("Add $"_L1 + QString::number(quickAmounts[i]));
-        txtamt[i]->setAlignment(Qt::AlignCenter);
-        fitCharacters(txtamt[i], 4);
-        amountLayout->addWidget(txtamt[i]);
-    }
-    txtclearamt = makeCell(amountBox, u"txtclearamt"_s, u"Click to set the current bet to $0"_s);
-    txtclearamt->setText(u"Clear Bet Amount"_s);
-    txtclearamt->setAlignment(Qt::AlignCenter);
-    txtclearamt->setMinimumWidth(
-        txtclearamt->fontMetrics().horizontalAdvance(u"  Clear Bet Amount  "_s));
-    amountLayout->addWidget(txtclearamt);
-
-    auto *layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(typeBox, 1);
-    layout->addWidget(amountBox);
-    return row;
-}
-
-QWidget *frmmulti::buildGrid()
-{
-    auto *box = new QGroupBox(u"Post Numbers"_s, this);
-    m_grid = new PostGrid(PostGrid::Selection::ManyPerLine, box);
-    const QString lineTips[] = {u"Line for win or first place selections"_s,
-                                u"Line for place or second place selections"_s,
-                                u"Line for show or third place selections"_s};
-    for (int line = 0; line < 3; ++line) {
-        m_grid->setLine(line, "Line "_L1 + QString::number(line + 1), lineTips[line],
-                        lineTips[line]);
-        auto *boxed = new QCheckBox(u"Box"_s, box);
-        boxed->setObjectName(memberName(u"chkbox"_s, line));
-        boxed->setToolTip(u"Bet all possible combinations of this post number and any other boxed "
-                          "post numbers"_s);
-        boxed->setAccessibleName("Box line "_L1 + QString::number(line + 1));
-        m_grid->addAtEnd(line, boxed);
-        chkbox[std::size_t(line)] = boxed;
-    }
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 4);
-    layout->addWidget(m_grid);
-    return box;
-}
-
-QWidget *frmmulti::buildBettor()
-{
-    auto *box = new QGroupBox(u"Bettor"_s, this);
-    m_search = new BettorSearch(BettorSearch::Typing::NarrowsList, u"Reset Bettor list"_s,
-                                u"Reset bettor list to beginning"_s, box);
-    lblbettor = makeHeading(box, u"lblbettor"_s, {});
-    enlarge(lblbettor, 1.3);
-    lblbettor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 4);
-    layout->addWidget(lblbettor);
-    layout->addWidget(m_search, 1);
-    return box;
-}
-
-QWidget *frmmulti::buildHorses()
-{
-    auto *box = new QGroupBox(u"Post, Number, Horse"_s, this);
-    lsthorses = makeList(box, u"lsthorses"_s, u"Horses of the race"_s);
-    lsthorses->setSelectionMode(QAbstractItemView::NoSelection);
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 4);
-    layout->addWidget(lsthorses);
-    return box;
-}
-
-QWidget *frmmulti::buildPreview()
-{
-    auto *box = new QGroupBox(u"Preview"_s, this);
-    cmdplacebet = makeButton(box, u"cmdplacebet"_s, u"PREVIEW THE BET"_s,
-                             u"Display the bet for review before saving it"_s);
-    lstbets = makeList(box, u"lstbets"_s, u"Preview list"_s,
-                       u"Preview list of all potential bets based on current selections"_s);
-    lstbets->setSelectionMode(QAbstractItemView::NoSelection);
-    txtcount = makeDisplay(box, u"txtcount"_s);
-    txtcount->setAccessibleName(u"Number of bets"_s);
-    txtcount->setAlignment(Qt::AlignRight);
-    fitCharacters(txtcount, 4);
-    txtthisbet = makeTotal(box, u"txtthisbet"_s, u"This Bet"_s);
-    txttotalbet = makeTotal(box, u"txttotalbet"_s, u"Total bet"_s,
-                            u"Total amount of all bets for this entry"_s);
-    cmdmake = makeButton(box, u"cmdmake"_s, u"MAKE THE BET"_s, u"Save the displayed bet"_s);
-    cmdclearentries = makeButton(box, u"cmdclearentries"_s, u"CLEAR ENTRIES"_s,
-                                 u"Clear any current bet entries - does not affect saved bets"_s);
-
-    auto *counts = new QHBoxLayout;
-    counts->addWidget(makeLabel(box, u"lblcount"_s, u"Bets"_s));
-    counts->addWidget(txtcount);
-    counts->addLayout(labelled(box, u"lblthisbet"_s, u"This Bet"_s, txtthisbet), 1);
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 4);
-    layout->addWidget(cmdplacebet);
-    layout->addWidget(lstbets, 1);
-    layout->addLayout(counts);
-    layout->addLayout(labelled(box, u"lbltotalbet"_s, u"Total Bet"_s, txttotalbet));
-    layout->addWidget(cmdmake);
-    layout->addWidget(cmdclearentries);
-    return box;
-}
-
-QWidget *frmmulti::buildPriorBets()
-{
-    auto *box = new QGroupBox(u"PRIOR BETS"_s, this);
-    lstpriorbets = makeList(box, u"lstpriorbets"_s, u"PRIOR BETS"_s,
-                            u"List of current saved bets for this bettor"_s);
-    lstpriorbets->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    txttotprior = makeTotal(box, u"txttotprior"_s, u"Total of prior bets"_s,
-                            u"Total of all multibets for this bettor"_s);
-    cmdclearprior = makeButton(box, u"cmdclearprior"_s, u"Clear Selected Prior Bets"_s,
-                               u"Clear one or more saved prior bets - hold down  shift, ctrl keys "
-                               "to select multiple bets to delete"_s);
-    auto *layout = new QVBoxLayout(box);
-    layout->setContentsMargins(6, 6, 6, 4);
-    layout->addWidget(lstpriorbets, 1);
-    layout->addLayout(labelled(box, u"lbltotprior"_s, u"Total"_s, txttotprior));
-    layout->addWidget(cmdclearprior);
-    return box;
-}
-
-QBoxLayout *frmmulti::buildButtons()
-{
-    cmdonoff = makeButton(this, u"cmdonoff"_s, u"Print On"_s,
-                          u"Click to turn bet receipt printing on or off"_s);
-    txtreceipts = makeDisplay(this, u"txtreceipts"_s);
-    txtreceipts->setAccessibleName(u"Receipts"_s);
-    txtreceipts->setMinimumWidth(
-        txtreceipts->fontMetrics().horizontalAdvance(u"  Receipts will not print  "_s));
-    cmdprint = makeButton(this, u"cmdprint"_s, u"PRINT BET SHEET"_s,
-                          u"Print a bet sheet(s) for multi bets"_s);
-    cmdaddbettor = makeButton(this, u"cmdaddbettor"_s, u"ADD A BETTOR"_s);
-    cmdpay = makeButton(this, u"cmdpay"_s, u"PAY WINNERS"_s);
-    cmdsummary = makeButton(this, u"cmdsummary"_s, u"BET SUMMARY"_s,
-                            u"Display a summary of all multibets"_s);
-    cmdretbets = makeButton(this, u"cmdretbets"_s, u"RETURN TO BETS"_s);
-    cmdreturn = makeButton(this, u"cmdreturn"_s, u"RETURN TO MENU"_s);
-
-    auto *row = new QHBoxLayout;
-    row->addWidget(cmdonoff);
-    row->addWidget(txtreceipts);
-    row->addStretch();
-    for (QPushButton *button : {cmdprint, cmdaddbettor, cmdpay, cmdsummary, cmdretbets, cmdreturn})
-        row->addWidget(button);
-    return row;
 }
 
 void frmmulti::connectControls()
@@ -277,8 +42,6 @@ void frmmulti::connectControls()
     connect(m_types, &TypeButtons::clicked, this, &frmmulti::chooseType);
     connect(m_search, &BettorSearch::selected, this, &frmmulti::chooseBettor);
     connect(m_search, &BettorSearch::resetRequested, this, &frmmulti::loadBettorList);
-    connect(m_grid, &PostGrid::duplicateRefused, this,
-            [this] { showMessage(this, u"Duplicate horse post number"_s); });
     connect(txtbetamt, &ClickCell::clicked, this, [this] { addToStake(1); });
     for (std::size_t i = 0; i < txtamt.size(); ++i)
         connect(txtamt[i], &ClickCell::clicked, this, [this, i] { addToStake(quickAmounts[i]); });
@@ -338,40 +101,32 @@ void frmmulti::loadBettorList()
 
 void frmmulti::chooseRace(int race)
 {
-    m_context.session.settings.currentRace = race;
-    txtbanner->setText(m_context.session.settings.bannerAndRace());
+    showRace(race);
     clearPreview();
-    showLegs();
+    renewLegs();
     if (m_bettor != 0)
         loadPriorBets();
 }
 
 void frmmulti::chooseType(const QString &code)
 {
-    const MultibetType *type = multibetType(code);
-    if (type->lines == 3 && m_races->checkedId() < 0)
-        return showMessage(this, u"Must select race first"_s);
-    m_types->setType(code);
+    const MultibetType *type = takeType(code);
+    if (!type)
+        return;
     for (QCheckBox *box : chkbox)
         box->setChecked(false);
     chkbox[2]->setEnabled(type->lines == 3);
-    m_grid->setRepeatsAllowed(type->races);
     m_grid->clearSelection();
     clearPreview();
     if (m_races->checkedId() > 0)
-        showLegs();
+        renewLegs();
 }
 
-void frmmulti::showLegs()
+void frmmulti::renewLegs()
 {
-    MultibetLegs legs;
-    const MultibetType *type = multibetType(m_types->type());
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly,
-               [&] { legs = loadLegs(m_context.session, type); });
     m_grid->clearSelection();
-    m_grid->showPosts(legs.posts);
+    const MultibetLegs legs = showLegs();
     for (int line = 0; line < 3; ++line) {
-        m_grid->setLabel(line, legs.labels[std::size_t(line)]);
         for (const Horse &horse : legs.horses[std::size_t(line)])
             m_grid->setCellTip(line, horse.post, horse.number + u' ' + horse.name);
     }
@@ -574,17 +329,9 @@ void frmmulti::showReceiptState()
 
 void frmmulti::printBlankSheets()
 {
-    Session &session = m_context.session;
-    const int copies =
-        listingCopies(askText(this, u"Enter number of copies to print"_s, {}, u"1"_s));
-    if (copies == 0)
-        return;
-    if (!session.settings.mayPrint())
-        return showNote(u"Nothing was printed: no printer is attached"_s);
-    session.settings.operationLabel = u"Print Bet Sheet"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
-        for (int copy = 0; copy < copies; ++copy)
-            m_context.printer.print(blankMultibetSheet());
-        showNote("Bet sheets printed: "_L1 + QString::number(copies));
-    });
+    const CopiesQuestion question{
+        u"Enter number of copies to print"_s, {}, u"Print Bet Sheet"_s, u"Bet sheets printed: "_s};
+    const QString note = printCopies(this, m_context, question, blankMultibetSheet());
+    if (!note.isNull())
+        showNote(note);
 }

@@ -1,28 +1,11 @@
 #pragma once
 
 #include "multibets/expansion.h"
+#include "multibets/frmmultiform.h"
 #include "multibets/multibetrecords.h"
-#include "ui/navigator.h"
-
-#include <QWidget>
-
-#include <array>
-
-class BettorSearch;
-class ClickCell;
-class PostGrid;
-class QBoxLayout;
-class QButtonGroup;
-class QCheckBox;
-class QLabel;
-class QLineEdit;
-class QListWidget;
-class QPushButton;
-class TypeButtons;
-struct MultibetLegs;
 
 // The multibet screen: exotic bets of one bettor on the selected race, with wheels and boxes.
-class frmmulti : public QWidget
+class frmmulti : public MultibetForm
 {
     Q_OBJECT
 
@@ -30,14 +13,6 @@ public:
     explicit frmmulti(const ScreenContext &context);
 
 private:
-    void build();
-    QWidget *buildTypeAndAmount();
-    QWidget *buildGrid();
-    QWidget *buildBettor();
-    QWidget *buildHorses();
-    QWidget *buildPreview();
-    QWidget *buildPriorBets();
-    QBoxLayout *buildButtons();
     void connectControls();
     void openScreen(const QString &name);
     void fill();
@@ -46,7 +21,7 @@ private:
     void chooseRace(int race);
     void chooseType(const QString &code);
     void chooseBettor(int number, const QString &name);
-    void showLegs();
+    void renewLegs();
     void listHorses(const MultibetLegs &legs);
     void loadPriorBets();
     void addToStake(double amount);
@@ -64,7 +39,6 @@ private:
 
     MultibetEntry entry() const;
 
-    ScreenContext m_context;
     MultibetPreview m_preview;
     QList<Multibet> m_prior; // of the selected bettor, as lstpriorbets lists them
     int m_bettor = 0;        // 0 while none is selected
@@ -72,35 +46,4 @@ private:
     double m_stake = 0;      // dollars a single bet
     double m_grandTotal = 0; // dollars saved since the screen was opened
     QString m_legNote;
-
-    QLineEdit *txtbanner;
-    QButtonGroup *m_races;
-    TypeButtons *m_types;
-    PostGrid *m_grid;
-    std::array<QCheckBox *, 3> chkbox{};
-    ClickCell *txtbetamt;
-    std::array<ClickCell *, 4> txtamt{};
-    ClickCell *txtclearamt;
-    BettorSearch *m_search;
-    QLabel *lblbettor;
-    QListWidget *lsthorses;
-    QListWidget *lstbets;
-    QLineEdit *txtcount;
-    QLineEdit *txtthisbet;
-    QLineEdit *txttotalbet;
-    QListWidget *lstpriorbets;
-    QLineEdit *txttotprior;
-    QLineEdit *txtreceipts;
-    QPushButton *cmdplacebet;
-    QPushButton *cmdmake;
-    QPushButton *cmdclearentries;
-    QPushButton *cmdclearprior;
-    QPushButton *cmdonoff;
-    QPushButton *cmdprint;
-    QPushButton *cmdaddbettor;
-    QPushButton *cmdpay;
-    QPushButton *cmdsummary;
-    QPushButton *cmdretbets;
-    QPushButton *cmdreturn;
-    QLabel *lblnote;
 };

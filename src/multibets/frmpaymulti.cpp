@@ -1,15 +1,12 @@
 #include "multibets/frmpaymulti.h"
 
-#include "betting/listingcopies.h"
 #include "common/format.h"
 #include "common/racefiles.h"
 #include "multibets/legs.h"
 #include "multibets/multibettypes.h"
 #include "multibets/multislips.h"
 #include "ui/controls.h"
-#include "ui/postgrid.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 #include "ui/typebuttons.h"
 
 #include <QButtonGroup>
@@ -31,7 +28,7 @@ constexpr char twoDigitDollars[] = "$#,#00.00";
 } // namespace
 
 frmpaymulti::frmpaymulti(const ScreenContext &context)
-    : m_context(context)
+    : MultibetScreen(context)
 {
     build();
     connectControls();
@@ -40,13 +37,7 @@ frmpaymulti::frmpaymulti(const ScreenContext &context)
 
 void frmpaymulti::build()
 {
-    txtbanner = makeBanner(this, u"txtbanner"_s, {});
-    const RaceOptions races = makeRaceOptions(this, u"Click to select a race"_s, 12, u" Race"_s);
-    m_races = races.group;
-    auto *layout = new QVBoxLayout(this);
-    layout->setSpacing(4);
-    layout->addWidget(txtbanner);
-    layout->addWidget(races.frame);
+    QVBoxLayout *layout = buildHead();
     layout->addWidget(buildTypeAndGrid());
     auto *below = new QHBoxLayout;
     below->addWidget(buildFigures(), 1);
@@ -60,16 +51,10 @@ void frmpaymulti::build()
 QWidget *frmpaymulti::buildTypeAndGrid()
 {
     auto *box = new QGroupBox(u"Bet Type and Winning Post Numbers"_s, this);
-    QList<TypeButtons::Type> types;
-    for (const MultibetType &type : multibetTypes())
-        types.append({type.code, type.button, type.caption, type.toolTip});
-    m_types = new TypeButtons(types, box);
-    m_grid = new PostGrid(PostGrid::Selection::OnePerLine, box);
-    const QString tips[] = {u"Click on the winning post number"_s,
-                            u"Click on the place post number"_s,
-                            u"Click on the show post number"_s};
-    for (int line = 0; line < 3; ++line)
-        m_grid->setLine(line, "Line "_L1 + QString::number(line + 1), tips[line], tips[line]);
+    makeTypes(box);
+    makeGrid(PostGrid::Selection::OnePerLine, box,
+             {u"Click on the winning post number"_s, u"Click on the place post number"_s,
+              u"Click on the show post number"_s});
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(m_types);
@@ -154,8 +139,6 @@ void frmpaymulti::connectControls()
 {
     connect(m_races, &QButtonGroup::idClicked, this, &frmpaymulti::chooseRace);
     connect(m_types, &TypeButtons::clicked, this, &frmpaymulti::chooseType);
-    connect(m_grid, &PostGrid::duplicateRefused, this,
-            [this] { showMessage(this, u"Duplicate horse post number"_s); });
     connect(txtpercent, &ClickCell::clicked, this,
             [this] { setHousePercent(m_context.session.multibetHousePercent + 1); });
     connect(txtpercent, &ClickCell::doubleClicked, this, [this] { setHousePercent(0); });
@@ -180,38 +163,24 @@ void frmpaymulti::fill()
 
 void frmpaymulti::chooseRace(int race)
 {
-    m_context.session.settings.currentRace = race;
-    txtbanner->setText(m_context.session.settings.bannerAndRace());
+    showRace(race);
     m_grid->clearSelection();
     clearOutputs();
-    showLegs();
+    lblnote->setText(showLegs().note);
 }
 
 // The finish stays selected from one bet type to the next, as long as the lines mean the same.
 void frmpaymulti::chooseType(const QString &code)
 {
-    const MultibetType *type = multibetType(code);
     const MultibetType *before = multibetType(m_types->type());
-    if (type->lines == 3 && m_races->checkedId() < 0)
-        return showMessage(this, u"Must select race first"_s);
-    m_types->setType(code);
-    m_grid->setRepeatsAllowed(type->races);
+    const MultibetType *type = takeType(code);
+    if (!type)
+        return;
     if (before && before->races != type->races)
         m_grid->clearSelection();
     clearOutputs();
     if (m_races->checkedId() > 0)
-        showLegs();
-}
-
-void frmpaymulti::showLegs()
-{
-    MultibetLegs legs;
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly,
-               [&] { legs = loadLegs(m_context.session, multibetType(m_types->type())); });
-    m_grid->showPosts(legs.posts);
-    for (int line = 0; line < 3; ++line)
-        m_grid->setLabel(line, legs.labels[std::size_t(line)]);
-    lblnote->setText(legs.note);
+        lblnote->setText(showLegs().note);
 }
 
 void frmpaymulti::setHousePercent(int percent)
@@ -282,21 +251,11 @@ void frmpaymulti::showSettlement(const MultibetSettlement &settled)
 
 void frmpaymulti::printList()
 {
-    Session &session = m_context.session;
-    const int copies = listingCopies(
-        askText(this, u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s, u"1"_s));
-    if (copies == 0)
-        return;
-    if (!session.settings.mayPrint())
-        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
-    MultibetResult result{m_types->type(), {}, txthouse->text(), txttpay->text(), txtpool->text(),
-                          txtpay->text()};
-    for (int row = 0; row < lstbets->count(); ++row)
-        result.lines.append(lstbets->item(row)->text());
-    session.settings.operationLabel = u"Print Winners/Refunds"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
-        for (int copy = 0; copy < copies; ++copy)
-            m_context.printer.print(multibetWinnersSlip(session.settings.banner, result));
-        lblnote->setText("Copies printed: "_L1 + QString::number(copies));
-    });
+    const MultibetResult result{m_types->type(), listLines(lstbets), txthouse->text(),
+                                txttpay->text(), txtpool->text(),    txtpay->text()};
+    const QString note =
+        printCopies(this, m_context, listCopiesQuestion(),
+                    multibetWinnersSlip(m_context.session.settings.banner, result));
+    if (!note.isNull())
+        lblnote->setText(note);
 }

@@ -1,23 +1,16 @@
 #pragma once
 
+#include "multibets/frmmultiscreen.h"
 #include "multibets/multisettle.h"
-#include "ui/navigator.h"
-
-#include <QWidget>
 
 class ClickCell;
-class PostGrid;
-class QButtonGroup;
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
-class TypeButtons;
-struct MultibetType;
 
 // Settles the multibets of one type of one race: the pool, the house cut, the winning tickets or
 // the refunds.
-class frmpaymulti : public QWidget
+class frmpaymulti : public MultibetScreen
 {
     Q_OBJECT
 
@@ -34,7 +27,6 @@ private:
 
     void chooseRace(int race);
     void chooseType(const QString &code);
-    void showLegs();
     void setHousePercent(int percent);
     void findWinners();
     void clearOutputs();
@@ -43,11 +35,6 @@ private:
     int winnerOf(int line) const;
     void printList();
 
-    ScreenContext m_context;
-    QLineEdit *txtbanner;
-    QButtonGroup *m_races;
-    TypeButtons *m_types;
-    PostGrid *m_grid;
     ClickCell *txtpercent;
     QLineEdit *txtpool;
     QLineEdit *txthouse;
@@ -58,5 +45,4 @@ private:
     QPushButton *cmdenterwin;
     QPushButton *cmdprint;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
 };

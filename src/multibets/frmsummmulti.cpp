@@ -1,12 +1,11 @@
 #include "multibets/frmsummmulti.h"
 
-#include "betting/listingcopies.h"
+#include "multibets/frmmultiscreen.h"
 #include "multibets/multibetrecords.h"
 #include "multibets/multislips.h"
 #include "multibets/multisummary.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -66,20 +65,8 @@ void frmsummmulti::fill()
 
 void frmsummmulti::printSummary()
 {
-    Session &session = m_context.session;
-    const int copies = listingCopies(
-        askText(this, u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s, u"1"_s));
-    if (copies == 0)
-        return;
-    if (!session.settings.mayPrint())
-        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
-    QStringList lines;
-    for (int row = 0; row < lstsumm->count(); ++row)
-        lines.append(lstsumm->item(row)->text());
-    session.settings.operationLabel = u"Print Winners/Refunds"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
-        for (int copy = 0; copy < copies; ++copy)
-            m_context.printer.print(multibetSummarySlip(lines));
-        lblnote->setText("Copies printed: "_L1 + QString::number(copies));
-    });
+    const QString note =
+        printCopies(this, m_context, listCopiesQuestion(), multibetSummarySlip(listLines(lstsumm)));
+    if (!note.isNull())
+        lblnote->setText(note);
 }

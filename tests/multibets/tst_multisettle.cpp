@@ -20,7 +20,6 @@ private slots:
     void settle_data();
     void settle();
     void fullPrecision();
-    void summary_data();
     void summary();
 };
 
@@ -28,74 +27,57 @@ void tst_multisettle::settle_data()
 {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("type");
-    QTest::addColumn<QList<int>>("winners");
+    QTest::addColumn<std::array<int, 3>>("winners");
     QTest::addColumn<int>("percent");
-    QTest::addColumn<Outcome>("outcome");
     QTest::addColumn<QString>("figures"); // pool, house cut, net, pay per dollar
-    QTest::addColumn<QStringList>("lines");
-
+    QTest::addColumn<QString>("lines");
+    const auto row = [](const char *rule, const QByteArray &file, const char *type,
+                        std::array<int, 3> winners, int percent, const char *figures,
+                        const char *lines) {
+        QTest::newRow(rule) << file << type << winners << percent << figures << lines;
+    };
     const QByteArray exactas = "4,7,0,\"EX\",2,2\r\n4,7,0,\"EX\",2,5\r\n7,4,0,\"EX\",16,3\r\n";
-    QTest::newRow("house cut, one line a ticket")
-        << exactas + "4,7,0,\"Q\",50,2\r\n"
-        << "EX" << QList{4, 7, 0} << 10 << Outcome::Winners << "$20.00 $2.00 $18.00 $4.50"
-        << QStringList{u"ANN $9.00"_s, u"BOB $9.00"_s};
-    QTest::newRow("tickets of one bettor are not merged")
-        << "4,7,0,\"EX\",1,5\r\n4,7,0,\"EX\",3,5\r\n"_ba
-        << "EX" << QList{4, 7, 0} << 0 << Outcome::Winners << "$4.00 $0.00 $4.00 $1.00"
-        << QStringList{u"BOB $1.00"_s, u"BOB $3.00"_s};
-    QTest::newRow("above 100 percent the net is negative")
-        << exactas << "EX" << QList{4, 7, 0} << 110 << Outcome::Winners
-        << "$20.00 $22.00 -$2.00 -$0.50" << QStringList{u"ANN -$1.00"_s, u"BOB -$1.00"_s};
-    QTest::newRow("quinela in the other order does not win")
-        << "3,5,0,\"Q\",2,2\r\n"_ba
-        << "Q" << QList{5, 3, 0} << 10 << Outcome::Refund << "$2.00 $0.00 $0.00 $0.00"
-        << QStringList{u"NO WINNERS - REFUND"_s, u" "_s, u"ANN $2.00"_s};
-    QTest::newRow("boxed quinela wins in the order entered")
-        << "3,5,0,\"Q\",2,2\r\n5,3,0,\"Q\",2,2\r\n"_ba
-        << "Q" << QList{5, 3, 0} << 0 << Outcome::Winners << "$4.00 $0.00 $4.00 $2.00"
-        << QStringList{u"ANN $4.00"_s};
-    QTest::newRow("the third post decides a trifecta")
-        << "1,2,3,\"T\",1,2\r\n1,2,4,\"T\",1,5\r\n"_ba
-        << "T" << QList{1, 2, 4} << 0 << Outcome::Winners << "$2.00 $0.00 $2.00 $2.00"
-        << QStringList{u"BOB $2.00"_s};
-    QTest::newRow("refund sums each bettor in table order")
-        << "1,2,0,\"DD\",3,3\r\n1,3,0,\"DD\",4,5\r\n1,4,0,\"DD\",5,3\r\n"_ba
-        << "DD" << QList{9, 9, 0} << 50 << Outcome::Refund << "$12.00 $0.00 $0.00 $0.00"
-        << QStringList{u"NO WINNERS - REFUND"_s, u" "_s, u"BOB $4.00"_s, u"CARL $8.00"_s};
-    QTest::newRow("winner of an unknown number")
-        << "4,7,0,\"EX\",2,44\r\n"_ba
-        << "EX" << QList{4, 7, 0} << 0 << Outcome::Winners << "$2.00 $0.00 $2.00 $1.00"
-        << QStringList{u"44 Bad Bettor Number $2.00"_s};
-    QTest::newRow("refund of an unknown number comes last")
-        << "4,7,0,\"EX\",2,44\r\n4,7,0,\"EX\",1,5\r\n"_ba
-        << "EX" << QList{1, 1, 0} << 0 << Outcome::Refund << "$3.00 $0.00 $0.00 $0.00"
-        << QStringList{u"NO WINNERS - REFUND"_s, u" "_s, u"BOB $1.00"_s,
-                       u"44 Bad Bettor Number $2.00"_s};
-    QTest::newRow("damaged lines have no stake")
-        << "4,7,0,\"EX\",2,2\r\n4,7,0,\"EX,2,2\r\nx\r\n"_ba
-        << "EX" << QList{4, 7, 0} << 0 << Outcome::Winners << "$2.00 $0.00 $2.00 $1.00"
-        << QStringList{u"ANN $2.00"_s};
-    QTest::newRow("no bets of the type")
-        << exactas << "P3" << QList{4, 7, 0} << 10 << Outcome::NoBets << "$0.00 $0.00 $0.00 $0.00"
-        << QStringList();
+    row("house cut, one line a ticket", exactas + "4,7,0,\"Q\",50,2\r\n", "EX", {4, 7, 0}, 10,
+        "$20.00 $2.00 $18.00 $4.50", "ANN $9.00|BOB $9.00");
+    row("tickets of one bettor are not merged", "4,7,0,\"EX\",1,5\r\n4,7,0,\"EX\",3,5\r\n", "EX",
+        {4, 7, 0}, 0, "$4.00 $0.00 $4.00 $1.00", "BOB $1.00|BOB $3.00");
+    row("above 100 percent the net is negative", exactas, "EX", {4, 7, 0}, 110,
+        "$20.00 $22.00 -$2.00 -$0.50", "ANN -$1.00|BOB -$1.00");
+    row("quinela in the other order does not win", "3,5,0,\"Q\",2,2\r\n", "Q", {5, 3, 0}, 10,
+        "$2.00 $0.00 $0.00 $0.00", "NO WINNERS - REFUND| |ANN $2.00");
+    row("the third post decides a trifecta", "1,2,3,\"T\",1,2\r\n1,2,4,\"T\",1,5\r\n", "T",
+        {1, 2, 4}, 0, "$2.00 $0.00 $2.00 $2.00", "BOB $2.00");
+    row("refund sums each bettor in table order",
+        "1,2,0,\"DD\",3,3\r\n1,3,0,\"DD\",4,5\r\n1,4,0,\"DD\",5,3\r\n", "DD", {9, 9, 0}, 50,
+        "$12.00 $0.00 $0.00 $0.00", "NO WINNERS - REFUND| |BOB $4.00|CARL $8.00");
+    row("winner of an unknown number", "4,7,0,\"EX\",2,44\r\n", "EX", {4, 7, 0}, 0,
+        "$2.00 $0.00 $2.00 $1.00", "44 Bad Bettor Number $2.00");
+    row("refund of an unknown number comes last", "4,7,0,\"EX\",2,44\r\n4,7,0,\"EX\",1,5\r\n", "EX",
+        {1, 1, 0}, 0, "$3.00 $0.00 $0.00 $0.00",
+        "NO WINNERS - REFUND| |BOB $1.00|44 Bad Bettor Number $2.00");
+    row("damaged lines have no stake", "4,7,0,\"EX\",2,2\r\n4,7,0,\"EX,2,2\r\nx\r\n", "EX",
+        {4, 7, 0}, 0, "$2.00 $0.00 $2.00 $1.00", "ANN $2.00");
+    row("no bets of the type", exactas, "P3", {4, 7, 0}, 10, "$0.00 $0.00 $0.00 $0.00", "");
 }
 
 void tst_multisettle::settle()
 {
     QFETCH(QByteArray, file);
     QFETCH(QString, type);
-    QFETCH(QList<int>, winners);
+    using Posts = std::array<int, 3>;
+    QFETCH(Posts, winners);
     QFETCH(int, percent);
-    QFETCH(QString, figures);
+    QFETCH(QString, lines);
     const MultibetSettlement settled =
-        settleMultibets(parseMultibets(file.toStdString()), bettors(), type,
-                        {winners[0], winners[1], winners[2]}, percent);
-    QTEST(settled.outcome, "outcome");
+        settleMultibets(parseMultibets(file.toStdString()), bettors(), type, winners, percent);
+    QCOMPARE(settled.outcome, lines.isEmpty()              ? Outcome::NoBets
+                              : lines.startsWith(u"NO "_s) ? Outcome::Refund
+                                                           : Outcome::Winners);
     QStringList shown;
     for (const double figure : {settled.pool, settled.houseCut, settled.net, settled.payPerDollar})
         shown.append(formatMoney(figure, "$#,##0.00"));
-    QCOMPARE(shown.join(u' '), figures);
-    QTEST(settled.lines, "lines");
+    QTEST(shown.join(u' '), "figures");
+    QCOMPARE(settled.lines.join(u'|'), lines);
 }
 
 // A pay per dollar rounded to cents, $33.33, would leave one cent of the pool unpaid.
@@ -107,30 +89,15 @@ void tst_multisettle::fullPrecision()
     QCOMPARE(settled.lines, QStringList{u"ANN $100.00"_s});
 }
 
-void tst_multisettle::summary_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QStringList>("lines");
-    QTest::newRow("empty file") << QByteArray()
-                                << QStringList{u"Trifecta  $00.00"_s, u"Exacta    $00.00"_s,
-                                               u"Quinela   $00.00"_s, u"Pick 3    $00.00"_s,
-                                               u"Daily D   $00.00"_s, u" "_s,
-                                               u"Total Bet $00.00"_s};
-    QTest::newRow("each type in its line, other codes in none")
-        << "1,2,0,\"DD\",5,1\r\n1,2,3,\"T\",0.25,1\r\n1,2,3,\"T\",1000,1\r\n1,2,0,\"EX\",2,1\r\n"
-           "1,2,0,\"Q\",3,1\r\n1,2,3,\"P3\",4,1\r\n1,2,3,\"ZZ\",99,1\r\n"_ba
-        << QStringList{u"Trifecta  $1,000.25"_s, u"Exacta    $02.00"_s, u"Quinela   $03.00"_s,
-                       u"Pick 3    $04.00"_s,    u"Daily D   $05.00"_s, u" "_s,
-                       u"Total Bet $1,014.25"_s};
-}
-
+// Each type in its line, other codes in none.
 void tst_multisettle::summary()
 {
-    QFETCH(QByteArray, file);
-    QFETCH(QStringList, lines);
-    const QStringList heading{u"Kentucky Derby  Race3 Bet Summary"_s, u" "_s};
-    QCOMPARE(multibetSummary(parseMultibets(file.toStdString()), u"Kentucky Derby"_s, u" Race3"_s),
-             heading + lines);
+    const auto bets = parseMultibets(
+        "1,2,0,\"DD\",5,1\r\n1,2,3,\"T\",0.25,1\r\n1,2,3,\"T\",1000,1\r\n1,2,0,\"EX\",2,1\r\n"
+        "1,2,0,\"Q\",3,1\r\n1,2,3,\"ZZ\",99,1\r\n");
+    QCOMPARE(multibetSummary(bets, u"Kentucky Derby"_s, u" Race3"_s).join(u'|'),
+             u"Kentucky Derby  Race3 Bet Summary| |Trifecta  $1,000.25|Exacta    $02.00|"
+             "Quinela   $03.00|Pick 3    $00.00|Daily D   $05.00| |Total Bet $1,010.25"_s);
 }
 
 TRELAWN_TEST_MAIN(tst_multisettle)

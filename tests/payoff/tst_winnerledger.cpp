@@ -9,7 +9,6 @@ class tst_winnerledger : public QObject
 
 private slots:
     void roundsEachTotalForItself();
-    void namesTheUnpaid_data();
     void namesTheUnpaid();
     void slipsOfClosedRacesStay();
 
@@ -39,39 +38,28 @@ void tst_winnerledger::roundsEachTotalForItself()
     QCOMPARE(ledger.unpaidCount(), 2);
     QCOMPARE(ledger.paid(), 1.13F);
     QCOMPARE(ledger.paidRounded(), 1.25F);
-    ledger.start(1, winners(3), 3);
-    QCOMPARE(ledger.paidCount(), 0);
-    QCOMPARE(ledger.paid(), 0.0F);
-}
-
-void tst_winnerledger::namesTheUnpaid_data()
-{
-    QTest::addColumn<int>("winnerCount");
-    QTest::addColumn<QList<int>>("paid"); // places in the list
-    QTest::addColumn<QString>("note");
-    QTest::newRow("nobody paid") << 2 << QList<int>{} << u"Not paid in Race7: A, B"_s;
-    QTest::newRow("some paid") << 3 << QList<int>{1} << u"Not paid in Race7: A, C"_s;
-    QTest::newRow("all paid") << 2 << QList<int>{0, 1} << QString();
-    QTest::newRow("three by name") << 3 << QList<int>{} << u"Not paid in Race7: A, B, C"_s;
-    QTest::newRow("more by number")
-        << 5 << QList<int>{0} << u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s;
 }
 
 void tst_winnerledger::namesTheUnpaid()
 {
-    QFETCH(int, winnerCount);
-    QFETCH(QList<int>, paid);
-    WinnerLedger ledger;
-    ledger.start(7, winners(winnerCount), 1);
-    for (const int index : paid)
-        ledger.pay(std::size_t(index), {});
-    ledger.closeRace(bettors);
-    QTEST(ledger.unpaidNotes().join(u';'), "note");
-    // Paid later, the race is no longer named.
-    ledger.start(7, winners(1), 1);
-    ledger.pay(0, {});
-    ledger.closeRace(bettors);
-    QVERIFY(ledger.unpaidNotes().isEmpty());
+    const std::tuple<int, QList<int>, QString> races[] = {
+        {3, {1}, u"Not paid in Race7: A, C"_s},
+        {2, {0, 1}, {}},
+        {3, {}, u"Not paid in Race7: A, B, C"_s},
+        {5, {0}, u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s}};
+    for (const auto &[winnerCount, paid, note] : races) {
+        WinnerLedger ledger;
+        ledger.start(7, winners(winnerCount), 1);
+        for (const int index : paid)
+            ledger.pay(std::size_t(index), {});
+        ledger.closeRace(bettors);
+        QCOMPARE(ledger.unpaidNotes().join(u';'), note);
+        // Paid later, the race is no longer named.
+        ledger.start(7, winners(1), 1);
+        ledger.pay(0, {});
+        ledger.closeRace(bettors);
+        QVERIFY(ledger.unpaidNotes().isEmpty());
+    }
 }
 
 void tst_winnerledger::slipsOfClosedRacesStay()
