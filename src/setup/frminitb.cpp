@@ -237,8 +237,7 @@ void frminitb::connectControls()
         {Command1, u"frmdirb"_s}, {cmdimpext, u"frmimportb"_s}, {cmdhelp, u"frmhelpb"_s}};
     for (const auto &[button, name] : screens) {
         button->setEnabled(m_context.navigator.has(name));
-        connect(button, &QPushButton::clicked, this,
-                [this, screen = name] { openScreen(screen); });
+        connect(button, &QPushButton::clicked, this, [this, screen = name] { openScreen(screen); });
     }
 }
 
