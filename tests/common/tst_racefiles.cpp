@@ -20,7 +20,6 @@ private slots:
     void append();
     void remove_data();
     void remove();
-    void bettors();
 };
 
 void tst_racefiles::loadBets()
@@ -139,17 +138,6 @@ void tst_racefiles::remove()
     QCOMPARE(saved.size(), before == after ? 0 : 2);
     for (const QString &copy : saved)
         QCOMPARE(event.read(u"Saved\\"_s + copy), before);
-}
-
-void tst_racefiles::bettors()
-{
-    TestEvent event;
-    loadBettors(event.session, u"Bettors input"_s);
-    QCOMPARE(event.session.bettors.sortedNames(), {u"AnyBettor"_s});
-    QCOMPARE(event.session.bettors.slotCount(), defaultBettorLimit);
-    QVERIFY(QFile::remove(event.path(u"Bettors"_s)));
-    QVERIFY_THROWS_EXCEPTION(FileError, loadBettors(event.session, u"Bettors input-Sheet"_s));
-    QCOMPARE(event.session.settings.operationLabel, u"Bettors input-Sheet"_s);
 }
 
 TRELAWN_TEST_MAIN(tst_racefiles)
