@@ -20,7 +20,6 @@ private slots:
     void bet();
     void rewriteKeepsOtherLines();
     void truncation();
-    void damage_data();
     void damage();
 };
 
@@ -140,40 +139,32 @@ void tst_records::truncation()
     }
 }
 
-void tst_records::damage_data()
-{
-    QTest::addColumn<QByteArray>("junk");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("swapped quotes") << QByteArray("1\",2,\"3,4");
-    QTest::newRow("zero bytes") << QByteArray(9, '\0');
-    QTest::newRow("bytes of no encoding") << QByteArray("\xff\xfe\x81\x8d");
-    QTest::newRow("very long") << QByteArray(100000, '7');
-}
-
 // Junk on a line of its own, before, between or after, touches no other line.
 void tst_records::damage()
 {
-    QFETCH(QByteArray, junk);
-    const auto around = [&](const QByteArray &first, const QByteArray &second) -> QByteArray {
-        return junk + "\r\n" + first + "\r\n" + junk + '\n' + second + "\r\n" + junk;
-    };
-    const BetTable bets = parseBets(around("1,1,1,5", "2,21,3,7").toStdString());
-    QList<float> posts;
-    for (const BetRow &row : bets.rows) {
-        if (!row.damaged && isCountable(row.bet))
-            posts.append(row.bet.post);
+    for (const QByteArray &junk : {QByteArray(), QByteArray("1\",2,\"3,4"), QByteArray(9, '\0'),
+                                   QByteArray("\xff\xfe\x81\x8d"), QByteArray(100000, '7')}) {
+        const auto around = [&](const QByteArray &first, const QByteArray &second) -> QByteArray {
+            return junk + "\r\n" + first + "\r\n" + junk + '\n' + second + "\r\n" + junk;
+        };
+        const BetTable bets = parseBets(around("1,1,1,5", "2,21,3,7").toStdString());
+        QList<float> posts;
+        for (const BetRow &row : bets.rows) {
+            if (!row.damaged && isCountable(row.bet))
+                posts.append(row.bet.post);
+        }
+        QCOMPARE(posts, (QList<float>{1, 21}));
+        QCOMPARE(poolsOf(bets).amount(totalsRow, totalColumn), 12.0F);
+
+        const BettorTable bettors = BettorTable::parse(around("1,\"AnyBettor\"", "2,\"ANNA\""), 1);
+        QCOMPARE(bettors.nameOf(1), u"AnyBettor"_s);
+        QCOMPARE(bettors.numberOf(u"ANNA"_s), 2);
+        QCOMPARE(BettorTable::parse(bettors.records(), 1).records(), bettors.records());
+
+        const HorseFile card = parseHorses(around("1,0,\"1 \",\"A\"", "21,3,\"1A\",\"B\""));
+        QCOMPARE(card.horses.post(1).number, u"1"_s);
+        QCOMPARE(card.horses.post(21).pool, 3);
     }
-    QCOMPARE(posts, (QList<float>{1, 21}));
-    QCOMPARE(poolsOf(bets).amount(totalsRow, totalColumn), 12.0F);
-
-    const BettorTable bettors = BettorTable::parse(around("1,\"AnyBettor\"", "2,\"ANNA\""), 1);
-    QCOMPARE(bettors.nameOf(1), u"AnyBettor"_s);
-    QCOMPARE(bettors.numberOf(u"ANNA"_s), 2);
-    QCOMPARE(BettorTable::parse(bettors.records(), 1).records(), bettors.records());
-
-    const HorseFile card = parseHorses(around("1,0,\"1 \",\"A\"", "21,3,\"1A\",\"B\""));
-    QCOMPARE(card.horses.post(1).number, u"1"_s);
-    QCOMPARE(card.horses.post(21).pool, 3);
 }
 
 TRELAWN_TEST_MAIN(tst_records)
