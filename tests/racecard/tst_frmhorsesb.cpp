@@ -278,7 +278,6 @@ void tst_frmhorsesb::editsAreFlagged()
     typeInto(screen, u"txthorse_3"_s, QString());
     typeInto(screen, u"txthorse_2"_s, u"SHAM"_s);
     QCOMPARE(labelText(screen, u"lblunsaved"_s), QString());
-
     typeInto(screen, u"txthorse_2"_s, u"SHAMROCK"_s);
     chooseRace(2);
     QCOMPARE(note(), u"Race1: changed posts that were not saved: 1"_s);
