@@ -38,66 +38,53 @@ class tst_recordlist : public QObject
     Q_OBJECT
 
 private slots:
-    void checksBets_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("row");
-        const QString good = u"1|2|SMITH|1A|Ada| Win  |"_s;
-        QTest::newRow("a good bet") << "2,2,1,2.5"_qba << good + u"2.5"_s;
-        QTest::newRow("most amount") << "2,2,1,1000"_qba << good + u"1000"_s;
-        QTest::newRow("too much") << "2,2,1,1000.01"_qba << good + u" Bad Bet Amount"_s;
-        QTest::newRow("deleted bettor")
-            << "7,1,2,5"_qba << u"1|7|7 Bad Bettor Number|1|Rex| Place|5"_s;
-        QTest::newRow("no bettor") << "0,1,3,5"_qba << u"1|0| Null Bettor Number|1|Rex| Show |5"_s;
-        QTest::newRow("post 22") << "2,22,1,5"_qba << u"1|2|SMITH|22| Bad Horse Number| Win  |5"_s;
-        QTest::newRow("no horse on the post")
-            << "2,5,1,5"_qba << u"1|2|SMITH|5| Bad Horse Number| Win  |5"_s;
-        QTest::newRow("half a post")
-            << "2,1.5,1,5"_qba << u"1|2|SMITH|1.5| Bad Horse Number| Win  |5"_s;
-        QTest::newRow("no such type")
-            << "2,1,4,5"_qba << u"1|2|SMITH|1|Rex| Bad Bet Type - Not 1,2, or 3|5"_s;
-        QTest::newRow("torn line")
-            << "2,2"_qba << u"1|2|SMITH|1A|Ada| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-        QTest::newRow("an open quote")
-            << "\"2,2,1,5"_qba
-            << u"1|| Null Bettor Number|| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-        QTest::newRow("numbers out of every range")
-            << "1e300,-1e300,99999999999,1e-40"_qba
-            << u"1|inf|inf Bad Bettor Number|-1e300| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-    }
     void checksBets()
     {
-        QFETCH(QByteArray, line);
-        QFETCH(QString, row);
+        const QString good = u"1|2|SMITH|1A|Ada| Win  |"_s;
+        const QString badType = u" Bad Bet Type - Not 1,2, or 3"_s;
+        const std::pair<QByteArray, QString> cases[] = {
+            {"2,2,1,.01", good + u"0.01"_s},
+            {"2,2,1,1000", good + u"1000"_s},
+            {"2,2,1,0.005", good + u" Bad Bet Amount"_s},
+            {"2,2,1,1000.01", good + u" Bad Bet Amount"_s},
+            {"7,1,2,5", u"1|7|7 Bad Bettor Number|1|Rex| Place|5"_s},
+            {"0,1,3,5", u"1|0| Null Bettor Number|1|Rex| Show |5"_s},
+            {"2,22,1,5", u"1|2|SMITH|22| Bad Horse Number| Win  |5"_s},
+            {"2,5,1,5", u"1|2|SMITH|5| Bad Horse Number| Win  |5"_s}, // nobody runs there
+            {"2,1.5,1,5", u"1|2|SMITH|1.5| Bad Horse Number| Win  |5"_s},
+            {"2,1,4,5", u"1|2|SMITH|1|Rex|"_s + badType + u"|5"_s},
+            {"2,2", u"1|2|SMITH|1A|Ada|"_s + badType + u"| Bad Bet Amount"_s}, // torn
+            {"\"2,2,1,5",
+             u"1|| Null Bettor Number|| Bad Horse Number|"_s + badType + u"| Bad Bet Amount"_s},
+            {"1e300,-1e300,99999999999,1e-40",
+             u"1|inf|inf Bad Bettor Number|-1e300| Bad Horse Number|"_s + badType
+                 + u"| Bad Bet Amount"_s}};
         Event event;
-        event.write(u"Bets Race1"_s, line + "\r\n");
-        const RecordList list = event.list(Listing::Bets);
-        QCOMPARE(joined(list.rows[0]), row);
-        QCOMPARE(list.damagedRows(), row.contains(" Bad "_L1) || row.contains(" Null "_L1) ? 1 : 0);
-        QCOMPARE(joined(list.rows.last()), u"Total Bets|1 Bets"_s);
+        for (const auto &[line, row] : cases) {
+            event.write(u"Bets Race1"_s, line + "\r\n");
+            const RecordList list = event.list(Listing::Bets);
+            QCOMPARE(joined(list.rows[0]), row);
+            const bool bad = row.contains(" Bad "_L1) || row.contains(" Null "_L1);
+            QCOMPARE(list.damagedRows(), bad ? 1 : 0);
+            QCOMPARE(joined(list.rows.last()), u"Total Bets|1 Bets"_s);
+        }
     }
 
-    void checksMultibets_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("row");
-        QTest::newRow("exacta") << "1,2,0,\"EX\",2,2"_qba << u"1|2|SMITH| Exacta|1,1A|2"_s;
-        QTest::newRow("further legs run in the next races")
-            << "1,9,0,\"DD\",2,2"_qba << u"1|2|SMITH| Daily Double|1,9|2"_s;
-        QTest::newRow("an exacta does not")
-            << "1,9,0,\"EX\",2,2"_qba << u"1|2|SMITH| Exacta| Bad Horse Number|2"_s;
-        QTest::newRow("a trifecta needs its third post")
-            << "1,2,0,\"T\",2,2"_qba << u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s;
-        QTest::newRow("unknown type and bettor")
-            << "1,2,0,\"X\",0,9"_qba
-            << u"1|9|9 Bad Bettor Number| Bad Bet Type| Bad Horse Number| Bad Bet Amount"_s;
-    }
     void checksMultibets()
     {
-        QFETCH(QByteArray, line);
+        const std::pair<QByteArray, QString> cases[] = {
+            {"1,2,0,\"EX\",2,2", u"1|2|SMITH| Exacta|1,1A|2"_s},
+            // Further legs run in the next races; an exacta has none.
+            {"1,9,0,\"DD\",2,2", u"1|2|SMITH| Daily Double|1,9|2"_s},
+            {"1,9,0,\"EX\",2,2", u"1|2|SMITH| Exacta| Bad Horse Number|2"_s},
+            {"1,2,0,\"T\",2,2", u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s},
+            {"1,2,0,\"X\",0,9",
+             u"1|9|9 Bad Bettor Number| Bad Bet Type| Bad Horse Number| Bad Bet Amount"_s}};
         Event event;
-        event.write(u"Multibets Race1"_s, line + "\r\n");
-        QTEST(joined(event.list(Listing::Multibets).rows[0]), "row");
+        for (const auto &[line, row] : cases) {
+            event.write(u"Multibets Race1"_s, line + "\r\n");
+            QCOMPARE(joined(event.list(Listing::Multibets).rows[0]), row);
+        }
     }
 
     void headings()
