@@ -16,7 +16,6 @@ class tst_frmimportb : public QObject
 private slots:
     void init();
     void choosesFolder();
-    void asksAndRefuses_data();
     void asksAndRefuses();
     void secondComputersBets();
     void twiceAddsOnce();
@@ -121,37 +120,29 @@ void tst_frmimportb::choosesFolder()
     QCOMPARE(event->navigator().currentName(), u"frminitb"_s);
 }
 
-void tst_frmimportb::asksAndRefuses_data()
-{
-    QTest::addColumn<QStringList>("checked");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<bool>("agreed");
-    QTest::addColumn<QString>("refusal");
-    QTest::newRow("nothing checked")
-        << QStringList() << QString() << false << u"Check Horses, Bettors or Bets first"_s;
-    QTest::newRow("Cancel") << everything << question << false << QString();
-    QTest::newRow("bets without their bettors")
-        << QStringList{u"chkbets"_s} << u"Import Bets from D:\\Club\\?"_s << true
-        << u"There are bets of bettors who are not in the list here: EMIL. Check Bettors too."_s;
-}
-
 void tst_frmimportb::asksAndRefuses()
 {
-    QFETCH(QStringList, checked);
-    QFETCH(QString, asked);
-    QFETCH(bool, agreed);
-    QFETCH(QString, refusal);
     openClub();
-    check(checked);
-    if (!asked.isEmpty())
-        boxes->expect(asked, u"Import"_s, agreed ? Answer::Ok : Answer::Cancel);
-    if (!refusal.isEmpty())
-        boxes->expect(refusal, u"Import"_s);
-    clickButton(screen, u"cmdimport"_s);
-    QVERIFY(boxes->allCame());
-    QCOMPARE(event->read(u"Bettors"_s), QByteArray(mainBettors));
-    QCOMPARE(event->read(u"Bets Race2"_s), QByteArray(mainBets));
-    QCOMPARE(child<QTableWidget>(screen, u"grdimport"_s)->rowCount(), 0);
+    // What is checked and asked, the answer, and the refusal.
+    const std::tuple<QStringList, QString, Answer, QString> cases[] = {
+        {{}, {}, Answer::Ok, u"Check Horses, Bettors or Bets first"_s},
+        {everything, question, Answer::Cancel, {}},
+        {{u"chkbets"_s},
+         u"Import Bets from D:\\Club\\?"_s,
+         Answer::Ok,
+         u"There are bets of bettors who are not in the list here: EMIL. Check Bettors too."_s}};
+    for (const auto &[checked, asked, answer, refusal] : cases) {
+        check(checked);
+        if (!asked.isEmpty())
+            boxes->expect(asked, u"Import"_s, answer);
+        if (!refusal.isEmpty())
+            boxes->expect(refusal, u"Import"_s);
+        clickButton(screen, u"cmdimport"_s);
+        QVERIFY(boxes->allCame());
+        QCOMPARE(event->read(u"Bettors"_s), QByteArray(mainBettors));
+        QCOMPARE(event->read(u"Bets Race2"_s), QByteArray(mainBets));
+        QCOMPARE(child<QTableWidget>(screen, u"grdimport"_s)->rowCount(), 0);
+    }
 }
 
 // Every stake comes under the number that its name has here, and the screen says what came.
