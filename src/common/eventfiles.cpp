@@ -86,6 +86,13 @@ QString createIfMissing(Session &session, RecordFile file, int race, const QByte
     return note;
 }
 
+// The bytes with whole lines after them.
+QByteArray withLines(const QByteArray &bytes, const QByteArray &lines)
+{
+    const bool lacksEnd = !bytes.isEmpty() && !bytes.endsWith('\n');
+    return bytes + (lacksEnd ? recordEnd : "") + lines;
+}
+
 } // namespace
 
 void makeEventFolder(Session &session)
@@ -176,6 +183,16 @@ void appendTwins(Session &session, RecordFile file, int race, const QByteArray &
         cutRecords(main, lines);
         throw;
     }
+}
+
+void addTwinsWithLines(QList<NamedBytes> &files, const Session &session, RecordFile file, int race,
+                       const QByteArray &lines)
+{
+    const QString main = mainFile(session, file, race);
+    const QString twin = twinFile(session, file, race);
+    const QByteArray bytes = readRecordFile(main);
+    files.append({main, withLines(bytes, lines)});
+    files.append({twin, withLines(QFileInfo::exists(twin) ? readRecordFile(twin) : bytes, lines)});
 }
 
 QString keepInSaved(Session &session, const QString &path)

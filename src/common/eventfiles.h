@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/recordfile.h"
 #include "common/session.h"
 
 #include <QLockFile>
@@ -52,6 +53,11 @@ void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray 
 // twin fails, the lines are taken off the main file again, so that both are as before.
 void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
                  const QString &label, const QString &twinLabel);
+
+// Adds to \a files the main file and the twin as they would be with whole lines appended, for
+// replaceRecordFiles: appending to several files at once, or to none.
+void addTwinsWithLines(QList<NamedBytes> &files, const Session &session, RecordFile file, int race,
+                       const QByteArray &lines);
 
 // Puts a copy of a file into the Saved folder, with the time in its name. A missing or empty file
 // needs none. Returns the copy's file name, or an empty text.

@@ -308,23 +308,6 @@ void planBets(ImportPlan &plan, ImportedRace &race, const BetTable &bets, const 
     plan.betLines[i] = QByteArray::fromStdString(lines);
 }
 
-// The bytes with whole lines after them.
-QByteArray withLines(const QByteArray &bytes, const QByteArray &lines)
-{
-    const bool lacksEnd = !bytes.isEmpty() && !bytes.endsWith('\n');
-    return bytes + (lacksEnd ? recordEnd : "") + lines;
-}
-
-void addTwinsWithLines(QList<NamedBytes> &files, const Session &session, RecordFile file, int race,
-                       const QByteArray &lines)
-{
-    const QString main = mainFile(session, file, race);
-    const QString twin = twinFile(session, file, race);
-    const QByteArray bytes = readRecordFile(main);
-    files.append({main, withLines(bytes, lines)});
-    files.append({twin, withLines(QFileInfo::exists(twin) ? readRecordFile(twin) : bytes, lines)});
-}
-
 } // namespace
 
 QString ImportPlan::racesImportedBefore() const

@@ -150,16 +150,17 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
         results.last().race = race;
         tell(progress, race, 2 * raceCount);
     }
+    session.settings.operationLabel = u"Bets Append"_s;
+    QList<NamedBytes> files;
     for (int race = 1; race <= raceCount; ++race) {
         const BetTable &bets = incoming[race - 1];
         if (!bets.rows.empty()) {
-            session.settings.operationLabel = u"Bets Append"_s;
             keepTwinsInSaved(session, RecordFile::Bets, race);
-            appendTwins(session, RecordFile::Bets, race,
-                        QByteArray::fromStdString(wholeLines(bets)), u"Bets Append"_s,
-                        u"Betsbackup Append"_s);
+            addTwinsWithLines(files, session, RecordFile::Bets, race,
+                              QByteArray::fromStdString(wholeLines(bets)));
         }
         tell(progress, raceCount + race, 2 * raceCount);
     }
+    replaceRecordFiles(files);
     return results;
 }

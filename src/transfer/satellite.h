@@ -25,7 +25,7 @@ void loadHorsesAndBettors(Session &session, const QString &drive,
 void saveSatelliteBets(Session &session, const QString &drive,
                        const TransferProgress &progress = {});
 
-// Drive to main computer: appends the drive's bets to Bets and Betsbackup of each race; kept copies
-// of both go to Saved first. Returns a row for each of the 12 races.
+// Drive to main computer: adds the drive's bets to Bets and Betsbackup of each race, to all of them
+// or to none; copies of both go to Saved first. Returns a row for each of the 12 races.
 QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
                                   const TransferProgress &progress = {});
