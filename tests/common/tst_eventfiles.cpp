@@ -20,7 +20,6 @@ class tst_eventfiles : public QObject
 private slots:
     void newEvent();
     void existingFilesAreNotTouched();
-    void fullTwinOfMissingFileIsKept_data();
     void fullTwinOfMissingFileIsKept();
     void unusableDirectory();
     void fileInTheWayIsReported();
@@ -72,31 +71,21 @@ void tst_eventfiles::existingFilesAreNotTouched()
     QCOMPARE(event.saved(), QStringList());
 }
 
-void tst_eventfiles::fullTwinOfMissingFileIsKept_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("twin");
-    QTest::newRow("bets") << u"Bets Race3"_s << u"Betsbackup Race3"_s;
-    QTest::newRow("horses") << u"Horses Race1"_s << u"Horsesbackup Race1"_s;
-    QTest::newRow("bettors") << u"Bettors"_s << u"Bettorsbackup"_s;
-}
-
 void tst_eventfiles::fullTwinOfMissingFileIsKept()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, twin);
-    TestEvent event;
-    const QByteArray fresh = event.read(name);
-    event.write(twin, oneBet);
-    QVERIFY(QFile::remove(event.path(name)));
-    const QString note = CreateEventFiles(event.session);
-    QCOMPARE(event.read(name), fresh);
-    QCOMPARE(event.read(twin), fresh);
-    QCOMPARE(event.saved().size(), 1);
-    const QString copy = event.saved().front();
-    QVERIFY(copy.startsWith(twin + u' '));
-    QCOMPARE(event.read("Saved\\"_L1 + copy), oneBet);
-    QCOMPARE(note, twin + " was moved to Saved as "_L1 + copy);
+    for (const QString &base : {u"Bets%1 Race3"_s, u"Horses%1 Race1"_s, u"Bettors%1"_s}) {
+        const QString name = base.arg(QString());
+        const QString twin = base.arg(u"backup"_s);
+        TestEvent event;
+        const QByteArray fresh = event.read(name);
+        event.write(twin, oneBet);
+        QVERIFY(QFile::remove(event.path(name)));
+        const QString note = CreateEventFiles(event.session);
+        QCOMPARE(event.read(name), fresh);
+        QCOMPARE(event.read(twin), fresh);
+        QCOMPARE(event.savedCopies(twin), QByteArrayList{oneBet});
+        QCOMPARE(note, twin + " was moved to Saved as "_L1 + event.saved().value(0));
+    }
 }
 
 void tst_eventfiles::unusableDirectory()

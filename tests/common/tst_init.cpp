@@ -13,9 +13,7 @@ private slots:
     void roundTrip();
     void writerHabits();
     void networkDirectoryIsNotStored();
-    void readable_data();
     void readable();
-    void damaged_data();
     void damaged();
     void missing();
 };
@@ -76,77 +74,55 @@ void tst_init::networkDirectoryIsNotStored()
     QVERIFY(event.read(u"Init"_s).contains(",\"C:\\Trelawn\\\","));
 }
 
-void tst_init::readable_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray line = "\"B\",\"D:\\P\\\",1,\"yes\",2,3,.25,1,5,10,5,10,20,0";
-    QTest::newRow("no line end") << line;
-    QTest::newRow("byte order mark") << "\xef\xbb\xbf" + line + "\r\n";
-    QTest::newRow("blanks round fields") << QByteArray(line).replace(',', " , ");
-    QTest::newRow("numbers in quotes") << QByteArray(line).replace("2,3", "\"2\",\"3\"");
-    QTest::newRow("directory without its backslash") << QByteArray(line).replace("P\\", "P");
-    QTest::newRow("texts without quotes") << QByteArray(line).replace("\"", "");
-}
-
+// As other writers of the file leave it.
 void tst_init::readable()
 {
-    QFETCH(QByteArray, bytes);
-    TestEvent event(false);
-    event.write(u"Init"_s, bytes);
-    QVERIFY(loadInit(event.session));
-    const Settings &settings = event.session.settings;
-    QCOMPARE(settings.banner, u"B"_s);
-    QCOMPARE(settings.eventDirectory, u"D:\\P\\"_s);
-    QCOMPARE(settings.roundingIndex, 2);
-    QCOMPARE(settings.currentRace, 3);
-    QCOMPARE(settings.reserved[0], 0.25);
-    QCOMPARE(settings.bettorLimit, 20);
+    const QByteArray line = "\"B\",\"D:\\P\\\",1,\"yes\",2,3,.25,1,5,10,5,10,20,0";
+    for (const QByteArray &bytes :
+         {QByteArray("\xef\xbb\xbf" + line + "\r\n"), QByteArray(line).replace(',', " , "),
+          QByteArray(line).replace("2,3", "\"2\",\"3\""), QByteArray(line).replace("P\\", "P"),
+          QByteArray(line).replace("\"", "")}) {
+        TestEvent event(false);
+        event.write(u"Init"_s, bytes);
+        QVERIFY2(loadInit(event.session), bytes);
+        const Settings &settings = event.session.settings;
+        QCOMPARE(settings.banner, u"B"_s);
+        QCOMPARE(settings.eventDirectory, u"D:\\P\\"_s);
+        QCOMPARE(settings.roundingIndex, 2);
+        QCOMPARE(settings.currentRace, 3);
+        QCOMPARE(settings.reserved[0], 0.25);
+        QCOMPARE(settings.bettorLimit, 20);
+    }
 }
 
-void tst_init::damaged_data()
+// What can be read of a damaged file holds; the rest is the default.
+void tst_init::damaged()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("whole");
-    QTest::addColumn<QString>("banner");
-    QTest::addColumn<int>("race");
-    QTest::addColumn<int>("rounding");
-    QTest::addColumn<int>("betLimit");
-    QTest::addColumn<int>("bettorLimit");
-    const QString derby = u"Kentucky Derby"_s;
-    const QString own = u"B"_s;
-    const auto line = [](const char *race, const char *rounding, const char *limits) -> QByteArray {
+    const auto line = [](const char *rounding, const char *race, const char *limits) -> QByteArray {
         return QByteArray("\"B\",\"C:\\Trelawn\\\",1,\"yes\",") + rounding + ',' + race
                + ",0.25,1,5,10,5," + limits + ",0\r\n";
     };
-    QTest::newRow("empty") << QByteArray() << false << derby << 0 << 0 << 20000 << 2000;
-    QTest::newRow("zero bytes after a power cut")
-        << QByteArray(64, '\0') << false << derby << 0 << 0 << 20000 << 2000;
-    QTest::newRow("cut in the middle")
-        << line("4", "3", "7,8").left(30) << false << own << 4 << 3 << 20000 << 2000;
-    QTest::newRow("race is no number") << line("x", "3", "7,8") << false << own << 0 << 3 << 7 << 8;
-    QTest::newRow("limit is no number")
-        << line("4", "3", "many,8") << false << own << 4 << 3 << 20000 << 8;
-    QTest::newRow("race 13 is unset") << line("13", "3", "7,8") << true << own << 0 << 3 << 7 << 8;
-    QTest::newRow("rounding 6 is unset")
-        << line("4", "6", "7,8") << true << own << 4 << 0 << 7 << 8;
-    QTest::newRow("limits below 1 are the defaults")
-        << line("4", "3", "0,-5") << true << own << 4 << 3 << 20000 << 2000;
-}
-
-void tst_init::damaged()
-{
-    QFETCH(QByteArray, bytes);
-    TestEvent event(false);
-    event.write(u"Init"_s, bytes);
-    const Settings &settings = event.session.settings;
-    QTEST(loadInit(event.session), "whole");
-    QTEST(settings.banner, "banner");
-    QTEST(settings.currentRace, "race");
-    QTEST(settings.roundingIndex, "rounding");
-    QTEST(settings.betLimit, "betLimit");
-    QTEST(settings.bettorLimit, "bettorLimit");
-    QCOMPARE(settings.eventDirectory, u"C:\\Trelawn\\"_s);
-    QCOMPARE(settings.computerMode, 0.0);
+    const QString derby = u"Kentucky Derby"_s;
+    // Bytes, whether they are whole, and the banner, rounding, race and limits that hold.
+    const std::tuple<QByteArray, bool, QString, QList<int>> cases[] = {
+        {{}, false, derby, {0, 0, 20000, 2000}},
+        {QByteArray(64, '\0'), false, derby, {0, 0, 20000, 2000}}, // after a power cut
+        {line("3", "4", "7,8").left(30), false, u"B"_s, {3, 4, 20000, 2000}},
+        {line("3", "x", "many,8"), false, u"B"_s, {3, 0, 20000, 8}},
+        {line("6", "13", "7,8"), true, u"B"_s, {0, 0, 7, 8}},
+        {line("3", "4", "0,-5"), true, u"B"_s, {3, 4, 20000, 2000}}};
+    for (const auto &[bytes, whole, banner, numbers] : cases) {
+        TestEvent event(false);
+        event.write(u"Init"_s, bytes);
+        QCOMPARE(loadInit(event.session), whole);
+        const Settings &settings = event.session.settings;
+        QCOMPARE(settings.banner, banner);
+        QCOMPARE((QList<int>{settings.roundingIndex, settings.currentRace, settings.betLimit,
+                             settings.bettorLimit}),
+                 numbers);
+        QCOMPARE(settings.eventDirectory, u"C:\\Trelawn\\"_s);
+        QCOMPARE(settings.computerMode, 0.0);
+    }
 }
 
 void tst_init::missing()

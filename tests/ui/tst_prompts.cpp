@@ -14,7 +14,6 @@ class tst_prompts : public QObject
     Q_OBJECT
 
 private slots:
-    void errorWording_data();
     void errorWording();
     void answers();
     void escapeDeclines();
@@ -22,23 +21,14 @@ private slots:
     void trap();
 };
 
-void tst_prompts::errorWording_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<ErrorStyle>("style");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("number and description")
-        << 482 << ErrorStyle::NumberAndDescription << u"482 Printer error"_s;
-    QTest::newRow("description and label")
-        << 53 << ErrorStyle::DescriptionAndLabel << u"File not found Bets input"_s;
-    QTest::newRow("description alone") << 53 << ErrorStyle::DescriptionOnly << u"File not found"_s;
-}
-
 void tst_prompts::errorWording()
 {
-    QFETCH(int, number);
-    QFETCH(ErrorStyle, style);
-    QTEST(errorText(FileError(ErrorNumber(number)), u"Bets input"_s, style), "text");
+    const FileError missing(ErrorNumber::FileNotFound);
+    const QString label = u"Bets input"_s;
+    QCOMPARE(errorText(missing, label, ErrorStyle::NumberAndDescription), u"53 File not found"_s);
+    QCOMPARE(errorText(missing, label, ErrorStyle::DescriptionAndLabel),
+             u"File not found Bets input"_s);
+    QCOMPARE(errorText(missing, label, ErrorStyle::DescriptionOnly), u"File not found"_s);
 }
 
 void tst_prompts::answers()

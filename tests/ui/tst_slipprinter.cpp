@@ -18,13 +18,11 @@ class tst_slipprinter : public QObject
 
 private slots:
     void initTestCase();
-    void zones_data();
     void zones();
     void columnsOnPaper();
     void pages();
     void refusedDevice();
     void noPrinter();
-    void listInsteadOfPaper_data();
     void listInsteadOfPaper();
     void substitutes();
 
@@ -56,23 +54,16 @@ QStringList tst_slipprinter::print(const Slip &slip, int &pages) const
     return QString::fromUtf8(reader.readAllStandardOutput()).split(u'\n');
 }
 
-void tst_slipprinter::zones_data()
-{
-    QTest::addColumn<SlipLine>("line");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("next zone") << zonedLine(u"Win"_s, u"$5.00"_s) << u"Win           $5.00"_s;
-    QTest::newRow("thirteen characters")
-        << zonedLine(u"ABCDEFGHIJKLM"_s, u"x"_s) << u"ABCDEFGHIJKLM x"_s;
-    QTest::newRow("a full zone moves on")
-        << zonedLine(u"ABCDEFGHIJKLMN"_s, u"x"_s) << u"ABCDEFGHIJKLMN              x"_s;
-    QTest::newRow("column taken") << SlipLine{{1, u"ABCDE"_s}, {3, u"x"_s}} << u"ABCDE x"_s;
-    QTest::newRow("continues") << SlipLine{{3, u"A"_s}, {0, u"B"_s}} << u"  AB"_s;
-}
-
 void tst_slipprinter::zones()
 {
-    QFETCH(SlipLine, line);
-    QTEST(lineText(line), "text");
+    const std::pair<SlipLine, QString> cases[] = {
+        {zonedLine(u"Win"_s, u"$5.00"_s), u"Win           $5.00"_s},
+        {zonedLine(u"ABCDEFGHIJKLM"_s, u"x"_s), u"ABCDEFGHIJKLM x"_s},
+        {zonedLine(u"ABCDEFGHIJKLMN"_s, u"x"_s), u"ABCDEFGHIJKLMN              x"_s}, // full
+        {{{1, u"ABCDE"_s}, {3, u"x"_s}}, u"ABCDE x"_s}, // the column is taken
+        {{{3, u"A"_s}, {0, u"B"_s}}, u"  AB"_s}};
+    for (const auto &[line, text] : cases)
+        QCOMPARE(lineText(line), text);
 }
 
 void tst_slipprinter::columnsOnPaper()
@@ -135,32 +126,24 @@ void tst_slipprinter::noPrinter()
     }
 }
 
-void tst_slipprinter::listInsteadOfPaper_data()
-{
-    QTest::addColumn<bool>("mayPrint");
-    QTest::addColumn<bool>("printerWorks");
-    QTest::addColumn<bool>("onPaper");
-    QTest::newRow("printed") << true << true << true;
-    QTest::newRow("printer fails") << true << false << false;
-    QTest::newRow("not to be printed") << false << true << false;
-}
-
+// What may not be printed, or cannot be, is shown.
 void tst_slipprinter::listInsteadOfPaper()
 {
-    QFETCH(bool, mayPrint);
-    QFETCH(bool, printerWorks);
-    TestEvent event(false);
-    if (!printerWorks)
-        event.printer.setDestination({});
-    Slip refunds;
-    refunds.addLine(zonedLine(u"ANNA"_s, u"$5.00"_s));
-    QTEST(printOrList({event.session, event.navigator(), event.printer}, refunds, mayPrint),
-          "onPaper");
-    QTEST(event.slips.size() == 1, "onPaper");
-    const auto *list = event.navigator().window()->findChild<QListWidget *>(u"List1"_s);
-    QTEST(list == nullptr, "onPaper");
-    if (list)
-        QCOMPARE(list->item(0)->text(), slipText(refunds).front());
+    for (const auto &[mayPrint, works] : {std::pair{true, true}, {true, false}, {false, true}}) {
+        const bool onPaper = mayPrint && works;
+        TestEvent event(false);
+        if (!works)
+            event.printer.setDestination({});
+        Slip refunds;
+        refunds.addLine(zonedLine(u"ANNA"_s, u"$5.00"_s));
+        QCOMPARE(printOrList({event.session, event.navigator(), event.printer}, refunds, mayPrint),
+                 onPaper);
+        QCOMPARE(event.slips.size(), onPaper ? 1 : 0);
+        const auto *list = event.navigator().window()->findChild<QListWidget *>(u"List1"_s);
+        QCOMPARE(list == nullptr, onPaper);
+        if (list)
+            QCOMPARE(list->item(0)->text(), slipText(refunds).front());
+    }
 }
 
 // Named fonts keep their widths on a system that lacks them.
