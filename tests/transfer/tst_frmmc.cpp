@@ -1,6 +1,8 @@
 #include "common/betrecords.h"
 #include "common/racefiles.h"
+#include "kit/faultywrites.h"
 #include "kit/testkit.h"
+#include "transfer/satellite.h"
 #include "ui/mainwindow.h"
 
 #include <QDir>
