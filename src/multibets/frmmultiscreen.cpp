@@ -9,6 +9,7 @@
 #include "ui/typebuttons.h"
 
 #include <QButtonGroup>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QVBoxLayout>
