@@ -222,7 +222,7 @@ void frmfixb::show(const RecordList &list)
     lblheading->setText(list.heading);
     QHeaderView *header = grdfix->horizontalHeader();
     for (int column = 0; column < int(list.columns.size()); ++column) {
-        int width = grdfix->fontMetrics().averageCharWidth() * 26;
+        int width = grdfix->fontMetrics().averageCharWidth() * 20;
         if (list.columns.size() == std::ssize(betColumnTwips))
             width = betColumnTwips[column] * logicalDpiX() / 1440;
         const int heading =
