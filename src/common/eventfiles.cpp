@@ -15,25 +15,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString baseName(RecordFile file)
-{
-    switch (file) {
-    case RecordFile::Horses:
-        return u"Horses"_s;
-    case RecordFile::Bets:
-        return u"Bets"_s;
-    case RecordFile::Multibets:
-        return u"Multibets"_s;
-    case RecordFile::Bettors:
-        break;
-    }
-    return u"Bettors"_s;
-}
-
 QString pathOf(const Session &session, RecordFile file, int race, const QString &twinSuffix)
 {
     const QString suffix = file == RecordFile::Bettors ? QString() : raceName(race);
-    return session.paths.toHost(session.settings.eventDirectory + baseName(file) + twinSuffix
+    return session.paths.toHost(session.settings.eventDirectory + recordFileName(file) + twinSuffix
                                 + suffix);
 }
 
@@ -102,6 +87,21 @@ void makeEventFolder(Session &session)
     if (session.settings.eventDirectory.startsWith("\\\\"_L1) && !QFileInfo(folder).isDir())
         throw FileError(ErrorNumber::PathNotFound);
     makeFolder(folder);
+}
+
+QString recordFileName(RecordFile file)
+{
+    switch (file) {
+    case RecordFile::Horses:
+        return u"Horses"_s;
+    case RecordFile::Bets:
+        return u"Bets"_s;
+    case RecordFile::Multibets:
+        return u"Multibets"_s;
+    case RecordFile::Bettors:
+        break;
+    }
+    return u"Bettors"_s;
 }
 
 QString mainFile(const Session &session, RecordFile file, int race)

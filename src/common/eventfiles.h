@@ -14,6 +14,9 @@
 // The record files of a race and those of the whole event.
 enum class RecordFile { Horses, Bets, Multibets, Bettors };
 
+// "Horses", "Bets", "Multibets" or "Bettors": what file names and operation labels begin with.
+QString recordFileName(RecordFile file);
+
 // This computer's path of a record file and of its twin; Bettors has no race.
 QString mainFile(const Session &session, RecordFile file, int race);
 QString twinFile(const Session &session, RecordFile file, int race);

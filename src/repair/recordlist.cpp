@@ -404,9 +404,7 @@ bool removeRecord(Session &session, const RecordList &list, const RecordRow &row
         });
         return found ? kept : bytes;
     };
-    const QString base = kind.file == RecordFile::Bettors ? u"Bettors"_s
-                         : kind.file == RecordFile::Bets  ? u"Bets"_s
-                                                          : u"Multibets"_s;
+    const QString base = recordFileName(kind.file);
     changeTwins(session, kind.file, list.race, withoutRecord, kind.label, base + " Output"_L1,
                 base + "backup Output"_L1);
     return found;

@@ -9,11 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString baseName(RecordFile file)
-{
-    return file == RecordFile::Multibets ? u"Multibets"_s : u"Bets"_s;
-}
-
 // The current race's file; a missing one is empty.
 QByteArray fileOrNothing(const Session &session, RecordFile file)
 {
@@ -68,13 +63,13 @@ Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stak
     list.heading = bettorRefundHeading();
     list.refunds = bettorRefunds(stakes.byBettor, session.bettors);
     list.closing =
-        u"TOTAL "_s + baseName(file).toUpper() + u' ' + formatMoney(stakes.total, "Currency");
+        u"TOTAL "_s + recordFileName(file).toUpper() + u' ' + formatMoney(stakes.total, "Currency");
     return refundSlip(list);
 }
 
 void keepTwins(Session &session, RecordFile file)
 {
-    session.settings.operationLabel = baseName(file) + u" Saved"_s;
+    session.settings.operationLabel = recordFileName(file) + u" Saved"_s;
     keepTwinsInSaved(session, file, session.settings.currentRace);
 }
 
@@ -83,11 +78,11 @@ bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes)
     const EventLock lock(session);
     QString &label = session.settings.operationLabel;
     const int race = session.settings.currentRace;
-    label = baseName(file) + u" Output"_s;
+    label = recordFileName(file) + u" Output"_s;
     if (fileOrNothing(session, file) != stakes.records)
         return false;
     deleteRecordFile(mainFile(session, file, race));
-    label = baseName(file) + u"backup Output"_s;
+    label = recordFileName(file) + u"backup Output"_s;
     deleteRecordFile(twinFile(session, file, race));
     if (file == RecordFile::Bets) {
         session.bets = BetTable();

@@ -9,24 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString baseName(RecordFile file)
-{
-    switch (file) {
-    case RecordFile::Bets:
-        return u"Bets"_s;
-    case RecordFile::Horses:
-        return u"Horses"_s;
-    case RecordFile::Multibets:
-        return u"Multibets"_s;
-    case RecordFile::Bettors:
-        break;
-    }
-    return u"Bettors"_s;
-}
-
 RestoreChoice choiceOf(RecordFile file, const QString &nameInConfirmation)
 {
-    const QString base = baseName(file);
+    const QString base = recordFileName(file);
     return {file, u"Replace "_s + base + u" with "_s + base + u"backup?"_s,
             nameInConfirmation + u" file replaced with "_s + base + u"backup file"_s};
 }
@@ -54,10 +39,10 @@ QString restoreFromTwin(Session &session, RecordFile file)
 {
     QString &label = session.settings.operationLabel;
     const int race = session.settings.currentRace;
-    label = baseName(file) + u"backup input"_s;
+    label = recordFileName(file) + u"backup input"_s;
     const QByteArray twin = readRecordFile(twinFile(session, file, race));
     const QString main = mainFile(session, file, race);
-    label = baseName(file) + u" output"_s;
+    label = recordFileName(file) + u" output"_s;
     const bool existed = QFileInfo::exists(main);
     const int before = existed ? recordCount(readRecordFile(main)) : 0;
     keepInSaved(session, main);
