@@ -64,7 +64,7 @@ BENCHMARK(settleTrifectas)
     ->Unit(benchmark::kMillisecond)
     ->Complexity();
 
-// Nobody wins: every ticket is given back.
+// Nobody wins: every combination is given back.
 void refundTrifectas(benchmark::State &state)
 {
     const MultibetTable bets = trifectas(20000);

@@ -1,12 +1,12 @@
 // What a full race costs: 20,000 bets of 2,000 bettors on 21 horses.
 
 #include "betting/placement.h"
-#include "common/bettors.h"
-#include "common/eventfiles.h"
-#include "common/init.h"
-#include "common/racefiles.h"
-#include "common/recordfile.h"
-#include "payoff/settle.h"
+#include "common/event/bettors.h"
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
+#include "common/event/racefiles.h"
+#include "common/event/settle.h"
+#include "common/files/recordfile.h"
 #include "screens.h"
 #include "ui/slipprinter.h"
 

@@ -2,7 +2,7 @@
 // counterparts settle.awk and settle.sql do the same job.
 // Usage: settle_file BETS WIN PLACE SHOW BETTORS, with the posts of the finishing horses.
 
-#include "payoff/settle.h"
+#include "common/event/settle.h"
 
 #include <cstdio>
 #include <cstdlib>

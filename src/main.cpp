@@ -1,4 +1,4 @@
-#include "common/session.h"
+#include "common/event/session.h"
 #include "screens.h"
 #include "ui/look.h"
 #include "ui/navigator.h"

@@ -1,10 +1,10 @@
 #include "betting/bettorlist.h"
 
-#include "common/eventfiles.h"
-#include "common/fileerror.h"
-#include "common/format.h"
-#include "common/racefiles.h"
-#include "common/recordfile.h"
+#include "common/event/eventfiles.h"
+#include "common/event/racefiles.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
 
 #include <QSet>
 

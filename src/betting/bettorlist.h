@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/session.h"
+#include "common/event/session.h"
 
 // Adding to, deleting from and saving the one list of bettors. The list lives in the session while
 // its screen is open and reaches the files when the screen is left. What touches files throws

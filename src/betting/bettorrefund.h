@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/slip.h"
+#include "common/print/slip.h"
 
 // The refund slip of a bettor who is deleted: the heading, and the bettor's line unless the
 // \a amount (dollars, of the current race's bets) is 0.

@@ -2,11 +2,11 @@
 
 #include "betting/bettorlist.h"
 #include "betting/bettorrefund.h"
-#include "common/racefiles.h"
-#include "common/roles.h"
-#include "common/session.h"
+#include "common/event/racefiles.h"
+#include "common/event/roles.h"
+#include "common/event/session.h"
 #include "ui/controls.h"
-#include "ui/listing.h"
+#include "ui/listwindow.h"
 #include "ui/prompts.h"
 
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "betting/frmlistb.h"
 
-#include "betting/listingcopies.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "common/print/copies.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"

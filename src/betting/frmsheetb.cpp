@@ -1,6 +1,6 @@
 #include "betting/frmsheetb.h"
 
-#include "betting/frmbetsheet.h"
+#include "betting/parts/betsheet.h"
 
 #include <QVBoxLayout>
 

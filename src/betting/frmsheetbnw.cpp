@@ -1,6 +1,6 @@
 #include "betting/frmsheetbnw.h"
 
-#include "betting/frmbetsheet.h"
+#include "betting/parts/betsheet.h"
 
 #include <QVBoxLayout>
 

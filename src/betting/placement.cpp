@@ -1,6 +1,6 @@
 #include "betting/placement.h"
 
-#include "common/racefiles.h"
+#include "common/event/racefiles.h"
 
 #include <QStringList>
 

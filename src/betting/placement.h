@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/session.h"
+#include "common/event/session.h"
 
 #include <array>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "betting/priorbets.h"
 
-#include "common/format.h"
-#include "common/racefiles.h"
+#include "common/event/racefiles.h"
+#include "common/print/format.h"
 
 #include <algorithm>
 #include <set>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/session.h"
+#include "common/event/session.h"
 
 #include <QList>
 #include <QString>

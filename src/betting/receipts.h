@@ -1,8 +1,8 @@
 #pragma once
 
 #include "betting/priorbets.h"
-#include "common/settings.h"
-#include "common/slip.h"
+#include "common/event/settings.h"
+#include "common/print/slip.h"
 
 // The receipt after a placement: all of the bettor's bets in the current race. An empty receipt
 // font size becomes 8 and is stored.

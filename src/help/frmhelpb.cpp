@@ -1,6 +1,6 @@
 #include "help/frmhelpb.h"
 
-#include "common/session.h"
+#include "common/event/session.h"
 #include "help/helptext.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/session.h"
-#include "common/slip.h"
+#include "common/event/session.h"
+#include "common/print/slip.h"
 
 #include <QList>
 

@@ -1,6 +1,6 @@
 #include "multibets/expansion.h"
 
-#include "common/format.h"
+#include "common/print/format.h"
 
 #include <algorithm>
 #include <set>

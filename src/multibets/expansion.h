@@ -1,6 +1,6 @@
 #pragma once
 
-#include "multibets/multibetrecords.h"
+#include "common/event/multibetrecords.h"
 
 #include <QList>
 #include <QString>

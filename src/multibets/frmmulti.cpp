@@ -1,19 +1,19 @@
 #include "multibets/frmmulti.h"
 
-#include "common/format.h"
-#include "common/init.h"
-#include "common/racefiles.h"
-#include "common/roles.h"
+#include "common/event/init.h"
+#include "common/event/multibettypes.h"
+#include "common/event/racefiles.h"
+#include "common/event/roles.h"
+#include "common/print/format.h"
 #include "multibets/legs.h"
-#include "multibets/multibettypes.h"
 #include "multibets/multislips.h"
+#include "multibets/parts/postgrid.h"
+#include "multibets/parts/typebuttons.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
-#include "ui/listing.h"
-#include "ui/postgrid.h"
+#include "ui/listwindow.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
-#include "ui/typebuttons.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

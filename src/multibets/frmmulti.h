@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/event/multibetrecords.h"
 #include "multibets/expansion.h"
-#include "multibets/frmmultiform.h"
-#include "multibets/multibetrecords.h"
+#include "multibets/parts/multibetform.h"
 
 // The multibet screen: exotic bets of one bettor on the selected race, with wheels and boxes.
 class frmmulti : public MultibetForm

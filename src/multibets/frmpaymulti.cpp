@@ -1,13 +1,13 @@
 #include "multibets/frmpaymulti.h"
 
-#include "common/format.h"
-#include "common/racefiles.h"
+#include "common/event/multibettypes.h"
+#include "common/event/racefiles.h"
+#include "common/print/format.h"
 #include "multibets/legs.h"
-#include "multibets/multibettypes.h"
 #include "multibets/multislips.h"
+#include "multibets/parts/typebuttons.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
-#include "ui/typebuttons.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -241,7 +241,7 @@ void frmpaymulti::showSettlement(const MultibetSettlement &settled)
 {
     const bool refund = settled.outcome == MultibetSettlement::Outcome::Refund;
     const bool won = settled.outcome == MultibetSettlement::Outcome::Winners;
-    txttotal->setText(refund ? u"Refund Total"_s : u"$1 Ticket Pays"_s);
+    txttotal->setText(refund ? u"Refund Total"_s : u"$1 Combination Pays"_s);
     txtpay->setText(formatMoney(refund ? settled.pool : settled.payPerDollar, dollars));
     txtpool->setText(won ? formatMoney(settled.pool, twoDigitDollars) : u"$0.00"_s);
     txthouse->setText(won ? formatMoney(settled.houseCut, twoDigitDollars) : u"$0.00"_s);

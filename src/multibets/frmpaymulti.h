@@ -1,7 +1,7 @@
 #pragma once
 
-#include "multibets/frmmultiscreen.h"
 #include "multibets/multisettle.h"
+#include "multibets/parts/multibetscreen.h"
 
 class ClickCell;
 class QLineEdit;

@@ -1,9 +1,9 @@
 #include "multibets/frmsummmulti.h"
 
-#include "multibets/frmmultiscreen.h"
-#include "multibets/multibetrecords.h"
+#include "common/event/multibetrecords.h"
 #include "multibets/multislips.h"
 #include "multibets/multisummary.h"
+#include "multibets/parts/multibetscreen.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
 

@@ -1,8 +1,8 @@
 #include "multibets/legs.h"
 
-#include "common/eventfiles.h"
-#include "common/racefiles.h"
-#include "common/recordfile.h"
+#include "common/event/eventfiles.h"
+#include "common/event/racefiles.h"
+#include "common/files/recordfile.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/horses.h"
-#include "common/session.h"
-#include "multibets/multibettypes.h"
+#include "common/event/horses.h"
+#include "common/event/multibettypes.h"
+#include "common/event/session.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "multibets/multisettle.h"
 
-#include "common/format.h"
+#include "common/print/format.h"
 
 #include <QHash>
 #include <QMap>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/bettors.h"
-#include "multibets/multibetrecords.h"
+#include "common/event/bettors.h"
+#include "common/event/multibetrecords.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "multibets/multislips.h"
 
-#include "common/format.h"
-#include "multibets/multibettypes.h"
+#include "common/event/multibettypes.h"
+#include "common/print/format.h"
 
 #include <utility>
 
@@ -28,6 +28,15 @@ double receiptPoints(const Settings &settings)
 {
     const double points = numericValue(settings.receiptFontSize);
     return points > 0 ? points : 8;
+}
+
+QString savedMultibetText(const Multibet &bet)
+{
+    QString text = leftColumn(bet.type, 2) + u' ' + formatMoney(bet.amount, "$#,#00.00") + u' '
+                   + QString::number(bet.posts[0]) + u',' + QString::number(bet.posts[1]);
+    if (bet.posts[2] != 0)
+        text += u',' + QString::number(bet.posts[2]);
+    return text;
 }
 
 Slip multibetReceipt(const QString &banner, const QString &bettor, const QList<Multibet> &bets,
@@ -88,7 +97,7 @@ Slip multibetWinnersSlip(const QString &banner, const MultibetResult &result)
     const std::pair<QString, QString> figures[] = {{u"House Cut "_s, result.houseCut},
                                                    {u"Total Paid"_s, result.paid},
                                                    {u"Total Pool"_s, result.pool},
-                                                   {u"$1 Ticket Pays "_s, result.ticketPays}};
+                                                   {u"$1 Combination Pays "_s, result.ticketPays}};
     for (const auto &[label, value] : figures) {
         slip.addLine(QString());
         slip.addLine(zonedLine(label, value));

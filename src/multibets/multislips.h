@@ -1,8 +1,8 @@
 #pragma once
 
-#include "common/settings.h"
-#include "common/slip.h"
-#include "multibets/multibetrecords.h"
+#include "common/event/multibetrecords.h"
+#include "common/event/settings.h"
+#include "common/print/slip.h"
 #include "multibets/multisettle.h"
 
 #include <QList>
@@ -11,6 +11,9 @@
 
 // The receipt font size in points, 8 while none is set.
 double receiptPoints(const Settings &settings);
+
+// The bet as lists of saved bets show it: "EX $02.00 4,7".
+QString savedMultibetText(const Multibet &bet);
 
 // The receipt after saving: all of the bettor's multibets of the race.
 Slip multibetReceipt(const QString &banner, const QString &bettor, const QList<Multibet> &bets,

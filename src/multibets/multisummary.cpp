@@ -1,7 +1,7 @@
 #include "multibets/multisummary.h"
 
-#include "common/format.h"
-#include "multibets/multibettypes.h"
+#include "common/event/multibettypes.h"
+#include "common/print/format.h"
 
 #include <QHash>
 

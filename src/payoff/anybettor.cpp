@@ -2,15 +2,16 @@
 
 #include "payoff/rounding.h"
 
-SlipPayoff slipPayoff(const SlipAmounts &amounts, const TicketAmounts &perDollar)
+SlipPayoff slipPayoff(const SlipAmounts &amounts, const CombinationAmounts &perDollar)
 {
-    const auto paid = [&](Ticket ticket) {
-        return amounts[std::size_t(ticket)] * double(perDollar[ticket]);
+    const auto paid = [&](Combination combination) {
+        return amounts[std::size_t(combination)] * double(perDollar[combination]);
     };
     SlipPayoff payoff;
-    payoff.rows[0] = paid(Ticket::WinWin) + paid(Ticket::WinPlace) + paid(Ticket::WinShow);
-    payoff.rows[1] = paid(Ticket::PlacePlace) + paid(Ticket::PlaceShow);
-    payoff.rows[2] = paid(Ticket::ShowShow);
+    payoff.rows[0] =
+        paid(Combination::WinWin) + paid(Combination::WinPlace) + paid(Combination::WinShow);
+    payoff.rows[1] = paid(Combination::PlacePlace) + paid(Combination::PlaceShow);
+    payoff.rows[2] = paid(Combination::ShowShow);
     payoff.total = payoff.rows[0] + payoff.rows[1] + payoff.rows[2];
     return payoff;
 }

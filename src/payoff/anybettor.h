@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/racepayoffs.h"
+#include "common/event/racepayoffs.h"
 
 #include <array>
 
@@ -11,10 +11,10 @@ struct SlipPayoff
     double total = 0;
 };
 
-// Dollars bet on each winning combination, in the order of Ticket.
-using SlipAmounts = std::array<double, ticketCount>;
+// Dollars bet on each winning combination, in the order of Combination.
+using SlipAmounts = std::array<double, combinationCount>;
 
-SlipPayoff slipPayoff(const SlipAmounts &amounts, const TicketAmounts &perDollar);
+SlipPayoff slipPayoff(const SlipAmounts &amounts, const CombinationAmounts &perDollar);
 
 // The running amounts of paying people who hold slips of AnyBettor, in dollars.
 struct AnyBettorTotals

@@ -1,8 +1,8 @@
 #include "payoff/frmanyb.h"
 
-#include "common/bettors.h"
-#include "common/format.h"
-#include "common/session.h"
+#include "common/event/bettors.h"
+#include "common/event/session.h"
+#include "common/print/format.h"
 #include "ui/controls.h"
 
 #include <QEvent>
@@ -195,7 +195,7 @@ void frmanyb::connectControls()
     });
 }
 
-std::array<QLineEdit *, ticketCount> frmanyb::amountFields() const
+std::array<QLineEdit *, combinationCount> frmanyb::amountFields() const
 {
     return {txtwinwin, txtwinplace, txtwinshow, txtplaceplace, txtplaceshow, txtshowshow};
 }

@@ -40,7 +40,7 @@ private:
     void addSlip();
     void payBettor();
 
-    std::array<QLineEdit *, ticketCount> amountFields() const;
+    std::array<QLineEdit *, combinationCount> amountFields() const;
 
     ScreenContext m_context;
     AnyBettorTotals m_totals;

@@ -1,12 +1,12 @@
 #include "payoff/frmpaywinnersb.h"
 
-#include "common/format.h"
-#include "common/racefiles.h"
-#include "payoff/payrace.h"
-#include "ui/listing.h"
+#include "common/event/racefiles.h"
+#include "common/print/format.h"
+#include "payoff/parts/combinationgrid.h"
+#include "payoff/settlerace.h"
+#include "ui/listwindow.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
-#include "ui/ticketgrid.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -97,8 +97,8 @@ void frmpaywinnersb::showRace()
     txtbanner->setText(session.settings.bannerAndRace());
     if (QAbstractButton *option = optrace->button(session.settings.currentRace))
         option->setChecked(true);
-    for (const Ticket ticket : allTickets)
-        payoffs->setText(ticket, {});
+    for (const Combination combination : allCombinations)
+        payoffs->setText(combination, {});
     for (const Finish finish : allFinishes)
         setFinisher(finish, 0);
     txtfactor->setText(roundingText(session.settings.roundingIndex));
@@ -232,10 +232,10 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
         fields[i]->setText(formatMoney(totals[i], poolFormat));
     txthousetot->setText(formatMoney(settlement.houseCut, poolFormat));
     txtbet->setText(formatMoney(settlement.pools.amount(totalsRow, totalColumn), "Currency"));
-    for (const Ticket ticket : allTickets) {
-        payoffs->setText(ticket, settlement.hasWinners
-                                     ? formatMoney(2 * settlement.payoffs[ticket], "Currency")
-                                     : QString());
+    for (const Combination combination : allCombinations) {
+        payoffs->setText(combination, settlement.hasWinners ? formatMoney(
+                                          2 * settlement.payoffs[combination], "Currency")
+                                                            : QString());
     }
     if (m_context.session.payoffs.is532)
         lblpays->setText(u"$2 bet pays - 532 Payoff"_s);
@@ -263,20 +263,20 @@ void frmpaywinnersb::useTrackPayoffs()
 {
     if (!askOkCancel(this, u"Use track payoffs?"_s, u"Track Payoff"_s))
         return;
-    TicketAmounts track;
-    for (const Ticket ticket : allTickets) {
-        const auto payoff = trackPayoff(ticket);
+    CombinationAmounts track;
+    for (const Combination combination : allCombinations) {
+        const auto payoff = trackPayoff(combination);
         if (!payoff)
             return showMessage(
                 this,
                 u"Missing entry or non-numeric entry - enter an amount in all payoff fields using only numbers and decimal points"_s);
-        track[ticket] = *payoff;
+        track[combination] = *payoff;
     }
     if (!mayStartOver())
         return;
-    for (const Ticket ticket : allTickets) {
-        if (payoffs->isUntouched(ticket))
-            payoffs->setText(ticket, formatMoney(2 * track[ticket], "Currency"));
+    for (const Combination combination : allCombinations) {
+        if (payoffs->isUntouched(combination))
+            payoffs->setText(combination, formatMoney(2 * track[combination], "Currency"));
     }
     m_track = track;
     clearCalculation();
@@ -286,11 +286,12 @@ void frmpaywinnersb::useTrackPayoffs()
 // The payoff per $1 that a field gives for the track's. What the program put there itself is a
 // payoff after the house percentage, or a bettor's amount; for those the payoff as it was before
 // the house percentage counts, so that it is not taken twice.
-std::optional<float> frmpaywinnersb::trackPayoff(Ticket ticket) const
+std::optional<float> frmpaywinnersb::trackPayoff(Combination combination) const
 {
-    if (payoffs->isUntouched(ticket))
-        return m_track ? (*m_track)[ticket] : m_context.session.payoffs.beforeHouse[ticket];
-    const QString text = payoffs->text(ticket);
+    if (payoffs->isUntouched(combination))
+        return m_track ? (*m_track)[combination]
+                       : m_context.session.payoffs.beforeHouse[combination];
+    const QString text = payoffs->text(combination);
     if (!isNumeric(text))
         return std::nullopt;
     const auto value = float(numericAmount(text));
@@ -326,8 +327,8 @@ void frmpaywinnersb::payWinner()
 
 void frmpaywinnersb::showPayment(const QString &name, const Payment &payment)
 {
-    for (const Ticket ticket : allTickets)
-        payoffs->setText(ticket, formatMoney(payment.amount(ticket), "Currency"));
+    for (const Combination combination : allCombinations)
+        payoffs->setText(combination, formatMoney(payment.amount(combination), "Currency"));
     const double totals[] = {payment.horseTotals[0], payment.horseTotals[1], payment.horseTotals[2],
                              payment.total};
     const auto fields = totalFields();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "payoff/frmpayform.h"
+#include "payoff/parts/payform.h"
 #include "payoff/winnerledger.h"
 #include "ui/navigator.h"
 
@@ -29,7 +29,7 @@ private:
     bool completeFinishers();
     bool mayStartOver();
     void useTrackPayoffs();
-    std::optional<float> trackPayoff(Ticket ticket) const;
+    std::optional<float> trackPayoff(Combination combination) const;
     void showSettlement(const Settlement &settlement);
     void listWinners(const Settlement &settlement);
     void clearCalculation();
@@ -45,6 +45,6 @@ private:
     ScreenContext m_context;
 
     WinnerLedger m_ledger;
-    std::optional<TicketAmounts> m_track; // the track's payoffs per $1, while they are used
-    std::optional<bool> m_printPayoffs;   // the answer, once it was asked in this visit
+    std::optional<CombinationAmounts> m_track; // the track's payoffs per $1, while they are used
+    std::optional<bool> m_printPayoffs;        // the answer, once it was asked in this visit
 };

@@ -1,6 +1,6 @@
 #include "payoff/winnerledger.h"
 
-#include "common/settings.h"
+#include "common/event/settings.h"
 #include "payoff/rounding.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/bettors.h"
-#include "payoff/settle.h"
+#include "common/event/bettors.h"
+#include "common/event/settle.h"
 #include "payoff/winnerslips.h"
 
 #include <QMap>

@@ -1,23 +1,24 @@
 #include "payoff/winnerslips.h"
 
-#include "common/format.h"
+#include "common/print/format.h"
 #include "payoff/rounding.h"
 
 using namespace Qt::StringLiterals;
 
-using enum Ticket;
+using enum Combination;
 
-Payment paymentFor(const TicketAmounts &stakes, const TicketAmounts &payoffs, int roundingIndex)
+Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
+                   int roundingIndex)
 {
     Payment payment;
     payment.stakes = stakes;
     for (std::size_t i = 0; i < payment.amounts.size(); ++i)
-        payment.amounts[i] = double(payoffs[Ticket(i)]) * double(stakes[Ticket(i)]);
+        payment.amounts[i] = double(payoffs[Combination(i)]) * double(stakes[Combination(i)]);
 
-    const auto sum = [&](std::initializer_list<Ticket> tickets) {
+    const auto sum = [&](std::initializer_list<Combination> combinations) {
         double total = 0;
-        for (const Ticket ticket : tickets)
-            total = toFourDecimals(total + toFourDecimals(payment.amount(ticket)));
+        for (const Combination combination : combinations)
+            total = toFourDecimals(total + toFourDecimals(payment.amount(combination)));
         return total;
     };
     payment.horseTotals = {sum({WinWin, WinPlace, WinShow}), sum({PlacePlace, PlaceShow}),
@@ -40,14 +41,15 @@ QList<SlipLine> winnerSlipLines(const QString &bettor, const QString &bannerAndR
     for (int i = 0; i < 6; ++i)
         titles.append({columns[i], i % 2 == 0 ? u"Bet"_s : u"Paid"_s});
 
-    // A horse's line: each ticket's bet and paid amount, in the pair of columns of its kind of bet.
+    // A horse's line: each combination's bet and paid amount, in the pair of columns of its kind of
+    // bet.
     const auto horseLine = [&](Finish finish, int firstPair,
-                               std::initializer_list<Ticket> tickets) {
+                               std::initializer_list<Combination> combinations) {
         SlipLine line{{1, horseNumbers[std::size_t(finish)]}};
         int column = firstPair * 2;
-        for (const Ticket ticket : tickets) {
-            line.append({columns[column++], formatMoney(payment.stakes[ticket], "Currency")});
-            line.append({columns[column++], formatMoney(payment.amount(ticket), "Currency")});
+        for (const Combination combination : combinations) {
+            line.append({columns[column++], formatMoney(payment.stakes[combination], "Currency")});
+            line.append({columns[column++], formatMoney(payment.amount(combination), "Currency")});
         }
         return line;
     };

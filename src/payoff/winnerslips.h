@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/racepayoffs.h"
-#include "common/slip.h"
+#include "common/event/racepayoffs.h"
+#include "common/print/slip.h"
 
 #include <array>
 
@@ -10,16 +10,17 @@
 // What one bettor collects. Double precision; the sums are of amounts brought to four decimals.
 struct Payment
 {
-    TicketAmounts stakes;                          // dollars bet
-    std::array<double, ticketCount> amounts{};     // dollars won on each, not rounded
-    std::array<double, finishCount> horseTotals{}; // win, place and show horse
+    CombinationAmounts stakes;                      // dollars bet
+    std::array<double, combinationCount> amounts{}; // dollars won on each, not rounded
+    std::array<double, finishCount> horseTotals{};  // win, place and show horse
     double total = 0;
     double rounded = 0; // what is handed over
 
-    double amount(Ticket ticket) const { return amounts[std::size_t(ticket)]; }
+    double amount(Combination combination) const { return amounts[std::size_t(combination)]; }
 };
 
-Payment paymentFor(const TicketAmounts &stakes, const TicketAmounts &payoffs, int roundingIndex);
+Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
+                   int roundingIndex);
 
 // The lines of a paid winner's slip. \a horseNumbers are those of the win, place and show horse.
 QList<SlipLine> winnerSlipLines(const QString &bettor, const QString &bannerAndRace,

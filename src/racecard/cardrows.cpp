@@ -1,6 +1,6 @@
 #include "racecard/cardrows.h"
 
-#include "common/recordfile.h"
+#include "common/files/recordfile.h"
 
 using namespace Qt::StringLiterals;
 

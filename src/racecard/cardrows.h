@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/horses.h"
+#include "common/event/horses.h"
 
 #include <QList>
 

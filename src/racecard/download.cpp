@@ -1,9 +1,9 @@
 #include "racecard/download.h"
 
-#include "common/eventfiles.h"
-#include "common/fileerror.h"
-#include "common/init.h"
-#include "common/recordfile.h"
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
 
 #include <QFileInfo>
 

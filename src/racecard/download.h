@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/session.h"
+#include "common/event/session.h"
 #include "racecard/postboard.h"
 
 // Race cards from the web. File work throws FileError and sets the operation label.

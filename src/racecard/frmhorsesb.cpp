@@ -1,18 +1,18 @@
 #include "racecard/frmhorsesb.h"
 
-#include "common/eventfiles.h"
-#include "common/fetch.h"
-#include "common/format.h"
-#include "common/racefiles.h"
-#include "common/session.h"
-#include "racecard/betsheets.h"
+#include "common/event/eventfiles.h"
+#include "common/event/racefiles.h"
+#include "common/event/session.h"
+#include "common/print/format.h"
 #include "racecard/download.h"
+#include "racecard/fetch.h"
+#include "racecard/papersheets.h"
+#include "racecard/parts/waiting.h"
 #include "racecard/scratch.h"
 #include "ui/controls.h"
-#include "ui/listing.h"
+#include "ui/listwindow.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
-#include "ui/waiting.h"
 
 #include <QButtonGroup>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "racecard/frmhorsesform.h"
+#include "racecard/parts/horsesform.h"
 #include "ui/navigator.h"
 
 class QLineEdit;

@@ -1,7 +1,7 @@
 #include "racecard/postboard.h"
 
-#include "common/format.h"
-#include "common/recordfile.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/horses.h"
-#include "common/settings.h"
+#include "common/event/horses.h"
+#include "common/event/settings.h"
 
 #include <QByteArray>
 #include <QStringList>

@@ -1,12 +1,12 @@
 #include "racecard/scratch.h"
 
-#include "betting/refundlist.h"
-#include "common/eventfiles.h"
-#include "common/format.h"
-#include "common/racefiles.h"
-#include "common/recordfile.h"
-#include "multibets/multibetrecords.h"
-#include "multibets/multibettypes.h"
+#include "common/event/eventfiles.h"
+#include "common/event/multibetrecords.h"
+#include "common/event/multibettypes.h"
+#include "common/event/racefiles.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
+#include "common/print/refundlist.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/session.h"
-#include "common/slip.h"
+#include "common/event/session.h"
+#include "common/print/slip.h"
 
 // What scratching a horse comes to. Posts are 1-based; file work throws FileError and sets the
 // operation label.

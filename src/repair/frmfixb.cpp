@@ -1,7 +1,7 @@
 #include "repair/frmfixb.h"
 
-#include "common/session.h"
-#include "repair/frmrecordgrid.h"
+#include "common/event/session.h"
+#include "repair/parts/recordgrid.h"
 #include "repair/savedcopies.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"

@@ -1,8 +1,8 @@
 #include "repair/recordlist.h"
 
-#include "common/fileerror.h"
-#include "common/format.h"
-#include "common/recordfile.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
 #include "repair/savedcopies.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/eventfiles.h"
-#include "common/slip.h"
+#include "common/event/eventfiles.h"
+#include "common/print/slip.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,8 +1,8 @@
 #include "reports/cashreport.h"
 
-#include "common/format.h"
-#include "multibets/multibettypes.h"
-#include "payoff/settle.h"
+#include "common/event/multibettypes.h"
+#include "common/event/settle.h"
+#include "common/print/format.h"
 
 #include <algorithm>
 #include <cmath>

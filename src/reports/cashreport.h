@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/eventrecords.h"
-#include "reports/report.h"
+#include "common/event/eventrecords.h"
+#include "reports/reporttable.h"
 
 #include <vector>
 

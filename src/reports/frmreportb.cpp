@@ -1,9 +1,9 @@
 #include "reports/frmreportb.h"
 
-#include "common/format.h"
-#include "common/init.h"
-#include "common/recordfile.h"
-#include "common/session.h"
+#include "common/event/init.h"
+#include "common/event/session.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/reports.h"
+#include "reports/eventreports.h"
 #include "ui/navigator.h"
 
 #include <QWidget>

@@ -1,9 +1,10 @@
 #include "reports/frmsummb.h"
 
-#include "betting/betlistings.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "reports/betlistings.h"
+#include "reports/summaryslip.h"
 #include "ui/controls.h"
-#include "ui/listing.h"
+#include "ui/listwindow.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/summary.h"
+#include "common/event/racesummary.h"
 #include "ui/navigator.h"
 
 #include <QWidget>

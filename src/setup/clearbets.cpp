@@ -1,9 +1,9 @@
 #include "setup/clearbets.h"
 
-#include "common/fileerror.h"
-#include "common/format.h"
-#include "common/recordfile.h"
-#include "multibets/multibetrecords.h"
+#include "common/event/multibetrecords.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "betting/refundlist.h"
-#include "common/eventfiles.h"
+#include "common/event/eventfiles.h"
+#include "common/print/refundlist.h"
 
 // Clearing the current race's bets with refunds. File work throws FileError and sets the operation
 // label.

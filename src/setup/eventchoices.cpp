@@ -1,7 +1,7 @@
 #include "setup/eventchoices.h"
 
-#include "common/init.h"
-#include "common/recordfile.h"
+#include "common/event/init.h"
+#include "common/files/recordfile.h"
 
 #include <QStringList>
 

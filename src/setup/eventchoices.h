@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/session.h"
+#include "common/event/session.h"
 
 // The choices of the setup screen: what each does to the settings, and how it reads.
 

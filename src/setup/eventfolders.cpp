@@ -1,8 +1,8 @@
 #include "setup/eventfolders.h"
 
-#include "common/fileerror.h"
-#include "common/hostsystem.h"
-#include "common/init.h"
+#include "common/event/init.h"
+#include "common/files/fileerror.h"
+#include "common/files/hostsystem.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/folders.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "common/files/folders.h"
 
 // Choosing the drive and folder of an event. Folders are paths in backslash form that end in one
 // backslash. File work throws FileError and sets the operation label; on failure the event

@@ -1,6 +1,6 @@
 #include "setup/frmdirb.h"
 
-#include "common/session.h"
+#include "common/event/session.h"
 #include "setup/eventfolders.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"

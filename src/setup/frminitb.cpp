@@ -1,11 +1,11 @@
 #include "setup/frminitb.h"
 
-#include "common/eventfiles.h"
-#include "common/init.h"
-#include "common/racefiles.h"
-#include "common/session.h"
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
+#include "common/event/racefiles.h"
+#include "common/event/session.h"
+#include "setup/clearevent.h"
 #include "setup/eventchoices.h"
-#include "setup/newevent.h"
 #include "setup/startup.h"
 #include "ui/prompts.h"
 

@@ -1,14 +1,14 @@
 #include "setup/frmmenub.h"
 
-#include "common/racefiles.h"
-#include "common/roles.h"
-#include "common/session.h"
+#include "common/event/networkmode.h"
+#include "common/event/racefiles.h"
+#include "common/event/roles.h"
+#include "common/event/session.h"
 #include "setup/clearbets.h"
 #include "setup/menurules.h"
 #include "setup/restore.h"
-#include "transfer/network.h"
 #include "ui/controls.h"
-#include "ui/listing.h"
+#include "ui/listwindow.h"
 #include "ui/prompts.h"
 
 #include <QGridLayout>

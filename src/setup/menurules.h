@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/settings.h"
+#include "common/event/settings.h"
 
 // What the main menu shows, by the settings of the run.
 

@@ -1,7 +1,7 @@
 #include "setup/restore.h"
 
-#include "common/fileerror.h"
-#include "common/recordfile.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
 
 #include <QFileInfo>
 

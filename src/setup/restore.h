@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/eventfiles.h"
+#include "common/event/eventfiles.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/session.h"
+#include "common/event/session.h"
 
 // What happens once a run before the setup screen shows its settings, without the questions.
 

@@ -1,6 +1,6 @@
 #include "transfer/addedtable.h"
 
-#include "common/format.h"
+#include "common/print/format.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/addedbets.h"
+#include "common/event/addedbets.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,7 +1,7 @@
 #include "transfer/frmdrives.h"
 
-#include "common/session.h"
-#include "transfer/satellite.h"
+#include "common/event/session.h"
+#include "transfer/thumbdrive.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
 

@@ -1,7 +1,7 @@
 #include "transfer/frmimportb.h"
 
-#include "common/folders.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "common/files/folders.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"
 #include "ui/prompts.h"

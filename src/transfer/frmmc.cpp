@@ -1,7 +1,7 @@
 #include "transfer/frmmc.h"
 
-#include "common/format.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "common/print/format.h"
 #include "transfer/addedtable.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"

@@ -1,11 +1,11 @@
 #include "transfer/importevent.h"
 
-#include "common/eventfiles.h"
-#include "common/fileerror.h"
-#include "common/format.h"
-#include "common/recordfile.h"
-#include "common/roles.h"
-#include "multibets/multibetrecords.h"
+#include "common/event/eventfiles.h"
+#include "common/event/multibetrecords.h"
+#include "common/event/roles.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
+#include "common/print/format.h"
 
 #include <QDir>
 #include <QFileInfo>

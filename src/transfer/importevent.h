@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/session.h"
-#include "transfer/satellite.h"
+#include "common/event/session.h"
+#include "transfer/thumbdrive.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/bettors.h"
+#include "common/event/bettors.h"
 
 #include <QStringList>
 #include <QWidget>

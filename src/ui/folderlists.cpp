@@ -1,7 +1,7 @@
 #include "ui/folderlists.h"
 
-#include "common/folders.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "common/files/folders.h"
 
 #include <QListWidget>
 #include <QStyle>
@@ -78,7 +78,7 @@ void FolderLists::showFolders(const QString &folder)
     }
     m_folders->setCurrentItem(parent);
     m_folders->expandAll();
-    for (const QString &name : foldersInside(m_session, folder))
+    for (const QString &name : foldersInside(m_session.paths, folder))
         addFolder(parent, name, folder + name + u'\\', closed);
     m_folders->expandAll();
     m_folders->scrollToItem(parent);

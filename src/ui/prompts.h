@@ -1,7 +1,7 @@
 #pragma once
 
-#include "common/fileerror.h"
-#include "common/session.h"
+#include "common/event/session.h"
+#include "common/files/fileerror.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "ui/slipprinter.h"
 
-#include "common/fileerror.h"
+#include "common/files/fileerror.h"
 
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>

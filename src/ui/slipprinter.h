@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/slip.h"
+#include "common/print/slip.h"
 
 #include <QFont>
 

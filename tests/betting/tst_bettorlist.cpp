@@ -1,5 +1,5 @@
 #include "betting/bettorlist.h"
-#include "common/racefiles.h"
+#include "common/event/racefiles.h"
 #include "kit/testkit.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "common/fileerror.h"
+#include "common/files/fileerror.h"
 #include "kit/testkit.h"
 #include "ui/mainwindow.h"
 

@@ -1,6 +1,6 @@
-#include "common/fileerror.h"
+#include "common/files/fileerror.h"
 #include "kit/testkit.h"
-#include "ui/listing.h"
+#include "ui/listwindow.h"
 #include "ui/mainwindow.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
-#include "betting/frmbetsheet.h"
-#include "common/fileerror.h"
-#include "common/init.h"
+#include "betting/parts/betsheet.h"
+#include "common/event/init.h"
+#include "common/files/fileerror.h"
 #include "kit/testkit.h"
 #include "ui/mainwindow.h"
 

@@ -1,6 +1,6 @@
 #include "betting/placement.h"
 #include "betting/priorbets.h"
-#include "common/racefiles.h"
+#include "common/event/racefiles.h"
 #include "kit/testkit.h"
 
 using namespace Qt::StringLiterals;

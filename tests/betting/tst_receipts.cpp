@@ -1,5 +1,5 @@
 #include "betting/receipts.h"
-#include "common/horses.h"
+#include "common/event/horses.h"
 #include "kit/testkit.h"
 
 using namespace Qt::StringLiterals;

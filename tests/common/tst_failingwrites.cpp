@@ -1,6 +1,6 @@
-#include "common/eventfiles.h"
-#include "common/racefiles.h"
-#include "common/recordfile.h"
+#include "common/event/eventfiles.h"
+#include "common/event/racefiles.h"
+#include "common/files/recordfile.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
 

@@ -1,7 +1,7 @@
-#include "common/betrecords.h"
-#include "common/bettors.h"
-#include "common/horses.h"
-#include "common/recordfile.h"
+#include "common/event/betrecords.h"
+#include "common/event/bettors.h"
+#include "common/event/horses.h"
+#include "common/files/recordfile.h"
 #include "kit/testkit.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/fileerror.h"
+#include "common/files/fileerror.h"
 
 #include <functional>
 #include <optional>

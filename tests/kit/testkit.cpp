@@ -1,8 +1,8 @@
 #include "kit/testkit.h"
 
-#include "common/eventfiles.h"
-#include "common/fileerror.h"
-#include "common/init.h"
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
+#include "common/files/fileerror.h"
 #include "kit/faultywrites.h"
 #include "screens.h"
 #include "ui/controls.h"

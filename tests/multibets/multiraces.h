@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/horses.h"
+#include "common/event/horses.h"
 #include "kit/testkit.h"
 
 // What the tests of the multibet screens share: an event with horses and bettors, and the clicks of

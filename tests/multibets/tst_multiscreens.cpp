@@ -1,4 +1,4 @@
-#include "common/fileerror.h"
+#include "common/files/fileerror.h"
 #include "multibets/multiraces.h"
 #include "multibets/multislips.h"
 #include "ui/mainwindow.h"

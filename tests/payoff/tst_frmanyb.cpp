@@ -28,11 +28,11 @@ void tst_frmanyb::init()
     RacePayoffs &payoffs = event->session.payoffs;
     payoffs.race = 1;
     payoffs.finishers = {4, 2, 7};
-    payoffs.perDollar[Ticket::WinWin] = 3.2F;
-    payoffs.perDollar[Ticket::WinPlace] = 2.5F;
-    payoffs.perDollar[Ticket::WinShow] = 1.1F;
-    payoffs.perDollar[Ticket::PlacePlace] = 2;
-    payoffs.perDollar[Ticket::PlaceShow] = 1.6F;
+    payoffs.perDollar[Combination::WinWin] = 3.2F;
+    payoffs.perDollar[Combination::WinPlace] = 2.5F;
+    payoffs.perDollar[Combination::WinShow] = 1.1F;
+    payoffs.perDollar[Combination::PlacePlace] = 2;
+    payoffs.perDollar[Combination::PlaceShow] = 1.6F;
     for (const int post : {2, 4, 7})
         event->session.horses.post(post).name = u"HORSE %1"_s.arg(post);
     screen = event->open(u"frmanyb"_s);
@@ -104,7 +104,7 @@ void tst_frmanyb::besideThePayScreen()
     event->open(u"frmlistb"_s);
     screen = event->navigator().openBeside(u"frmanyb"_s);
     QVERIFY(screen->isWindow());
-    event->session.payoffs.perDollar[Ticket::WinWin] = 4;
+    event->session.payoffs.perDollar[Combination::WinWin] = 4;
     calculate(u"2"_s);
     QCOMPARE(shown(u"txttotaltotal"_s), u"$8.00"_s);
     event->session.payoffs = {};

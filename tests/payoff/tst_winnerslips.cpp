@@ -15,9 +15,9 @@ private slots:
 
 namespace {
 
-TicketAmounts six(std::array<float, 6> values)
+CombinationAmounts six(std::array<float, 6> values)
 {
-    TicketAmounts amounts;
+    CombinationAmounts amounts;
     std::ranges::copy(values, amounts.begin());
     return amounts;
 }

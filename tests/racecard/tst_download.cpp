@@ -1,8 +1,8 @@
-#include "common/eventfiles.h"
-#include "common/fetch.h"
+#include "common/event/eventfiles.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
 #include "racecard/download.h"
+#include "racecard/fetch.h"
 
 #include <QProgressDialog>
 #include <QPushButton>

@@ -1,4 +1,4 @@
-#include "common/racefiles.h"
+#include "common/event/racefiles.h"
 #include "kit/testkit.h"
 
 #include <QTableWidget>

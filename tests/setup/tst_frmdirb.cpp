@@ -1,5 +1,5 @@
-#include "common/eventfiles.h"
-#include "common/recordfile.h"
+#include "common/event/eventfiles.h"
+#include "common/files/recordfile.h"
 #include "kit/testkit.h"
 #include "setup/eventfolders.h"
 
@@ -174,7 +174,7 @@ void tst_frmdirb::names()
 {
     TestEvent event(false);
     makeFolder(event.path(u"Party"_s));
-    const auto folders = [&] { return foldersInside(event.session, u"C:\\Trelawn\\"_s); };
+    const auto folders = [&] { return foldersInside(event.session.paths, u"C:\\Trelawn\\"_s); };
     QWidget *screen = event.open(u"frmdirb"_s);
     BoxRobot robot;
     // What is typed leads to a complaint, or to nothing; only the last is a name.

@@ -1,5 +1,5 @@
-#include "common/eventfiles.h"
-#include "common/init.h"
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
 #include "kit/testkit.h"
 #include "ui/mainwindow.h"
 

@@ -1,4 +1,4 @@
-#include "common/format.h"
+#include "common/print/format.h"
 #include "kit/testkit.h"
 
 #include <QCheckBox>

@@ -1,8 +1,8 @@
-#include "common/betrecords.h"
-#include "common/racefiles.h"
+#include "common/event/betrecords.h"
+#include "common/event/racefiles.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
-#include "transfer/satellite.h"
+#include "transfer/thumbdrive.h"
 #include "ui/mainwindow.h"
 
 #include <QDir>

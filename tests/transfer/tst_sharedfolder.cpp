@@ -1,11 +1,11 @@
 #include "betting/bettorlist.h"
 #include "betting/placement.h"
 #include "betting/priorbets.h"
-#include "common/eventfiles.h"
-#include "common/racefiles.h"
+#include "common/event/eventfiles.h"
+#include "common/event/networkmode.h"
+#include "common/event/racefiles.h"
 #include "kit/testkit.h"
 #include "racecard/scratch.h"
-#include "transfer/network.h"
 
 #include <QDir>
 #include <QProcess>

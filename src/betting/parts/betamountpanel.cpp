@@ -1,0 +1,111 @@
+#include "betting/parts/betamountpanel.h"
+
+#include "common/print/format.h"
+#include "ui/controls.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int presets[] = {1, 2, 3, 5, 10, 20};
+constexpr float steps[] = {0.25F, 1, 5, 10};
+
+ClickCell *makeKey(QWidget *parent, const QString &name, const QString &text,
+                   const QString &toolTip)
+{
+    ClickCell *key = makeCell(parent, name, toolTip);
+    key->setText(text);
+    key->setAlignment(Qt::AlignCenter);
+    key->setAccessibleName(toolTip);
+    key->setCursor(Qt::PointingHandCursor);
+    QPalette palette = key->palette();
+    palette.setColor(QPalette::Base, palette.color(QPalette::Button));
+    key->setPalette(palette);
+    enlarge(key, 1.1);
+    return key;
+}
+
+} // namespace
+
+BetAmountPanel::BetAmountPanel(const QString &signToolTip, QWidget *parent)
+    : QWidget(parent)
+{
+    build(signToolTip);
+    showAmount();
+}
+
+void BetAmountPanel::build(const QString &signToolTip)
+{
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(4);
+    txtplus = makeKey(this, u"txtplus"_s, m_amount.sign(), signToolTip);
+    txtbetamt = makeKey(this, u"txtbetamt"_s, {}, u"Click to increase this amount by $1"_s);
+    enlarge(txtplus, 1.8);
+    enlarge(txtbetamt, 1.8);
+    fitCharacters(txtplus, 2);
+    // Widths are shared by the cells, not asked for by them.
+    txtbetamt->setMinimumWidth(0);
+    grid->addWidget(txtplus, 0, 0, 1, 2);
+    grid->addWidget(txtbetamt, 0, 2, 1, 10);
+    for (int i = 0; i < int(std::size(presets)); ++i) {
+        const QString dollars = QString::number(presets[i]);
+        ClickCell *preset =
+            makeKey(this, memberName(u"txtone"_s, i), dollars, u"Make bet amount $"_s + dollars);
+        connect(preset, &ClickCell::clicked, this, [this, i] { pressPreset(i); });
+        grid->addWidget(preset, 1, 2 * i, 1, 2);
+    }
+    grid->addWidget(makeLabel(this, u"lbladd"_s, u"Add To Bet Amount"_s), 2, 0, 1, 12);
+    for (int i = 0; i < int(std::size(steps)); ++i) {
+        QString text = plainNumber(steps[i]);
+        if (text.startsWith("0."_L1))
+            text[0] = u' '; // ".25" with a leading blank
+        ClickCell *cell = makeKey(this, memberName(u"txtamt"_s, i), text,
+                                  u"Click to add this amount to the current bet"_s);
+        connect(cell, &ClickCell::clicked, this, [this, cell] {
+            m_amount.press(cell->text());
+            showAmount();
+        });
+        grid->addWidget(cell, 3, 3 * i, 1, 3);
+    }
+    ClickCell *txtclearamt = makeKey(this, u"txtclearamt"_s, clearAmountCaption(),
+                                     u"Click to set the bet amount to $0"_s);
+    grid->addWidget(txtclearamt, 4, 0, 1, 12);
+
+    connect(txtplus, &ClickCell::clicked, this, &BetAmountPanel::flipSign);
+    connect(txtbetamt, &ClickCell::clicked, this, [this] {
+        m_amount.step(1);
+        showAmount("$##.00");
+    });
+    connect(txtclearamt, &ClickCell::clicked, this, [this] {
+        m_amount.set(0);
+        showAmount();
+    });
+}
+
+void BetAmountPanel::showAmount(const char *pattern)
+{
+    txtbetamt->setText(formatMoney(m_amount.value(), pattern));
+    txtplus->setText(m_amount.sign());
+}
+
+void BetAmountPanel::flipSign()
+{
+    m_amount.flipSign();
+    showAmount();
+}
+
+void BetAmountPanel::pressPreset(int index)
+{
+    m_amount.set(float(presets[index]));
+    showAmount();
+}
+
+void BetAmountPanel::turnSign(bool minus)
+{
+    if (m_amount.isMinus() != minus)
+        flipSign();
+}

@@ -1,0 +1,355 @@
+#include "betting/parts/betsheet.h"
+
+#include "betting/parts/betamountpanel.h"
+#include "betting/parts/betgrid.h"
+#include "betting/parts/priorbetspanel.h"
+#include "betting/receipts.h"
+#include "common/event/init.h"
+#include "common/event/odds.h"
+#include "common/event/racefiles.h"
+#include "common/event/roles.h"
+#include "common/print/format.h"
+#include "ui/bettorsearch.h"
+#include "ui/controls.h"
+#include "ui/listwindow.h"
+#include "ui/prompts.h"
+#include "ui/slipprinter.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString dollars(float amount)
+{
+    return formatMoney(amount, "$#,##0.00");
+}
+
+QString betCount(std::size_t bets)
+{
+    return QString::number(bets) + (bets == 1 ? u" bet"_s : u" bets"_s);
+}
+
+QString toBePlacedText(float amount)
+{
+    return u"to be placed: "_s + dollars(amount);
+}
+
+} // namespace
+
+BetSheet::BetSheet(const ScreenContext &context, const BetSheetKind &kind, QWidget *parent)
+    : QWidget(parent)
+    , m_context(context)
+    , m_kind(kind)
+{
+    build();
+    connectControls();
+    fill();
+}
+
+// While the sheet is being opened it cannot carry a box yet: the failure is shown once it can.
+bool BetSheet::trapped(const std::function<void()> &work)
+{
+    Session &session = m_context.session;
+    if (m_open)
+        return trapErrors(this, session, ErrorStyle::NumberAndDescription, work);
+    try {
+        work();
+        return true;
+    } catch (const FileError &error) {
+        const QString &label = session.settings.operationLabel;
+        m_openingErrors.append({errorText(error, label, ErrorStyle::NumberAndDescription), label});
+        return false;
+    }
+}
+
+void BetSheet::fill()
+{
+    Session &session = m_context.session;
+    bool initIsWhole = true;
+    trapped([&] { initIsWhole = rereadInit(session); });
+    if (!initIsWhole)
+        note(u"Init is damaged: the settings of this run stay in force."_s);
+    showReceiptSetting();
+    loadBettorList();
+    loadRace();
+    m_search->focusSearch();
+    m_open = true;
+    QTimer::singleShot(0, this, [this] {
+        for (const auto &[text, label] : std::exchange(m_openingErrors, {}))
+            showMessage(this, text, label);
+    });
+}
+
+void BetSheet::openScreen(const QString &name)
+{
+    const QString refusal =
+        name == "frmbettorsb"_L1 ? bettorsRefusal(m_context.session.settings) : QString();
+    if (refusal.isEmpty())
+        m_context.navigator.open(name);
+    else
+        showMessage(this, refusal);
+}
+
+void BetSheet::note(const QString &text)
+{
+    lblnote->setText(text);
+}
+
+void BetSheet::loadBettorList()
+{
+    Session &session = m_context.session;
+    trapped([&] { loadBettors(session, u"Bettors Input"_s); });
+    m_search->setBettors(session.bettors);
+}
+
+// Shows the current race on an empty sheet. What cannot be read is empty: no bet may fall on a
+// horse of the race before.
+void BetSheet::loadRace()
+{
+    Session &session = m_context.session;
+    session.horses = {};
+    session.bets = {};
+    session.pools = {};
+    QString betsNote;
+    trapped([&] {
+        if (const int damaged = loadHorses(session, u"Horses input"_s); damaged > 0)
+            note(u"Horses has damaged lines: "_s + QString::number(damaged));
+        betsNote = LoadRaceBets(session);
+    });
+    if (!betsNote.isEmpty())
+        note(betsNote);
+    txtbanner->setText(session.settings.banner);
+    txtbanner1->setText(session.settings.raceName());
+    m_grid->setHorses(session.horses);
+    if (std::ranges::all_of(session.horses, isUnused) && lblnote->text().isEmpty())
+        note(u"No horses are entered for this race yet."_s);
+    showOdds();
+    clearEntries();
+}
+
+void BetSheet::showOdds()
+{
+    const Session &session = m_context.session;
+    std::array<int, postCount> couplings{};
+    for (int post = 1; post <= postCount; ++post)
+        couplings[std::size_t(post - 1)] = session.horses.couplingOf(post);
+    m_grid->setOdds(winOdds(session.pools, couplings));
+}
+
+void BetSheet::chooseRace(int race)
+{
+    note({});
+    m_context.session.settings.currentRace = race;
+    trapped([&] { saveInit(m_context.session); });
+    loadRace();
+    if (m_bettor != 0)
+        listPriorBets(m_bettor, m_bettorName);
+    else
+        showPrior({});
+}
+
+void BetSheet::chooseBettor(int number, const QString &name)
+{
+    note({});
+    m_bettor = number;
+    m_bettorName = name;
+    showBettor();
+    listPriorBets(number, name);
+    m_grid->focusFirstCell();
+}
+
+void BetSheet::showBettor()
+{
+    lblselected->setText(m_bettor == 0 ? u"No bettor selected"_s : m_bettorName);
+    lblselected->setEnabled(m_bettor != 0);
+}
+
+void BetSheet::listPriorBets(int bettor, const QString &name)
+{
+    PriorBets prior{bettor, name, {}, 0};
+    trapped([&] { prior = loadPriorBets(m_context.session, bettor, name); });
+    showPrior(prior);
+    showOdds();
+}
+
+void BetSheet::showPrior(const PriorBets &prior)
+{
+    m_prior = prior;
+    m_priorPanel->showBets(m_prior);
+}
+
+void BetSheet::addEntry(int post, BetType type)
+{
+    if (m_amount->amount() == 0)
+        return;
+    m_entries.add(post, type, m_amount->amount());
+    showEntries();
+}
+
+void BetSheet::clearEntries()
+{
+    m_entries.clear();
+    m_grid->showEntries(m_entries);
+    lbltobeplaced->setText(toBePlacedText(0));
+}
+
+void BetSheet::showEntries()
+{
+    m_grid->showEntries(m_entries);
+    const Settings &settings = m_context.session.settings;
+    lbltobeplaced->setText(
+        toBePlacedText(planPlacement(m_entries, m_bettor, 0, settings.betLimit).total()));
+    note(entriesNote(m_entries));
+}
+
+void BetSheet::place()
+{
+    const QString title = u"Place Bets"_s;
+    Session &session = m_context.session;
+    if (m_entries.total() == 0)
+        return;
+    if (m_bettor == 0)
+        return showMessage(this, u"Must select bettor first."_s, title);
+    if (!askYesNo(this, u"Place these bets?"_s, title))
+        return;
+    note({});
+    Placement placement;
+    const bool reachedFiles = trapped([&] {
+        if (m_kind.readsBettorsToPlace)
+            loadBettors(session, u"Bettors input"_s);
+        placement = placeBets(session, m_entries, m_bettor);
+    });
+    if (!reachedFiles)
+        return note(u"No bet was placed."_s);
+    const QString limit = QString::number(session.settings.betLimit);
+    if (placement.raceIsFull) {
+        return showMessage(
+            this, u"The race has room for "_s + limit + u" bets. These bets were not placed."_s,
+            title);
+    }
+    listPlaced(placement);
+    if (placement.plan.stopsAtNegative)
+        return stopAtNegative(placement.plan);
+    if (placement.plan.overBettorLimit) {
+        showMessage(this, u"Maximum of "_s + limit + u" bets for any one bettor"_s, u"Place Bet"_s);
+    }
+    finishPlacement(placement);
+}
+
+// Adds the placed bets to the prior bets and reloads the race with them.
+void BetSheet::listPlaced(const Placement &placement)
+{
+    Session &session = m_context.session;
+    std::size_t row = placement.firstRow;
+    for (const Bet &bet : placement.plan.bets)
+        m_prior.append({row++, bet, placedBetLine(session.horses, bet)});
+    m_priorPanel->showBets(m_prior);
+    trapped([&] { LoadRaceBets(session); });
+    showOdds();
+}
+
+void BetSheet::stopAtNegative(const PlacementPlan &plan)
+{
+    showMessage(this, u"Bet amounts must be positive"_s);
+    note(betCount(plan.bets.size()) + u" of "_s + dollars(plan.total())
+         + u" saved before the negative amount. What is saved must leave the sheet before "
+           "placing again."_s);
+}
+
+// The bets are on disk: whatever the printer says, the sheet is cleared, so that nothing is placed
+// twice.
+void BetSheet::finishPlacement(const Placement &placement)
+{
+    Session &session = m_context.session;
+    QString result = betCount(placement.plan.bets.size()) + u" of "_s
+                     + dollars(placement.plan.total()) + u" placed for "_s + m_bettorName + u'.';
+    if (session.settings.receiptsPrint()) {
+        const bool printed = trapped([&] {
+            session.settings.operationLabel = u"Bet receipt"_s;
+            m_context.printer.print(betReceipt(session.settings, m_prior));
+        });
+        if (!printed)
+            result += u" The receipt was not printed."_s;
+    }
+    clearEntries();
+    m_bettor = 0;
+    m_bettorName.clear();
+    showBettor();
+    if (m_kind.readsBettorsToPlace)
+        m_search->setBettors(session.bettors);
+    else
+        m_search->reset();
+    m_search->focusSearch();
+    note(placement.note.isEmpty() ? result : result + u' ' + placement.note);
+}
+
+void BetSheet::deletePrior()
+{
+    QList<PriorBet> selected;
+    for (const int line : m_priorPanel->selectedLines())
+        selected.append(m_prior.bets[line]);
+    if (selected.isEmpty())
+        return;
+    note({});
+    DeletedBets deleted;
+    if (!trapped([&] { deleted = deletePriorBets(m_context.session, selected); }))
+        return;
+    if (deleted.listWasStale) {
+        note(u"The race's bets changed meanwhile: nothing was deleted. Select the bets again."_s);
+    } else {
+        note(betCount(std::size_t(selected.size())) + u" deleted, refund "_s
+             + dollars(deleted.refund) + u" to "_s + m_prior.name + u'.');
+        printRefund(deleted);
+    }
+    listPriorBets(m_prior.bettor, m_prior.name);
+}
+
+void BetSheet::printRefund(const DeletedBets &deleted)
+{
+    Settings &settings = m_context.session.settings;
+    if (!settings.receiptsPrint())
+        return;
+    const Slip slip = priorBetsRefund(settings, m_prior.name, deleted);
+    const bool printed = trapped([&] {
+        settings.operationLabel = u"Refund Bets"_s;
+        m_context.printer.print(slip);
+    });
+    if (!printed)
+        showListing(m_context, slipText(slip)); // the bets are gone; their list must not be
+}
+
+void BetSheet::switchReceipts()
+{
+    Settings &settings = m_context.session.settings;
+    settings.setReceiptPrinting(!settings.receiptsPrint());
+    showReceiptSetting();
+    trapped([&] { saveInit(m_context.session); });
+}
+
+void BetSheet::showReceiptSetting()
+{
+    setCaption(cmdprint, m_context.session.settings.receiptsPrint() ? u"Receipts will print"_s
+                                                                    : u"Receipts will not print"_s);
+}
+
+void BetSheet::keyPressEvent(QKeyEvent *event)
+{
+    if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return event->ignore();
+    const int key = event->key();
+    if (key >= Qt::Key_1 && key <= Qt::Key_6)
+        m_amount->pressPreset(key - Qt::Key_1);
+    else if (key == Qt::Key_Plus || key == Qt::Key_Minus)
+        m_amount->turnSign(key == Qt::Key_Minus);
+    else
+        event->ignore();
+}

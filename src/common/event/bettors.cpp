@@ -1,0 +1,154 @@
+#include "common/event/bettors.h"
+
+#include "common/files/recordfile.h"
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// One more is still a number.
+constexpr int largestNumber = std::numeric_limits<int>::max() - 1;
+
+QByteArray record(const Bettor &bettor)
+{
+    return QByteArray::number(bettor.number) + ',' + quotedField(bettor.name) + recordEnd;
+}
+
+QString withoutAccents(const QString &name)
+{
+    QString plain;
+    for (const QChar character : name.normalized(QString::NormalizationForm_D)) {
+        if (character.category() != QChar::Mark_NonSpacing)
+            plain += character;
+    }
+    return plain;
+}
+
+} // namespace
+
+QString anyBettorName()
+{
+    return u"AnyBettor"_s;
+}
+
+QString searchKey(const QString &name)
+{
+    return withoutAccents(name).toUpper();
+}
+
+BettorTable::BettorTable(int limit)
+    : m_slots(limit)
+{
+}
+
+BettorTable BettorTable::parse(const QByteArray &bytes, int limit)
+{
+    BettorTable table(limit);
+    std::string_view rest = view(bytes);
+    std::string_view line;
+    std::vector<RecordField> fields;
+    int slot = 0;
+    while (nextRecordLine(rest, line)) {
+        if (isBlankLine(line))
+            continue;
+        const bool whole = splitRecord(line, fields) && fields.size() == 2;
+        const auto number = whole ? fieldInteger(fields[0], 1, largestNumber) : std::nullopt;
+        if (!number) {
+            table.m_damaged.append(QByteArray(line.data(), qsizetype(line.size())));
+            continue;
+        }
+        if (++slot > table.slotCount())
+            table.m_slots.append(Bettor{});
+        table.setSlot(slot, {*number, fieldText(fields[1])});
+        table.nextNumber = *number + 1;
+    }
+    return table;
+}
+
+int BettorTable::slotOf(const QString &name) const
+{
+    const auto found = std::ranges::find_if(
+        m_slots, [&](const Bettor &bettor) { return bettor.isBettor() && bettor.name == name; });
+    return found == m_slots.end() ? 0 : int(found - m_slots.begin()) + 1;
+}
+
+QString BettorTable::nameOf(int number) const
+{
+    const auto found = std::ranges::find_if(m_slots, [&](const Bettor &bettor) {
+        return bettor.isBettor() && bettor.number == number;
+    });
+    return found == m_slots.end() ? QString() : found->name;
+}
+
+int BettorTable::numberOf(const QString &name) const
+{
+    const int slot = slotOf(name);
+    return slot == 0 ? 0 : this->slot(slot).number;
+}
+
+int BettorTable::highestNumber() const
+{
+    int highest = 0;
+    for (const Bettor &bettor : m_slots) {
+        if (bettor.isBettor())
+            highest = std::max(highest, bettor.number);
+    }
+    return highest;
+}
+
+QList<Bettor> BettorTable::sortedBettors() const
+{
+    QList<std::pair<QString, Bettor>> keyed;
+    for (const Bettor &bettor : m_slots) {
+        if (bettor.isBettor())
+            keyed.append({withoutAccents(bettor.name), bettor});
+    }
+    std::ranges::stable_sort(keyed, {}, &std::pair<QString, Bettor>::first);
+    QList<Bettor> sorted;
+    sorted.reserve(keyed.size());
+    for (const auto &[key, bettor] : keyed)
+        sorted.append(bettor);
+    return sorted;
+}
+
+QStringList BettorTable::sortedNames() const
+{
+    QStringList names;
+    for (const Bettor &bettor : sortedBettors())
+        names.append(bettor.name);
+    return names;
+}
+
+QByteArray BettorTable::records() const
+{
+    QByteArray bytes;
+    for (const Bettor &bettor : m_slots) {
+        if (bettor.isBettor())
+            bytes += record(bettor);
+    }
+    for (const QByteArray &line : m_damaged)
+        bytes += line + recordEnd;
+    return bytes;
+}
+
+QByteArray BettorTable::backupRecords() const
+{
+    QByteArray bytes;
+    for (const Bettor &bettor : m_slots) {
+        if (bettor.isEmpty())
+            break;
+        if (bettor.isBettor())
+            bytes += record(bettor);
+    }
+    for (const QByteArray &line : m_damaged)
+        bytes += line + recordEnd;
+    return bytes;
+}
+
+QByteArray newBettorRecords()
+{
+    return record({anyBettorNumber, anyBettorName()});
+}

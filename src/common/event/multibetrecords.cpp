@@ -1,0 +1,181 @@
+#include "common/event/multibetrecords.h"
+
+#include "common/event/eventfiles.h"
+#include "common/event/multibettypes.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
+#include "common/files/recordlines.h"
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int largestNumber = std::numeric_limits<int>::max();
+
+// Dollars as they stand in the record: exact to four decimals, without trailing zeros.
+QByteArray recordAmount(double amount)
+{
+    QByteArray text = QByteArray::number(amount, 'f', 4);
+    while (text.endsWith('0'))
+        text.chop(1);
+    if (text.endsWith('.'))
+        text.chop(1);
+    return text;
+}
+
+// The code of a known type is shared by all its bets.
+QString typeText(const RecordField &field)
+{
+    for (const MultibetType &type : multibetTypes()) {
+        if (type.code == QLatin1StringView(field.text.data(), qsizetype(field.text.size())))
+            return type.code;
+    }
+    return fieldText(field);
+}
+
+// \a fields is room that the lines of a file share.
+bool parseWith(std::vector<RecordField> &fields, std::string_view line, Multibet &bet)
+{
+    if (!splitRecord(line, fields) || fields.size() != 6)
+        return false;
+    for (std::size_t i = 0; i < bet.posts.size(); ++i) {
+        const auto post = fieldInteger(fields[i], 0, largestNumber);
+        if (!post)
+            return false;
+        bet.posts[i] = *post;
+    }
+    const auto amount = fieldNumber(fields[4]);
+    const auto bettor = fieldInteger(fields[5], 0, largestNumber);
+    if (!amount || !bettor)
+        return false;
+    bet.type = typeText(fields[3]);
+    bet.amount = *amount;
+    bet.bettor = *bettor;
+    return true;
+}
+
+std::string_view lineOf(const MultibetTable &bets, const MultibetRow &row)
+{
+    return std::string_view(bets.bytes).substr(row.start, row.length);
+}
+
+} // namespace
+
+bool parseMultibet(std::string_view line, Multibet &bet)
+{
+    std::vector<RecordField> fields;
+    return parseWith(fields, line, bet);
+}
+
+MultibetTable parseMultibets(std::string bytes)
+{
+    MultibetTable table;
+    table.bytes = std::move(bytes);
+    std::string_view rest = table.bytes;
+    std::string_view line;
+    std::vector<RecordField> fields;
+    table.rows.reserve(rest.size() / 14);
+    while (nextRecordLine(rest, line)) {
+        if (isBlankLine(line))
+            continue;
+        MultibetRow &row = table.rows.emplace_back();
+        row.start = std::size_t(line.data() - table.bytes.data());
+        row.length = line.size();
+        row.damaged = !parseWith(fields, line, row.bet);
+        if (row.damaged)
+            row.bet = {};
+    }
+    return table;
+}
+
+QByteArray multibetLine(const Multibet &bet)
+{
+    QByteArray line;
+    for (const int post : bet.posts)
+        line += QByteArray::number(post) + ',';
+    line += quotedField(bet.type) + ',' + recordAmount(bet.amount) + ',';
+    return line + QByteArray::number(bet.bettor) + recordEnd;
+}
+
+QList<Multibet> multibetsOf(const MultibetTable &bets, int bettor)
+{
+    QList<Multibet> own;
+    for (const MultibetRow &row : bets.rows) {
+        if (!row.damaged && row.bet.bettor == bettor)
+            own.append(row.bet);
+    }
+    return own;
+}
+
+double totalOf(const QList<Multibet> &bets)
+{
+    double total = 0;
+    for (const Multibet &bet : bets)
+        total += bet.amount;
+    return total;
+}
+
+MultibetTable loadMultibets(Session &session, const QString &label)
+{
+    session.settings.operationLabel = label;
+    const QString path = mainFile(session, RecordFile::Multibets, session.settings.currentRace);
+    return parseMultibets(readRecordFile(path).toStdString());
+}
+
+MultibetTable loadOrCreateMultibets(Session &session)
+{
+    try {
+        return loadMultibets(session, u"Multibets input"_s);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+    }
+    const int race = session.settings.currentRace;
+    keepInSaved(session, twinFile(session, RecordFile::Multibets, race));
+    rewriteTwins(session, RecordFile::Multibets, race, {}, u"Multibets input"_s,
+                 u"Multibets input"_s);
+    return {};
+}
+
+void appendMultibets(Session &session, std::span<const Multibet> bets)
+{
+    QByteArray lines;
+    for (const Multibet &bet : bets)
+        lines += multibetLine(bet);
+    appendTwins(session, RecordFile::Multibets, session.settings.currentRace, lines,
+                u"Append Bets"_s, u"Append Bets"_s);
+}
+
+bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed,
+                     const std::function<void()> &beforeRewrite)
+{
+    bool announced = !beforeRewrite;
+    const auto withoutRemoved = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
+        const MultibetTable bets = parseMultibets(bytes.toStdString());
+        const QList<Multibet> own = multibetsOf(bets, bettor);
+        std::vector<bool> dropped(std::size_t(own.size()), false);
+        for (const PlacedMultibet &bet : removed) {
+            if (bet.place >= own.size() || own[bet.place] != bet.bet)
+                return {};
+            dropped[std::size_t(bet.place)] = true;
+        }
+        if (!std::exchange(announced, true))
+            beforeRewrite();
+
+        QByteArray kept;
+        std::size_t place = 0;
+        for (const MultibetRow &row : bets.rows) {
+            const bool isOwn = !row.damaged && row.bet.bettor == bettor;
+            if (isOwn && dropped[place++])
+                continue;
+            const std::string_view line = lineOf(bets, row);
+            kept.append(line.data(), qsizetype(line.size())).append(recordEnd);
+        }
+        return kept;
+    };
+    return changeTwins(session, RecordFile::Multibets, session.settings.currentRace, withoutRemoved,
+                       u"Multibets input"_s, u"Multibets output"_s, u"Multibetsbackup output"_s);
+}

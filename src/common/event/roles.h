@@ -1,0 +1,15 @@
+#pragma once
+
+#include "common/event/settings.h"
+
+// What this computer's part among several computers allows, and where it sends the operator.
+
+// Why the role forbids the bettor list or the horses screen; empty when it does not.
+QString bettorsRefusal(const Settings &settings);
+QString horsesRefusal(const Settings &settings);
+
+// True when several computers go by the list of bettors, so that none may take names out of it.
+bool sharesBettors(const Settings &settings);
+
+// The name of the bet sheet in use: for this computer's own files or for the shared folder's.
+QString betSheetScreen(const Settings &settings);

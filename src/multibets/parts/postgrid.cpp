@@ -1,0 +1,215 @@
+#include "multibets/parts/postgrid.h"
+
+#include "ui/controls.h"
+
+#include <QKeyEvent>
+#include <QStyle>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int lineCount = 3;
+constexpr int posts = 21;
+
+// Yellow, or magenta with a heavy frame and bold figures, so that the state needs no colour.
+constexpr char styles[] = R"(
+QLineEdit { border: none; background: transparent; }
+ClickCell { background: #ffff00; color: #101810; border: 1px solid #9a9a3c; }
+ClickCell:disabled { background: #e6e6cf; color: #80886f; border: 1px solid #c4c4ad; }
+ClickCell[chosen="true"] { background: #ff00ff; font-weight: bold; border: 3px solid #101810; }
+ClickCell:focus { border: 2px dashed #1f4d34; }
+ClickCell[chosen="true"]:focus { border: 3px dashed #101810; }
+)";
+
+int indexOf(int line, int post)
+{
+    return line * posts + post - 1;
+}
+
+} // namespace
+
+PostGrid::PostGrid(Selection selection, QWidget *parent)
+    : QWidget(parent)
+    , m_selection(selection)
+    , m_layout(new QGridLayout(this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setHorizontalSpacing(3);
+    m_layout->setVerticalSpacing(3);
+    setStyleSheet(QLatin1StringView(styles));
+    for (int line = 0; line < lineCount; ++line) {
+        txtgroup[std::size_t(line)] = makeDisplay(this, memberName(u"txtgroup"_s, line));
+        fitCharacters(txtgroup[std::size_t(line)], 12);
+        m_layout->addWidget(txtgroup[std::size_t(line)], line, 0);
+        for (int post = 1; post <= posts; ++post) {
+            const int index = indexOf(line, post);
+            ClickCell *made = makeCell(this, memberName(u"txtnum"_s, index));
+            made->setText(QString::number(post));
+            made->setAlignment(Qt::AlignCenter);
+            made->setMinimumWidth(made->fontMetrics().horizontalAdvance(u"000"_s) + 10);
+            made->setEnabled(false);
+            made->installEventFilter(this);
+            QSizePolicy policy = made->sizePolicy();
+            policy.setRetainSizeWhenHidden(true);
+            made->setSizePolicy(policy);
+            m_layout->addWidget(made, line, post);
+            m_layout->setColumnStretch(post, 1);
+            txtnum[std::size_t(index)] = made;
+            setSelected(index, false);
+            connect(made, &ClickCell::clicked, this, [this, line, post] { toggle(line, post); });
+        }
+    }
+}
+
+void PostGrid::setLine(int line, const QString &label, const QString &labelTip,
+                       const QString &cellTip)
+{
+    QLineEdit *group = txtgroup[std::size_t(line)];
+    group->setToolTip(labelTip);
+    group->setAccessibleDescription(labelTip);
+    setLabel(line, label);
+    for (int post = 1; post <= posts; ++post)
+        setCellTip(line, post, cellTip);
+}
+
+void PostGrid::setLabel(int line, const QString &label)
+{
+    txtgroup[std::size_t(line)]->setText(label);
+}
+
+void PostGrid::setCellTip(int line, int post, const QString &tip)
+{
+    cell(line, post)->setToolTip("<span>"_L1 + tip.toHtmlEscaped() + "</span>"_L1);
+    cell(line, post)->setAccessibleDescription(tip);
+}
+
+void PostGrid::addAtEnd(int line, QWidget *control)
+{
+    m_layout->addWidget(control, line, posts + 1);
+}
+
+void PostGrid::showPosts(const std::array<std::set<int>, 3> &shown)
+{
+    for (int line = 0; line < lineCount; ++line) {
+        bool first = true;
+        for (int post = 1; post <= posts; ++post) {
+            const bool has = shown[std::size_t(line)].contains(post);
+            cell(line, post)->setEnabled(has);
+            cell(line, post)->setVisible(has);
+            if (!has)
+                setSelected(indexOf(line, post), false);
+            // Tab stops once a line; the arrow keys go on from there.
+            cell(line, post)->setFocusPolicy(has && first ? Qt::StrongFocus : Qt::ClickFocus);
+            first = first && !has;
+        }
+    }
+    emit selectionChanged();
+}
+
+void PostGrid::clearSelection()
+{
+    for (int index = 0; index < lineCount * posts; ++index)
+        setSelected(index, false);
+    emit selectionChanged();
+}
+
+QList<int> PostGrid::selectedPosts(int line) const
+{
+    QList<int> selected;
+    for (int post = 1; post <= posts; ++post) {
+        if (m_selected[std::size_t(indexOf(line, post))])
+            selected.append(post);
+    }
+    return selected;
+}
+
+ClickCell *PostGrid::cell(int line, int post) const
+{
+    return txtnum[std::size_t(indexOf(line, post))];
+}
+
+void PostGrid::toggle(int line, int post)
+{
+    const int index = indexOf(line, post);
+    const bool selects = !m_selected[std::size_t(index)];
+    if (selects && !m_repeatsAllowed && isSelectedElsewhere(line, post)) {
+        emit duplicateRefused();
+        return;
+    }
+    if (selects && m_selection == Selection::OnePerLine) {
+        for (int other = 1; other <= posts; ++other)
+            setSelected(indexOf(line, other), false);
+    }
+    setSelected(index, selects);
+    emit selectionChanged();
+}
+
+void PostGrid::setSelected(int index, bool selected)
+{
+    ClickCell *changed = txtnum[std::size_t(index)];
+    if (m_selected[std::size_t(index)] == selected && changed->property("chosen").isValid())
+        return;
+    m_selected[std::size_t(index)] = selected;
+    changed->setProperty("chosen", selected);
+    // The style rules look at the property only when they are applied.
+    changed->style()->unpolish(changed);
+    changed->style()->polish(changed);
+    changed->setAccessibleName("Line "_L1 + QString::number(index / posts + 1) + " post "_L1
+                               + QString::number(index % posts + 1)
+                               + (selected ? " selected"_L1 : " not selected"_L1));
+}
+
+bool PostGrid::isSelectedElsewhere(int line, int post) const
+{
+    for (int other = 0; other < lineCount; ++other) {
+        if (other != line && m_selected[std::size_t(indexOf(other, post))])
+            return true;
+    }
+    return false;
+}
+
+bool PostGrid::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto found = std::ranges::find(txtnum, object);
+        if (found != txtnum.end())
+            return moveFocus(int(found - txtnum.begin()), static_cast<QKeyEvent *>(event)->key());
+    }
+    return QWidget::eventFilter(object, event);
+}
+
+// Moves to the next usable cell in the direction of an arrow key.
+bool PostGrid::moveFocus(int index, int key)
+{
+    int lineStep = 0;
+    int postStep = 0;
+    switch (key) {
+    case Qt::Key_Left:
+        postStep = -1;
+        break;
+    case Qt::Key_Right:
+        postStep = 1;
+        break;
+    case Qt::Key_Up:
+        lineStep = -1;
+        break;
+    case Qt::Key_Down:
+        lineStep = 1;
+        break;
+    default:
+        return false;
+    }
+    int line = index / posts + lineStep;
+    int post = index % posts + 1 + postStep;
+    for (; line >= 0 && line < lineCount && post >= 1 && post <= posts;
+         line += lineStep, post += postStep) {
+        if (cell(line, post)->isEnabled()) {
+            cell(line, post)->setFocus(Qt::OtherFocusReason);
+            break;
+        }
+    }
+    return true;
+}

@@ -1,0 +1,53 @@
+#include "payoff/settlerace.h"
+
+#include "common/event/eventfiles.h"
+#include "common/event/racefiles.h"
+#include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+BetTable readBets(Session &session)
+{
+    session.settings.operationLabel = u"Bets input"_s;
+    try {
+        const QString path = mainFile(session, RecordFile::Bets, session.settings.currentRace);
+        return parseBets(readRecordFile(path).toStdString());
+    } catch (const FileError &error) {
+        if (error.number() == ErrorNumber::FileNotFound)
+            session.settings.operationLabel = u"Bet file empty"_s;
+        throw;
+    }
+}
+
+} // namespace
+
+int firstUnusedPost(const HorseTable &horses)
+{
+    const auto found = std::ranges::find_if(horses, isUnused);
+    return found == horses.end() ? 0 : found->post;
+}
+
+Settlement settleCurrentRace(Session &session, RaceResult result)
+{
+    loadBettors(session, u"Bets input"_s);
+    BetTable bets = readBets(session);
+    for (int post = 1; post <= postCount; ++post)
+        result.coupling[std::size_t(post)] = session.horses.couplingOf(post);
+    result.bettorCount = session.bettors.highestNumber();
+
+    Settlement settlement = settle(bets, result);
+    session.bets = std::move(bets);
+    session.pools = settlement.pools;
+    session.payoffs = {};
+    if (settlement.hasWinners) {
+        session.payoffs = {
+            session.settings.currentRace, result.finishers, settlement.payoffs,
+            settlement.beforeHouse,       result.is532,     result.trackPayoffs.has_value()};
+    }
+    return settlement;
+}

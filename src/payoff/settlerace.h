@@ -1,0 +1,16 @@
+#pragma once
+
+#include "common/event/session.h"
+#include "common/event/settle.h"
+
+// Settling the current race from its files.
+
+// The first post that no horse runs from, or 0 when all 21 have one. It stands in for a place or
+// show horse that a small field does not have.
+int firstUnusedPost(const HorseTable &horses);
+
+// Reads Bettors and the current race's Bets (label "Bets input", and "Bet file empty" when there is
+// no such file) and settles the race with the session's horses. \a result gives the finishers, the
+// house percentage and the mode. On success the session holds the bets, the pools and, when anybody
+// won, the payoffs. Throws FileError and then leaves the session's bets, pools and payoffs alone.
+Settlement settleCurrentRace(Session &session, RaceResult result);

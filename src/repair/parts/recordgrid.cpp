@@ -1,0 +1,71 @@
+#include "repair/parts/recordgrid.h"
+
+#include "common/print/format.h"
+
+#include <QColor>
+
+void RecordListModel::setList(RecordList list)
+{
+    beginResetModel();
+    m_list = std::move(list);
+    endResetModel();
+}
+
+int RecordListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_list.rows.size());
+}
+
+int RecordListModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_list.columns.size());
+}
+
+QVariant RecordListModel::data(const QModelIndex &index, int role) const
+{
+    const RecordRow &row = m_list.rows[index.row()];
+    if (role == Qt::DisplayRole)
+        return row.cells.value(index.column());
+    if (role == Qt::BackgroundRole && row.isDamaged)
+        return QColor(0xff, 0xdd, 0xd0);
+    if (role == Qt::BackgroundRole && !row.isRecord)
+        return QColor(0xe2, 0xec, 0xe4);
+    return {};
+}
+
+QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+        return {};
+    return m_list.columns.value(section);
+}
+
+RecordListOrder::RecordListOrder(RecordListModel *model)
+    : QSortFilterProxyModel(model)
+    , m_model(model)
+{
+    setSourceModel(model);
+}
+
+void RecordListOrder::sortBy(int column, bool asNumbers, Qt::SortOrder order)
+{
+    m_numbers.clear();
+    if (asNumbers) {
+        for (const RecordRow &row : m_model->list().rows)
+            m_numbers.append(numericValue(row.cells.value(column)));
+    }
+    // A change of the comparison alone would not sort again.
+    sort(-1);
+    sort(column, order);
+}
+
+bool RecordListOrder::lessThan(const QModelIndex &left, const QModelIndex &right) const
+{
+    const RecordRow &one = m_model->list().rows[left.row()];
+    const RecordRow &other = m_model->list().rows[right.row()];
+    if (one.isRecord != other.isRecord)
+        return one.isRecord == (sortOrder() == Qt::AscendingOrder);
+    if (!m_numbers.isEmpty())
+        return m_numbers[left.row()] < m_numbers[right.row()];
+    return one.cells.value(left.column()) < other.cells.value(right.column());
+}

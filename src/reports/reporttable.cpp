@@ -1,0 +1,118 @@
+#include "reports/reporttable.h"
+
+#include "common/print/format.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int smallestPoints = 6;
+constexpr int pointStep = 2;
+// What Letter and A4 both leave between half-inch margins, in points.
+constexpr double paperWidth = 523;
+constexpr double pitch = 0.6; // width of a fixed-pitch character by its size
+
+QString trimmedRight(QString line)
+{
+    while (line.endsWith(u' '))
+        line.chop(1);
+    return line;
+}
+
+QString csvField(const QString &cell, ReportColumn::Kind kind)
+{
+    QString text = cell;
+    if (kind == ReportColumn::Kind::Money)
+        text.remove(u'$').remove(u',');
+    if (!text.contains(u',') && !text.contains(u'"'))
+        return text;
+    return u'"' + text.replace(u'"', u"\"\""_s) + u'"';
+}
+
+QByteArray csvLine(const QList<ReportColumn> &columns, const QStringList &cells)
+{
+    QStringList fields;
+    for (qsizetype i = 0; i < columns.size(); ++i)
+        fields.append(csvField(cells[i], columns[i].kind));
+    return fields.join(u',').toUtf8() + "\r\n";
+}
+
+} // namespace
+
+ReportLines reportLines(const Report &report)
+{
+    QList<int> widths;
+    for (qsizetype i = 0; i < report.columns.size(); ++i) {
+        qsizetype width = report.columns[i].heading.size();
+        for (const ReportRow &row : report.rows)
+            width = std::max(width, row.cells[i].size());
+        widths.append(int(width));
+    }
+    const auto lineOf = [&](const QStringList &cells) {
+        QString line;
+        for (qsizetype i = 0; i < widths.size(); ++i) {
+            const bool left = report.columns[i].kind == ReportColumn::Kind::Text;
+            line += left ? leftColumn(cells[i], widths[i]) : rightColumn(cells[i], widths[i]);
+            line += "  "_L1;
+        }
+        return trimmedRight(line);
+    };
+
+    ReportLines text;
+    text.lines = report.titles;
+    text.lines.append(u" "_s);
+    QStringList headings;
+    for (const ReportColumn &column : report.columns)
+        headings.append(column.heading);
+    text.lines.append(lineOf(headings));
+    text.headingLines = int(text.lines.size());
+    for (const ReportRow &row : report.rows) {
+        text.lines.append(lineOf(row.cells));
+        if (row.isTotal)
+            text.lines.append(u" "_s);
+    }
+    if (!report.remarks.isEmpty() && !text.lines.last().trimmed().isEmpty())
+        text.lines.append(u" "_s);
+    text.lines += report.remarks;
+    return text;
+}
+
+QString capitalized(const QString &words)
+{
+    QString text = words.toLower();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (i == 0 || text[i - 1] == u' ')
+            text[i] = text[i].toUpper();
+    }
+    return text;
+}
+
+Slip reportSlip(const ReportLines &report, int points)
+{
+    qsizetype longest = 1;
+    for (const QString &line : report.lines)
+        longest = std::max(longest, line.size());
+    int fitting = points;
+    while (fitting > smallestPoints && double(longest) * pitch * fitting > paperWidth)
+        fitting -= pointStep;
+    Slip slip{u"Courier New"_s, double(fitting), false, {}, report.headingLines};
+    for (const QString &line : report.lines)
+        slip.addLine(line);
+    return slip;
+}
+
+QByteArray reportCsv(const Report &report)
+{
+    QStringList headings;
+    QList<ReportColumn> asText = report.columns;
+    for (ReportColumn &column : asText) {
+        headings.append(column.heading);
+        column.kind = ReportColumn::Kind::Text;
+    }
+    QByteArray csv = "\xef\xbb\xbf" + csvLine(asText, headings);
+    for (const ReportRow &row : report.rows)
+        csv += csvLine(report.columns, row.cells);
+    return csv;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "common/print/slip.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// A report as plain data: titles over a table, and remarks under it. Preview, paper, PDF and CSV
+// are made from the same cells.
+
+struct ReportColumn
+{
+    enum class Kind { Text, Number, Money };
+    QString heading;
+    Kind kind = Kind::Text;
+};
+
+struct ReportRow
+{
+    QStringList cells; // one a column; money as "$1,234.50"
+    bool isTotal = false;
+};
+
+struct Report
+{
+    QString name;       // "Horses Race3", also the suggested file name
+    QStringList titles; // the lines above the table
+    QList<ReportColumn> columns;
+    QList<ReportRow> rows;
+    QStringList remarks; // the lines below the table
+};
+
+// The lines of the report in columns, as a fixed-pitch font shows them. The titles and headings are
+// the first \a headingLines lines.
+struct ReportLines
+{
+    QStringList lines;
+    int headingLines = 0;
+};
+ReportLines reportLines(const Report &report);
+
+// "Daily Double" for "DAILY DOUBLE".
+QString capitalized(const QString &words);
+
+// The report as a print job in a report font of \a points, or in the largest smaller one in which
+// its lines fit the width of the paper.
+Slip reportSlip(const ReportLines &report, int points);
+
+// The table as comma-separated values for other programs: the headings, then the rows; UTF-8 with a
+// byte order mark, amounts as plain numbers.
+QByteArray reportCsv(const Report &report);

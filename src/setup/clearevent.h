@@ -1,0 +1,17 @@
+#pragma once
+
+#include "common/event/session.h"
+
+// Clearing the record files of all races for a new event. Copies of what is there go to Saved
+// before the first file is cleared. All functions throw FileError and set the operation label; they
+// return the number of copies.
+
+// Empties Bets and Betsbackup of every race, and remembers for this run that it was done. The event
+// directory is made if needed.
+int clearAllBets(Session &session);
+
+// Rewrites Horses and Horsesbackup of every race with 21 unused posts.
+int clearAllHorses(Session &session);
+
+// True once clearAllBets was done in this run: bettors and horses may be cleared then.
+bool betsWereCleared(const Settings &settings);

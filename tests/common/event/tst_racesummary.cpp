@@ -1,0 +1,131 @@
+#include "common/event/racesummary.h"
+#include "kit/testkit.h"
+#include "reports/betlistings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char threeHorses[] = "1,1,\"1 \",\"ALFA\"\r\n"
+                               "2,1,\"1A\",\"BRAVO\"\r\n"
+                               "3,2,\"3 \",\"COCO\"\r\n"
+                               "4,0,\"4 \",\"zzz\"\r\n";
+constexpr char threeBettors[] = "1,\"AnyBettor\"\r\n2,\"ZOE\"\r\n3,\"ANN\"\r\n";
+
+struct Races
+{
+    RaceRecords race;
+    BettorTable bettors;
+};
+
+Races raceWith(const QByteArray &bets)
+{
+    Races made;
+    made.race.race = 1;
+    made.race.horses = parseHorses(threeHorses).horses;
+    made.race.bets = parseBets(bets.toStdString());
+    made.bettors = BettorTable::parse(threeBettors, 10);
+    return made;
+}
+
+QStringList cellsOf(const RaceSummary &summary)
+{
+    QStringList lines;
+    for (const SummaryRow &row : summary.rows)
+        lines.append(summaryCells(row).join(u'|'));
+    lines.append(summaryCells(summary.totals).join(u'|'));
+    return lines;
+}
+
+} // namespace
+
+class tst_racesummary : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void summary_data()
+    {
+        QTest::addColumn<QByteArray>("bets");
+        QTest::addColumn<QStringList>("rows");
+        QTest::addColumn<QString>("note");
+
+        const QString none = u"|$0.00|$0.00|$0.00|$0.00|"_s;
+        // Win pool 40: (40 - 25) / 25 = 3/5 for the entry, (40 - 15) / 15 = 1.67 shows 8/5.
+        QTest::newRow("the horses of an entry share their odds")
+            << QByteArray("2,1,1,5\r\n2,2,1,20\r\n3,3,1,15\r\n3,3,2,2.5\r\n3,1,3,1000\r\n")
+            << QStringList{u"1|ALFA (entry 1)|$5.00|$0.00|$1,000.00|$1,005.00|3/5"_s,
+                           u"1A|BRAVO (entry 1)|$20.00|$0.00|$0.00|$20.00|3/5"_s,
+                           u"3|COCO|$15.00|$2.50|$0.00|$17.50|8/5"_s,
+                           u"|TOTALS|$40.00|$2.50|$1,000.00|$1,042.50|"_s}
+            << QString();
+        QTest::newRow("money on a post without a horse is not hidden")
+            << QByteArray("2,4,1,5\r\n")
+            << QStringList{u"1|ALFA (entry 1)"_s + none, u"1A|BRAVO (entry 1)"_s + none,
+                           u"3|COCO"_s + none, u"Post 4|(no horse)|$5.00|$0.00|$0.00|$5.00|1/9"_s,
+                           u"|TOTALS|$5.00|$0.00|$0.00|$5.00|"_s}
+            << QString();
+        QTest::newRow("what Pay Winners refuses is counted apart")
+            << QByteArray("4,1,1,5\r\n2,22,1,5\r\n2,1,4,5\r\n2,1,1,1000.5\r\n2,1\r\n2,1,1,5\r\n")
+            << QStringList{u"1|ALFA (entry 1)|$5.00|$0.00|$0.00|$5.00|1/9"_s,
+                           u"1A|BRAVO (entry 1)|$0.00|$0.00|$0.00|$0.00|1/9"_s, u"3|COCO"_s + none,
+                           u"|TOTALS|$5.00|$0.00|$0.00|$5.00|"_s}
+            << u"5 bad records are not counted: see Fix Files"_s;
+    }
+
+    void summary()
+    {
+        QFETCH(QByteArray, bets);
+        const Races made = raceWith(bets);
+        const RaceSummary summary = summarizeRace(made.race, made.bettors);
+        QTEST(cellsOf(summary), "rows");
+        QTEST(summary.note(), "note");
+    }
+
+    // On paper each figure stands under its heading, however long the names are.
+    void slipColumns()
+    {
+        Races made = raceWith("2,1,1,1000\r\n3,3,3,2\r\n9,9,9\r\n");
+        made.race.horses.post(1).name = u"A NAME OF THIRTY LETTERS INDEED"_s;
+        const RaceSummary summary = summarizeRace(made.race, made.bettors);
+        const QStringList lines = slipText(summarySlip(summary, u"Derby Race1"_s));
+        QCOMPARE(lines.first(), u"Derby Race1 Summary"_s);
+        const qsizetype end = lines[2].indexOf("Total"_L1) + 5;
+        QCOMPARE(lines[3].left(end).right(11), u"  $1,000.00"_s);
+        QCOMPARE(lines[5].left(end).right(11), u"      $2.00"_s);
+        QCOMPARE(lines[7].left(end).right(11), u"  $1,002.00"_s);
+        QCOMPARE(lines.last(), u"1 bad record is not counted: see Fix Files"_s);
+    }
+
+    void listings()
+    {
+        const Races made =
+            raceWith("2,1,1,5\r\n3,2,3,2.5\r\n2,4,2,1\r\n7,3,1,10\r\njunk\r\n2,3,1,20\r\n");
+        QCOMPARE(
+            betsByBettor(made.race.bets, made.race.horses, made.bettors, u"Derby Race1"_s),
+            (QStringList{u"Derby Race1"_s, u"ALL BETS BY BETTOR"_s, u" "_s,
+                         u"7 Bad Bettor Number"_s, u"  3   COCO            Win         $10.00"_s,
+                         u"      TOTAL                       $10.00"_s, u" "_s, u"ANN"_s,
+                         u"  1A  BRAVO           Show         $2.50"_s,
+                         u"      TOTAL                        $2.50"_s, u" "_s, u"ZOE"_s,
+                         u"  1   ALFA            Win          $5.00"_s,
+                         u"  4   (no horse)      Place        $1.00"_s,
+                         u"  3   COCO            Win         $20.00"_s,
+                         u"      TOTAL                       $26.00"_s, u" "_s,
+                         u"TOTAL BETS $38.50"_s}));
+    }
+
+    // Two bettors of one name are two bettors; the amounts stand under each other.
+    void totals()
+    {
+        const BettorTable bettors = BettorTable::parse("2,\"ANN\"\r\n3,\"ANN\"\r\n", 10);
+        const Races made = raceWith("3,1,1,5\r\n2,1,1,7\r\n3,1,1,1\r\n7,3,1,10\r\n");
+        const QStringList lines = bettorTotals(made.race.bets, bettors, {}).sliced(3);
+        QCOMPARE(lines.join(u' ').simplified(),
+                 u"7 Bad Bettor Number $10.00 ANN $7.00 ANN $6.00 TOTAL BETS $23.00"_s);
+        QCOMPARE(lines.first().size(), lines.last().size());
+    }
+};
+
+TRELAWN_TEST_MAIN(tst_racesummary)
+#include "tst_racesummary.moc"
