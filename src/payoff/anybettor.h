@@ -1,22 +1,7 @@
 #pragma once
 
-#include "common/event/racepayoffs.h"
-
-#include <array>
-
-// What the slips of one calculation are worth, in dollars and double precision.
-struct SlipPayoff
-{
-    std::array<double, finishCount> rows{}; // of the win, place and show horse
-    double total = 0;
-};
-
-// Dollars bet on each winning combination, in the order of Combination.
-using SlipAmounts = std::array<double, combinationCount>;
-
-SlipPayoff slipPayoff(const SlipAmounts &amounts, const CombinationAmounts &perDollar);
-
-// The running amounts of paying people who hold slips of AnyBettor, in dollars.
+// The running amounts of paying people who hold slips of AnyBettor, in dollars. Sums are exact to
+// four decimals.
 struct AnyBettorTotals
 {
     double slip = 0;          // the slip last calculated and not yet added

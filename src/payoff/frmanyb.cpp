@@ -3,6 +3,7 @@
 #include "common/event/bettors.h"
 #include "common/event/session.h"
 #include "common/print/format.h"
+#include "payoff/slippayoff.h"
 #include "ui/controls.h"
 
 #include <QEvent>
@@ -251,9 +252,9 @@ void frmanyb::calculate()
     for (std::size_t i = 0; i < amounts.size(); ++i)
         amounts[i] = numericValue(fields[i]->text());
     const SlipPayoff payoff = slipPayoff(amounts, m_context.session.payoffs.perDollar);
-    txtwintotal->setText(dollars(payoff.rows[0]));
-    txtplacetotal->setText(dollars(payoff.rows[1]));
-    txtshowtotal->setText(dollars(payoff.rows[2]));
+    txtwintotal->setText(dollars(payoff.horseTotals[0]));
+    txtplacetotal->setText(dollars(payoff.horseTotals[1]));
+    txtshowtotal->setText(dollars(payoff.horseTotals[2]));
     txttotaltotal->setText(dollars(payoff.total));
     m_totals.slip = payoff.total;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/event/racepayoffs.h"
 #include "payoff/anybettor.h"
 #include "ui/navigator.h"
 

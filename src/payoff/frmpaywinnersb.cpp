@@ -39,6 +39,7 @@ QListWidgetItem *selectedItem(const QListWidget *list)
 
 frmpaywinnersb::frmpaywinnersb(const ScreenContext &context)
     : m_context(context)
+    , m_calculator(context)
 {
     connectControls();
     QTimer::singleShot(0, this, &frmpaywinnersb::showRace);
@@ -77,12 +78,14 @@ void frmpaywinnersb::connectControls()
 void frmpaywinnersb::selectRace(int race)
 {
     Session &session = m_context.session;
-    if (race == session.settings.currentRace) {
-        if (mayStartOver())
-            showRace();
+    if (!mayStartOver(race)) {
+        optrace->button(session.settings.currentRace)->setChecked(true);
         return;
     }
+    if (race == session.settings.currentRace)
+        return showRace();
     m_ledger.closeRace(session.bettors);
+    m_ledger.forgetPayments(race);
     session.settings.currentRace = race;
     showRace();
     if (lblnote->text().isEmpty())
@@ -94,6 +97,7 @@ void frmpaywinnersb::showRace()
     Session &session = m_context.session;
     m_track.reset();
     clearCalculation();
+    m_calculator.close(); // nobody holds slips of a race that is left
     txtbanner->setText(session.settings.bannerAndRace());
     if (QAbstractButton *option = optrace->button(session.settings.currentRace))
         option->setChecked(true);
@@ -189,26 +193,35 @@ bool frmpaywinnersb::completeFinishers()
 }
 
 // What was paid counts for nothing after a new start, so it is never lost without a question.
-bool frmpaywinnersb::mayStartOver()
+bool frmpaywinnersb::mayStartOver(int race)
 {
-    return m_ledger.paidCount() == 0 || askYesNo(this, u"Start over?"_s);
+    return !m_ledger.wasPaid(race) || askYesNo(this, u"Start over?"_s);
 }
 
 void frmpaywinnersb::calculate(bool is532)
 {
-    if (!completeFinishers() || !mayStartOver())
+    if (!completeFinishers())
         return;
-    Session &session = m_context.session;
     RaceResult result;
     for (const Finish finish : allFinishes)
         result.finishers[std::size_t(finish)] = finisher(finish);
     result.housePercent = numericValue(txthousepct->text());
     result.is532 = is532;
     result.trackPayoffs = m_track;
+    settleAndShow(result);
+}
+
+void frmpaywinnersb::settleAndShow(const RaceResult &result)
+{
+    Session &session = m_context.session;
+    if (!mayStartOver(session.settings.currentRace))
+        return;
     Settlement settlement;
     if (!trapErrors(this, session, ErrorStyle::DescriptionOnly,
                     [&] { settlement = settleCurrentRace(session, result); }))
         return;
+    m_result = result;
+    m_settledBets = session.bets;
     const RacePayoffs calculated = session.payoffs;
     clearCalculation();
     session.payoffs = calculated;
@@ -248,7 +261,8 @@ void frmpaywinnersb::listWinners(const Settlement &settlement)
         auto *item = new QListWidgetItem(winnerName(session.bettors, winner.number), lstwinners);
         item->setData(Qt::UserRole, lstwinners->count() - 1);
     }
-    m_ledger.start(session.payoffs.race, settlement.winners, session.settings.roundingIndex);
+    m_ledger.start(session.payoffs.race, settlement.winners, session.payoffs.perDollar,
+                   session.settings.roundingIndex);
     showPaidTotals();
     guidance->setCurrentIndex(1);
     const auto &finishers = session.payoffs.finishers;
@@ -272,7 +286,7 @@ void frmpaywinnersb::useTrackPayoffs()
                 u"Missing entry or non-numeric entry - enter an amount in all payoff fields using only numbers and decimal points"_s);
         track[combination] = *payoff;
     }
-    if (!mayStartOver())
+    if (!mayStartOver(m_context.session.settings.currentRace))
         return;
     for (const Combination combination : allCombinations) {
         if (payoffs->isUntouched(combination))
@@ -298,23 +312,42 @@ std::optional<float> frmpaywinnersb::trackPayoff(Combination combination) const
     return std::isfinite(value) ? std::optional(value / 2) : std::nullopt;
 }
 
+// A winner whose bet came in after the calculation is on no list: before anybody is paid the bets
+// are compared with those on file now. False when they were calculated again or could not be read.
+bool frmpaywinnersb::hasEveryBet()
+{
+    Session &session = m_context.session;
+    QString change;
+    BetTable found;
+    if (!trapErrors(this, session, ErrorStyle::DescriptionOnly,
+                    [&] { change = betsSinceSettled(session, m_settledBets, found); }))
+        return false;
+    if (change.isEmpty())
+        return true;
+    if (askYesNo(this, change + u" Calculate again?"_s, u"Pay winners"_s)) {
+        settleAndShow(m_result);
+        return false;
+    }
+    m_settledBets = std::move(found);
+    return true;
+}
+
 void frmpaywinnersb::payWinner()
 {
-    QListWidgetItem *item = selectedItem(lstwinners);
-    if (!item)
+    if (!selectedItem(lstwinners) || !hasEveryBet())
         return;
+    QListWidgetItem *item = selectedItem(lstwinners);
     Session &session = m_context.session;
     const QString name = item->text();
-    if (name == anyBettorName() && m_context.navigator.has(u"frmanyb"_s))
-        m_context.navigator.openBeside(u"frmanyb"_s);
+    if (name == anyBettorName())
+        m_calculator.open();
     const auto index = std::size_t(item->data(Qt::UserRole).toInt());
-    const WinningBettor &winner = m_ledger.winners()[index];
-    if (session.bettors.nameOf(winner.number).isNull())
+    if (session.bettors.nameOf(m_ledger.winners()[index].number).isNull())
         return showMessage(this, u"Bettor name not found"_s, u"Pay winners"_s);
 
-    const Payment payment =
-        paymentFor(winner.stakes, session.payoffs.perDollar, session.settings.roundingIndex);
-    m_ledger.pay(index, payment);
+    const Payment payment = m_ledger.payment(index);
+    m_ledger.pay(index);
+    session.paidHousePercents.insert(session.payoffs.race, m_result.housePercent);
     showPayment(name, payment);
     if (!m_printPayoffs)
         m_printPayoffs = askYesNo(this, u"Print Payoffs?"_s);
@@ -384,5 +417,6 @@ void frmpaywinnersb::leave()
     if (!printSlips())
         notes.append(u"The payoff slips are in the list window."_s);
     m_context.session.payoffs = {};
+    m_calculator.close();
     m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "payoff/parts/calculatorwindow.h"
 #include "payoff/parts/payform.h"
 #include "payoff/winnerledger.h"
 #include "ui/navigator.h"
@@ -27,7 +28,9 @@ private:
 
     void calculate(bool is532);
     bool completeFinishers();
-    bool mayStartOver();
+    bool mayStartOver(int race);
+    void settleAndShow(const RaceResult &result);
+    bool hasEveryBet();
     void useTrackPayoffs();
     std::optional<float> trackPayoff(Combination combination) const;
     void showSettlement(const Settlement &settlement);
@@ -47,4 +50,7 @@ private:
     WinnerLedger m_ledger;
     std::optional<CombinationAmounts> m_track; // the track's payoffs per $1, while they are used
     std::optional<bool> m_printPayoffs;        // the answer, once it was asked in this visit
+    RaceResult m_result;                       // of the last calculation
+    BetTable m_settledBets;                    // of the last calculation, or accepted since
+    CalculatorWindow m_calculator;
 };

@@ -20,6 +20,11 @@ double toFourDecimals(double amount)
     return units(amount) / unitsPerDollar;
 }
 
+double exactSum(double sum, double amount)
+{
+    return toFourDecimals(sum + amount);
+}
+
 double rounding(double amount, int index)
 {
     const double whole = units(amount);
@@ -43,6 +48,6 @@ double rounding(double amount, int index)
     case 5:
         return std::floor((whole + 5000) / unitsPerDollar);
     default:
-        return whole / unitsPerDollar;
+        return amount;
     }
 }

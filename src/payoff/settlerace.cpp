@@ -4,6 +4,7 @@
 #include "common/event/racefiles.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
+#include "common/print/format.h"
 
 #include <algorithm>
 
@@ -50,4 +51,19 @@ Settlement settleCurrentRace(Session &session, RaceResult result)
             settlement.beforeHouse,       result.is532,     result.trackPayoffs.has_value()};
     }
     return settlement;
+}
+
+QString betsSinceSettled(Session &session, const BetTable &settled, BetTable &found)
+{
+    found = readBets(session);
+    if (found.bytes == settled.bytes)
+        return {};
+    if (found.rows.size() <= settled.rows.size() || !found.bytes.starts_with(settled.bytes))
+        return u"The bets have changed since the payoffs were calculated."_s;
+    double dollars = 0;
+    for (std::size_t i = settled.rows.size(); i < found.rows.size(); ++i)
+        dollars += double(found.rows[i].bet.amount);
+    const std::size_t bets = found.rows.size() - settled.rows.size();
+    return QString::number(bets) + (bets == 1 ? u" bet"_s : u" bets"_s) + u" of "_s
+           + formatMoney(dollars, "$#,##0.00") + u" came in after the payoffs were calculated."_s;
 }

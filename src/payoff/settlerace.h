@@ -14,3 +14,8 @@ int firstUnusedPost(const HorseTable &horses);
 // house percentage and the mode. On success the session holds the bets, the pools and, when anybody
 // won, the payoffs. Throws FileError and then leaves the session's bets, pools and payoffs alone.
 Settlement settleCurrentRace(Session &session, RaceResult result);
+
+// What happened to the current race's bets since \a settled was read from them, as a sentence for
+// the operator; empty when nothing did. Reads Bets again (label "Bets input"); \a found receives
+// what it holds. Throws FileError.
+QString betsSinceSettled(Session &session, const BetTable &settled, BetTable &found);

@@ -13,48 +13,93 @@ QString winnerName(const BettorTable &bettors, int number)
     return name.isNull() ? QString(QString::number(number) + u" Bad Bettor Number"_s) : name;
 }
 
-void WinnerLedger::start(int race, std::vector<WinningBettor> winners, int roundingIndex)
+void WinnerLedger::start(int race, std::vector<WinningBettor> winners,
+                         const CombinationAmounts &payoffs, int roundingIndex)
 {
+    clear();
+    m_closed.remove(race);
     m_race = race;
     m_winners = std::move(winners);
     m_isPaid.assign(m_winners.size(), false);
+    for (const WinningBettor &winner : m_winners) {
+        const Payment &payment =
+            m_payments.emplace_back(paymentFor(winner.stakes, payoffs, roundingIndex));
+        m_owed = exactSum(m_owed, payment.total);
+        m_owedRounded = exactSum(m_owedRounded, payment.rounded);
+    }
+}
+
+void WinnerLedger::clear()
+{
+    m_race = 0;
+    m_winners.clear();
+    m_payments.clear();
+    m_isPaid.clear();
     m_slips.clear();
     m_owed = m_owedRounded = m_paid = m_paidRounded = 0;
-    for (const WinningBettor &winner : m_winners) {
-        m_owed += winner.owed;
-        m_owedRounded += float(rounding(double(winner.owed), roundingIndex));
-    }
 }
 
 void WinnerLedger::closeRace(const BettorTable &bettors)
 {
-    if (m_race == 0)
-        return;
-    m_unpaid.remove(m_race);
+    if (m_race != 0)
+        m_closed.insert(m_race, {isPaidHere(), m_slips, unpaidNote(bettors)});
+    clear();
+}
+
+QString WinnerLedger::unpaidNote(const BettorTable &bettors) const
+{
     constexpr int named = 3;
     QStringList names;
     for (std::size_t i = 0; i < m_winners.size() && names.size() < named; ++i) {
         if (!m_isPaid[i])
             names.append(winnerName(bettors, m_winners[i].number));
     }
-    if (!names.isEmpty()) {
-        QString note = u"Not paid in"_s + raceName(m_race) + u": "_s + names.join(u", "_s);
-        if (unpaidCount() > named)
-            note += u" and "_s + QString::number(unpaidCount() - named) + u" more"_s;
-        m_unpaid.insert(m_race, note);
-    }
-    m_closedSlips += m_slips;
-    clear();
+    if (names.isEmpty())
+        return {};
+    QString note = u"Not paid in"_s + raceName(m_race) + u": "_s + names.join(u", "_s);
+    if (unpaidCount() > named)
+        note += u" and "_s + QString::number(unpaidCount() - named) + u" more"_s;
+    return note;
 }
 
-void WinnerLedger::pay(std::size_t index, const Payment &payment)
+bool WinnerLedger::wasPaid(int race) const
+{
+    return race == m_race ? isPaidHere() : m_closed.value(race).paid;
+}
+
+void WinnerLedger::forgetPayments(int race)
+{
+    if (const auto closed = m_closed.find(race); closed != m_closed.end()) {
+        closed->paid = false;
+        closed->slips.clear();
+    }
+}
+
+void WinnerLedger::pay(std::size_t index)
 {
     m_isPaid[index] = true;
-    m_paid += float(payment.total);
-    m_paidRounded += float(payment.rounded);
+    m_paid = exactSum(m_paid, m_payments[index].total);
+    m_paidRounded = exactSum(m_paidRounded, m_payments[index].rounded);
 }
 
 int WinnerLedger::unpaidCount() const
 {
     return int(std::ranges::count(m_isPaid, false));
+}
+
+QList<SlipLine> WinnerLedger::slips() const
+{
+    QList<SlipLine> all;
+    for (const ClosedRace &race : m_closed)
+        all += race.slips;
+    return all + m_slips;
+}
+
+QStringList WinnerLedger::unpaidNotes() const
+{
+    QStringList notes;
+    for (const ClosedRace &race : m_closed)
+        notes += race.unpaidNote;
+    notes.removeAll(QString());
+    return notes;
 }

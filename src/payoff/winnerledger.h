@@ -11,52 +11,72 @@
 QString winnerName(const BettorTable &bettors, int number);
 
 // What a visit to the pay-winners screen keeps: the winners of the race being paid, who of them was
-// paid and how much, and, of races paid before, the slips and who was left unpaid. Totals are
-// single precision, in dollars.
+// paid and how much, and, of races paid before, the slips and who was left unpaid. Totals are in
+// dollars and exact however many winners there are.
 class WinnerLedger
 {
 public:
-    // The winners of a race, none of them paid. Payments made from its calculation before no longer
-    // count, nor do their slips.
-    void start(int race, std::vector<WinningBettor> winners, int roundingIndex);
+    // The winners of a race, none of them paid, and the payoffs per $1 that they are paid at.
+    // Payments of the race made before no longer count, nor do their slips.
+    void start(int race, std::vector<WinningBettor> winners, const CombinationAmounts &payoffs,
+               int roundingIndex);
 
-    // The same without any winners: nothing is calculated.
-    void clear() { start(0, {}, 1); }
+    // Nothing is calculated for the race at hand: what was paid from its calculation no longer
+    // counts. Races that were closed stay.
+    void clear();
 
     // Leaves the race: its slips stay, and who is unpaid is remembered.
     void closeRace(const BettorTable &bettors);
 
+    // True when somebody was paid in the race, the one at hand or a closed one.
+    bool wasPaid(int race) const;
+
+    // Payments of a closed race no longer count, nor do their slips.
+    void forgetPayments(int race);
+
     const std::vector<WinningBettor> &winners() const { return m_winners; }
 
-    // Counts a payment to the winner at \a index of winners(), with the lines of the slip.
-    void pay(std::size_t index, const Payment &payment);
+    // What the winner at \a index of winners() is paid.
+    const Payment &payment(std::size_t index) const { return m_payments[index]; }
+
+    // Counts that payment, with the lines of its slip.
+    void pay(std::size_t index);
     void addSlip(const QList<SlipLine> &lines) { m_slips += lines; }
 
-    int paidCount() const { return int(m_winners.size()) - unpaidCount(); }
     int unpaidCount() const;
 
     // Owed to all winners of the race, and paid to them so far; both also rounded, each winner's
-    // total for itself.
-    float owed() const { return m_owed; }
-    float owedRounded() const { return m_owedRounded; }
-    float paid() const { return m_paid; }
-    float paidRounded() const { return m_paidRounded; }
+    // total for itself. When everybody is paid the two are the same.
+    double owed() const { return m_owed; }
+    double owedRounded() const { return m_owedRounded; }
+    double paid() const { return m_paid; }
+    double paidRounded() const { return m_paidRounded; }
 
     // The slips of all races of the visit.
-    QList<SlipLine> slips() const { return m_closedSlips + m_slips; }
+    QList<SlipLine> slips() const;
 
     // "Not paid in Race3: DOE, ROE", one for each closed race with unpaid winners.
-    QStringList unpaidNotes() const { return m_unpaid.values(); }
+    QStringList unpaidNotes() const;
 
 private:
-    int m_race = 0;
+    struct ClosedRace
+    {
+        bool paid = false;
+        QList<SlipLine> slips;
+        QString unpaidNote; // empty when nobody is unpaid
+    };
+
+    QString unpaidNote(const BettorTable &bettors) const;
+    bool isPaidHere() const { return unpaidCount() < int(m_winners.size()); }
+
+    int m_race = 0; // 0 while nothing is calculated
     std::vector<WinningBettor> m_winners;
+    std::vector<Payment> m_payments;
     std::vector<bool> m_isPaid;
-    float m_owed = 0;
-    float m_owedRounded = 0;
-    float m_paid = 0;
-    float m_paidRounded = 0;
+    double m_owed = 0;
+    double m_owedRounded = 0;
+    double m_paid = 0;
+    double m_paidRounded = 0;
     QList<SlipLine> m_slips;
-    QList<SlipLine> m_closedSlips;
-    QMap<int, QString> m_unpaid;
+    QMap<int, ClosedRace> m_closed;
 };

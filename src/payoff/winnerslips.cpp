@@ -3,6 +3,8 @@
 #include "common/print/format.h"
 #include "payoff/rounding.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 using enum Combination;
@@ -10,21 +12,9 @@ using enum Combination;
 Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
                    int roundingIndex)
 {
-    Payment payment;
-    payment.stakes = stakes;
-    for (std::size_t i = 0; i < payment.amounts.size(); ++i)
-        payment.amounts[i] = double(payoffs[Combination(i)]) * double(stakes[Combination(i)]);
-
-    const auto sum = [&](std::initializer_list<Combination> combinations) {
-        double total = 0;
-        for (const Combination combination : combinations)
-            total = toFourDecimals(total + toFourDecimals(payment.amount(combination)));
-        return total;
-    };
-    payment.horseTotals = {sum({WinWin, WinPlace, WinShow}), sum({PlacePlace, PlaceShow}),
-                           sum({ShowShow})};
-    payment.total =
-        toFourDecimals(payment.horseTotals[0] + payment.horseTotals[1] + payment.horseTotals[2]);
+    SlipAmounts dollars;
+    std::ranges::transform(stakes, dollars.begin(), [](float stake) { return double(stake); });
+    Payment payment{slipPayoff(dollars, payoffs), stakes};
     payment.rounded = rounding(payment.total, roundingIndex);
     return payment;
 }

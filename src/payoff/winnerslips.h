@@ -1,22 +1,17 @@
 #pragma once
 
-#include "common/event/racepayoffs.h"
 #include "common/print/slip.h"
+#include "payoff/slippayoff.h"
 
 #include <array>
 
 // Paying one winner: what the bettor collects, and the slip that shows it.
 
-// What one bettor collects. Double precision; the sums are of amounts brought to four decimals.
-struct Payment
+// What one bettor collects.
+struct Payment : SlipPayoff
 {
-    CombinationAmounts stakes;                      // dollars bet
-    std::array<double, combinationCount> amounts{}; // dollars won on each, not rounded
-    std::array<double, finishCount> horseTotals{};  // win, place and show horse
-    double total = 0;
-    double rounded = 0; // what is handed over
-
-    double amount(Combination combination) const { return amounts[std::size_t(combination)]; }
+    CombinationAmounts stakes; // dollars bet
+    double rounded = 0;        // what is handed over
 };
 
 Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,

@@ -51,6 +51,8 @@ void tst_frmanyb::slip()
         {{u"1"_s, u"2"_s, u"3"_s, u"10"_s, u"20"_s, u"0"_s}, u"$11.50 $52.00 $0.00 $63.50"_s},
         {{u""_s, u"x"_s, u"1.50"_s, u""_s, u""_s, u""_s}, u"$1.65 $0.00 $0.00 $1.65"_s},
         {{u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"5"_s}, u"$0.00 $0.00 $0.00 $0.00"_s},
+        // $48.375 in four decimals, though the product is a little less
+        {{u""_s, u""_s, u"43.9772734"_s, u""_s, u""_s, u""_s}, u"$48.38 $0.00 $0.00 $48.38"_s},
         {{u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s}, u"$3,200.00 $0.00 $0.00 $3,200.00"_s}};
     const QString fields[] = {u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
                               u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};

@@ -27,11 +27,14 @@ private slots:
     void paysOneByOne();
     void payoffsSurvivePaying();
     void startOver();
+    void oneCalculator();
+    void lateBets();
     void trackPayoffs();
     void trackPayoffsMustBeNumbers();
     void unknownBettor();
     void refusedSlipsAreListed();
     void anotherRace();
+    void backToPaidRace();
 
 private:
     void finish(int win, int place, int show);
@@ -313,6 +316,72 @@ void tst_frmpaywinnersb::startOver()
     expectNothingMore();
 }
 
+// The calculator's window stays one and begins at 0 when it is opened again; it goes with the race.
+void tst_frmpaywinnersb::oneCalculator()
+{
+    const auto calculators = [&] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return navigator->window()->findChildren<QWidget *>(u"frmanyb"_s);
+    };
+    event->write(u"Horses Race2"_s, horses);
+    calculate();
+    boxes->expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::No);
+    pay(u"AnyBettor"_s);
+    QCOMPARE(calculators().size(), 1);
+    QWidget *first = calculators().front();
+    typeInto(first, u"txtwinwin"_s, u"2"_s);
+    for (const auto &button : {u"cmdcalc"_s, u"cmdadd"_s, u"cmdpay"_s})
+        clickButton(first, button);
+    QCOMPARE(fieldText(first, u"txttotalpaid"_s), u"$6.40"_s);
+    boxes->expect(u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
+    calculate();
+    pay(u"AnyBettor"_s);
+    QCOMPARE(calculators(), QList<QWidget *>{first});
+    QCOMPARE(fieldText(first, u"txttotalpaid"_s), u"$0.00"_s);
+    choose(2);
+    QVERIFY(calculators().isEmpty());
+
+    boxes->expect(u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
+    choose(1);
+    calculate();
+    pay(u"AnyBettor"_s);
+    QCOMPARE(calculators().size(), 1);
+    clickButton(screen, u"cmdreturn"_s);
+    QVERIFY(calculators().isEmpty());
+    expectNothingMore();
+}
+
+// A winner whose bet reached the file after the calculation is never passed over in silence.
+void tst_frmpaywinnersb::lateBets()
+{
+    const QString question =
+        u"2 bets of $3.50 came in after the payoffs were calculated. Calculate again?"_s;
+    event->write(u"Bets Race1"_s, "5,1,1,2\r\n");
+    typeInto(screen, u"txthousepct"_s, u"10"_s);
+    calculate();
+    event->write(u"Bets Race1"_s, "5,1,1,2\r\n2,1,1,2.5\r\n3,1,1,1\r\n");
+    boxes->expect(question, u"Pay winners"_s, Answer::Yes);
+    typeInto(screen, u"txthousepct"_s, u"0"_s); // what was calculated with is taken again
+    pay(u"EVE"_s);
+    QCOMPARE(winners(), (QStringList{u"BOB"_s, u"CAROL"_s, u"EVE"_s}));
+    QCOMPARE(labelText(screen, u"lblowed"_s), u"3 of 3 to pay\nOwed $4.95, rounded $5.00"_s);
+    expectNothingMore();
+
+    event->write(u"Bets Race1"_s, "5,1,1,2\r\n");
+    boxes->expect(u"The bets have changed since the payoffs were calculated. Calculate again?"_s,
+                  u"Pay winners"_s, Answer::No);
+    boxes->expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::No);
+    pay(u"BOB"_s);
+    pay(u"EVE"_s); // not asked again about the same bets
+    QCOMPARE(winners(), QStringList{u"CAROL"_s});
+    QCOMPARE(event->session.paidHousePercents, (QMap<int, double>{{1, 10}}));
+    QVERIFY(QFile::remove(event->path(u"Bets Race1"_s)));
+    boxes->expect(u"File not found"_s, u"Bet file empty"_s);
+    pay(u"CAROL"_s);
+    QCOMPARE(winners(), QStringList{u"CAROL"_s});
+    expectNothingMore();
+}
+
 void tst_frmpaywinnersb::trackPayoffs()
 {
     calculate();
@@ -405,6 +474,25 @@ void tst_frmpaywinnersb::anotherRace()
     QCOMPARE(labelText(navigator->current(), u"lblnote"_s),
              u"Not paid in Race1: AnyBettor, BOB, CAROL"_s);
     QCOMPARE(event->session.settings.currentRace, 2);
+    expectNothingMore();
+}
+
+// A race that was paid in this visit is not paid again without a question.
+void tst_frmpaywinnersb::backToPaidRace()
+{
+    event->write(u"Horses Race2"_s, horses);
+    calculateAndPayEve();
+    choose(2);
+    boxes->expect(u"Start over?"_s, u"TRELAWN"_s, Answer::No);
+    choose(1);
+    QCOMPARE(event->session.settings.currentRace, 2);
+    QVERIFY(child<QAbstractButton>(screen, u"optrace_2"_s)->isChecked());
+    boxes->expect(u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
+    choose(1);
+    calculate();
+    QCOMPARE(winners().size(), 4);
+    clickButton(screen, u"cmdreturn"_s);
+    QVERIFY(event->slips.isEmpty());
     expectNothingMore();
 }
 

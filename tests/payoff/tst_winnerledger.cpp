@@ -8,36 +8,59 @@ class tst_winnerledger : public QObject
     Q_OBJECT
 
 private slots:
-    void roundsEachTotalForItself();
+    void totals_data();
+    void totals();
     void namesTheUnpaid();
-    void slipsOfClosedRacesStay();
+    void paymentsOfClosedRacesStay();
 
 private:
-    static std::vector<WinningBettor> winners(int count, float owed = 1)
+    // A winner has a win ticket of this many dollars, which pays $1 for $1.
+    static void start(WinnerLedger &ledger, int race, int count, float stake = 1, int index = 1)
     {
         std::vector<WinningBettor> list;
-        for (int number = 1; number <= count; ++number)
-            list.push_back({number, {}, owed});
-        return list;
+        for (int number = 1; number <= count; ++number) {
+            list.push_back({number, {}, stake});
+            list.back().stakes[Combination::WinWin] = stake;
+        }
+        CombinationAmounts payoffs;
+        payoffs[Combination::WinWin] = 1;
+        ledger.start(race, std::move(list), payoffs, index);
     }
     const BettorTable bettors =
         BettorTable::parse("1,\"A\"\r\n2,\"B\"\r\n3,\"C\"\r\n5,\"E\"\r\n", 9);
 };
 
-void tst_winnerledger::roundsEachTotalForItself()
+void tst_winnerledger::totals_data()
 {
+    QTest::addColumn<int>("winners");
+    QTest::addColumn<float>("stake");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<double>("owed");
+    QTest::addColumn<double>("rounded");
+    QTest::newRow("each total is rounded for itself") << 3 << 1.13F << 3 << 3.39 << 3.75;
+    QTest::newRow("many winners at .01 are owed what they are paid")
+        << 1626 << 92.81F << 1 << 150909.06 << 150909.06;
+    QTest::newRow("many winners at .10") << 1626 << 92.81F << 2 << 150909.06 << 150892.8;
+}
+
+// Owed before anybody is paid, and paid when everybody is, to the cent.
+void tst_winnerledger::totals()
+{
+    QFETCH(int, winners);
+    QFETCH(float, stake);
+    QFETCH(int, index);
+    QFETCH(double, owed);
+    QFETCH(double, rounded);
     WinnerLedger ledger;
-    ledger.start(1, winners(3, 1.13F), 3);
-    QCOMPARE(ledger.owed(), 3.39F);
-    QCOMPARE(ledger.owedRounded(), 3.75F);
-    Payment payment;
-    payment.total = 1.13;
-    payment.rounded = 1.25;
-    ledger.pay(1, payment);
-    QCOMPARE(ledger.paidCount(), 1);
-    QCOMPARE(ledger.unpaidCount(), 2);
-    QCOMPARE(ledger.paid(), 1.13F);
-    QCOMPARE(ledger.paidRounded(), 1.25F);
+    start(ledger, 1, winners, stake, index);
+    QCOMPARE(ledger.owed(), owed);
+    QCOMPARE(ledger.owedRounded(), rounded);
+    for (int i = 0; i < winners; ++i) {
+        QCOMPARE(ledger.unpaidCount(), winners - i);
+        ledger.pay(std::size_t(i));
+    }
+    QCOMPARE(ledger.paid(), owed);
+    QCOMPARE(ledger.paidRounded(), rounded);
 }
 
 void tst_winnerledger::namesTheUnpaid()
@@ -49,31 +72,39 @@ void tst_winnerledger::namesTheUnpaid()
         {5, {0}, u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s}};
     for (const auto &[winnerCount, paid, note] : races) {
         WinnerLedger ledger;
-        ledger.start(7, winners(winnerCount), 1);
+        start(ledger, 7, winnerCount);
         for (const int index : paid)
-            ledger.pay(std::size_t(index), {});
+            ledger.pay(std::size_t(index));
         ledger.closeRace(bettors);
         QCOMPARE(ledger.unpaidNotes().join(u';'), note);
         // Paid later, the race is no longer named.
-        ledger.start(7, winners(1), 1);
-        ledger.pay(0, {});
+        start(ledger, 7, 1);
+        ledger.pay(0);
         ledger.closeRace(bettors);
         QVERIFY(ledger.unpaidNotes().isEmpty());
     }
 }
 
-void tst_winnerledger::slipsOfClosedRacesStay()
+// Until the race is begun again, or its payments are forgotten.
+void tst_winnerledger::paymentsOfClosedRacesStay()
 {
     WinnerLedger ledger;
-    ledger.start(1, winners(1), 1);
-    ledger.addSlip({{{1, u"one"_s}}});
-    ledger.closeRace(bettors);
-    ledger.start(2, winners(1), 1);
-    ledger.addSlip({{{1, u"two"_s}}});
+    for (const int race : {1, 2}) {
+        start(ledger, race, 2);
+        QVERIFY(!ledger.wasPaid(race));
+        ledger.pay(0);
+        ledger.addSlip({{{race, {}}}});
+        QVERIFY(ledger.wasPaid(race));
+        ledger.closeRace(bettors);
+    }
+    QVERIFY(ledger.wasPaid(1) && ledger.wasPaid(2) && !ledger.wasPaid(3));
     QCOMPARE(ledger.slips().size(), 2);
-    ledger.start(2, winners(1), 1);
+    start(ledger, 2, 2);
+    QVERIFY(ledger.wasPaid(1) && !ledger.wasPaid(2));
     QCOMPARE(ledger.slips().size(), 1);
-    QCOMPARE(ledger.slips().front().front().text, u"one"_s);
+    ledger.forgetPayments(1);
+    QVERIFY(!ledger.wasPaid(1) && ledger.slips().isEmpty());
+    QCOMPARE(ledger.unpaidNotes(), QStringList{u"Not paid in Race1: B"_s});
 }
 
 TRELAWN_TEST_MAIN(tst_winnerledger)
