@@ -73,7 +73,7 @@ public:
             CashLine &line = cash.types[std::size_t(row.bet.type) - 1];
             line.taken += exact(amount);
             if (!runs(race.horses, int(row.bet.post)))
-                line.refundsDue += exact(amount);
+                line.withoutHorse += exact(amount);
         }
     }
 
@@ -93,7 +93,7 @@ public:
             CashLine &line = cash.types[straightTypes + std::size_t(type - multibetTypes().data())];
             line.taken += exact(amount);
             if (!canWin(race.race, *type, row.bet))
-                line.refundsDue += exact(amount);
+                line.withoutHorse += exact(amount);
         }
     }
 
@@ -120,26 +120,34 @@ private:
     int m_bettorCount;
 };
 
-// The house takes its part of what is played for. Win, place and show are cut together, as Pay
-// Winners does; the cents of rounding fall to show.
-void takeHouseCut(RaceCash &cash, double housePercent)
+double percentage(double percent)
 {
-    const auto cutOf = [&](ExactMoney played) {
-        return wholeCents(std::llround(double(played) * housePercent / 100));
+    return std::clamp(percent, 0.0, 100.0);
+}
+
+QString percentText(double percent)
+{
+    return QString::number(percent) + " %"_L1;
+}
+
+// Win, place and show are cut together, as Pay Winners does; the cents of rounding fall to the last
+// of them that took money.
+void takeHouseCut(RaceCash &cash, const HousePercents &percents)
+{
+    const auto cutOf = [](ExactMoney taken, double percent) {
+        return wholeCents(std::llround(double(taken) * percent / 100));
     };
+    const double percent = percents.straight[std::size_t(cash.race)];
+    auto &types = cash.types;
     ExactMoney straight = 0;
     for (std::size_t i = 0; i < badType; ++i) {
-        CashLine &line = cash.types[i];
-        const ExactMoney played = line.taken - line.refundsDue;
-        line.houseCut = cutOf(played);
-        if (i < straightTypes)
-            straight += played;
+        const bool isStraight = i < straightTypes;
+        types[i].houseCut = cutOf(types[i].taken, isStraight ? percent : percents.multibets);
+        straight += isStraight ? types[i].taken : 0;
     }
-    auto &types = cash.types;
-    const bool hasShow = types[2].taken != types[2].refundsDue;
-    const bool hasPlace = types[1].taken != types[1].refundsDue;
-    CashLine &last = hasShow ? types[2] : hasPlace ? types[1] : types[0];
-    last.houseCut += cutOf(straight) - types[0].houseCut - types[1].houseCut - types[2].houseCut;
+    CashLine &last = types[2].taken != 0 ? types[2] : types[1].taken != 0 ? types[1] : types[0];
+    last.houseCut +=
+        cutOf(straight, percent) - types[0].houseCut - types[1].houseCut - types[2].houseCut;
 }
 
 QStringList amountCells(const CashLine &line)
@@ -155,6 +163,25 @@ ReportRow cashRow(const QString &race, const CashLine &line, bool isTotal = fals
     return {QStringList{race, line.type} + amountCells(line), isTotal};
 }
 
+// The money on posts without a horse, a line for each race, and what to do about it.
+QStringList withoutHorseRemarks(const EveningCash &cash)
+{
+    QStringList remarks;
+    for (const RaceCash &race : cash.races) {
+        if (const ExactMoney money = race.total.withoutHorse; money != 0) {
+            remarks += "Race "_L1 + QString::number(race.race) + ": "_L1
+                       + formatMoney(dollarsOf(money), "$#,##0.00")
+                       + " is bet on posts without a horse."_L1;
+        }
+    }
+    if (!remarks.isEmpty()) {
+        remarks += QStringList{u"It stays in the pool. Before the race is paid, delete such"_s,
+                               u"bets under PRIOR BETS of the bet sheet or multibet screen"_s,
+                               u"and give the money back: else it goes to the winners."_s};
+    }
+    return remarks;
+}
+
 } // namespace
 
 double dollarsOf(ExactMoney money)
@@ -167,13 +194,43 @@ void CashLine::add(const CashLine &line)
     taken += line.taken;
     houseCut += line.houseCut;
     refundsDue += line.refundsDue;
+    withoutHorse += line.withoutHorse;
+}
+
+HousePercents HousePercents::all(double percent)
+{
+    HousePercents percents;
+    percents.multibets = percentage(percent);
+    percents.straight.fill(percents.multibets);
+    percents.title = "House percentage "_L1 + percentText(percents.multibets);
+    return percents;
+}
+
+HousePercents HousePercents::asPaid(const QMap<int, double> &paid, double multibets)
+{
+    HousePercents percents;
+    percents.multibets = percentage(multibets);
+    QMap<double, QStringList> races; // paid with the same percentage
+    for (auto race = paid.cbegin(); race != paid.cend(); ++race) {
+        const double percent = percentage(*race);
+        percents.straight[std::size_t(race.key())] = percent;
+        races[percent] += QString::number(race.key());
+    }
+    QStringList texts;
+    for (auto same = races.cbegin(); same != races.cend(); ++same)
+        texts += percentText(same.key()) + " in race "_L1 + same->join(", "_L1);
+    if (texts.isEmpty())
+        texts += u"no race yet"_s;
+    texts += "multibets "_L1 + percentText(percents.multibets);
+    percents.title = "House percentage as paid: "_L1 + texts.join("; "_L1);
+    return percents;
 }
 
 EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &bettors,
-                      double housePercent)
+                      const HousePercents &percents)
 {
     EveningCash evening;
-    evening.housePercent = std::clamp(housePercent, 0.0, 100.0);
+    evening.percentTitle = percents.title;
     evening.types = emptyLines();
     evening.total.type = u"Total"_s;
     const CashCounter counter(races, bettors);
@@ -181,7 +238,7 @@ EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &
         RaceCash cash{race.race, emptyLines(), {u"Total"_s}};
         counter.countBets(race, cash, evening);
         counter.countMultibets(race, cash, evening);
-        takeHouseCut(cash, evening.housePercent);
+        takeHouseCut(cash, percents);
         for (std::size_t i = 0; i < cash.types.size(); ++i) {
             cash.total.add(cash.types[i]);
             evening.types[i].add(cash.types[i]);
@@ -197,8 +254,7 @@ Report cashReport(const QString &banner, const EveningCash &cash)
     using Kind = ReportColumn::Kind;
     Report report;
     report.name = u"Cash Report"_s;
-    report.titles = {banner, u"CASH REPORT"_s,
-                     "House percentage "_L1 + QString::number(cash.housePercent) + " %"_L1};
+    report.titles = {banner, u"CASH REPORT"_s, cash.percentTitle};
     report.columns = {{u"Race"_s, Kind::Text},         {u"Type"_s, Kind::Text},
                       {u"Taken"_s, Kind::Money},       {u"House cut"_s, Kind::Money},
                       {u"Refunds due"_s, Kind::Money}, {u"For winners"_s, Kind::Money}};
@@ -217,6 +273,7 @@ Report cashReport(const QString &banner, const EveningCash &cash)
         if (report.rows.size() > before)
             report.rows.append(cashRow(number, race.total, true));
     }
+    report.remarks = withoutHorseRemarks(cash);
     if (cash.badRecords > 0) {
         report.remarks.append("Bad records, their money is due back: "_L1
                               + QString::number(cash.badRecords) + u'.');
@@ -233,7 +290,7 @@ QStringList cashReportNotes()
 {
     return {u"Taken is what the bet files hold now: bets that were deleted,"_s,
             u"scratched or cleared were refunded and have left them."_s,
-            u"Refunds due are bets on horses that no longer run."_s,
+            u"Refunds due are bad records: Pay Winners counts none of them."_s,
             u"The files hold no finishers: a race or a multibet that"_s,
             u"nobody won stands under For winners too."_s};
 }

@@ -3,6 +3,9 @@
 #include "common/event/eventrecords.h"
 #include "reports/reporttable.h"
 
+#include <QMap>
+
+#include <array>
 #include <vector>
 
 // The cash report: what the record files say was taken in the evening, and where it goes.
@@ -17,8 +20,10 @@ struct CashLine
 {
     QString type;
     ExactMoney taken = 0;
-    ExactMoney houseCut = 0;   // whole cents
-    ExactMoney refundsDue = 0; // bets on file that cannot win: no such horse runs any more
+    ExactMoney houseCut = 0;     // whole cents
+    ExactMoney refundsDue = 0;   // of bad records, which no payoff counts
+    ExactMoney withoutHorse = 0; // of what is taken: on posts that no horse runs from; it stays in
+                                 // the pool and goes to the winners
 
     ExactMoney forWinners() const { return taken - houseCut - refundsDue; }
     void add(const CashLine &line);
@@ -32,9 +37,23 @@ struct RaceCash
     CashLine total;
 };
 
+// The house percentages that the report cuts by.
+struct HousePercents
+{
+    std::array<double, raceCount + 1> straight{}; // win, place and show, by race from 1
+    double multibets = 0;
+    QString title; // what the report says about them
+
+    // The same percentage for everything.
+    static HousePercents all(double percent);
+
+    // What each race was paid with in this run; a race that was not paid yet has 0.
+    static HousePercents asPaid(const QMap<int, double> &paid, double multibets);
+};
+
 struct EveningCash
 {
-    double housePercent = 0;
+    QString percentTitle;
     std::vector<RaceCash> races; // all that were given
     std::vector<CashLine> types; // the evening's sums, in the order of RaceCash::types
     CashLine total;
@@ -44,7 +63,7 @@ struct EveningCash
 
 // \a races must be all races that legs of their multibets run in.
 EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &bettors,
-                      double housePercent);
+                      const HousePercents &percents);
 
 // The totals of the evening, then a row a race and type that took money and a total a race.
 Report cashReport(const QString &banner, const EveningCash &cash);

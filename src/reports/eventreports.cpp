@@ -310,6 +310,10 @@ Report makeReport(Session &session, const ReportRequest &request)
     case ReportKind::Cash:
         break;
     }
+    const HousePercents percents =
+        request.housePercent
+            ? HousePercents::all(*request.housePercent)
+            : HousePercents::asPaid(session.paidHousePercents, session.multibetHousePercent);
     return cashReport(session.settings.banner,
-                      countCash(readRaces(session, 0), readBettors(session), request.housePercent));
+                      countCash(readRaces(session, 0), readBettors(session), percents));
 }

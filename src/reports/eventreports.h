@@ -3,6 +3,8 @@
 #include "common/event/session.h"
 #include "reports/reporttable.h"
 
+#include <optional>
+
 enum class ReportKind { Horses, Bettors, Bets, Multibets, Cash };
 
 struct ReportRequest
@@ -11,7 +13,7 @@ struct ReportRequest
     int race = 0; // 1 to 12, 0 for all; the cash report is always of all
     bool byName = false;
     bool descending = false;
-    double housePercent = 0; // of the cash report
+    std::optional<double> housePercent = {}; // of the cash report; unset, as each race was paid
 };
 
 // Reads the record files and makes the report. By name is by the horse's or the bettor's name; by

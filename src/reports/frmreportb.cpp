@@ -111,10 +111,12 @@ QGroupBox *frmreportb::buildKinds()
     optreport->button(int(ReportKind::Horses))->setChecked(true);
     auto *percent = new QHBoxLayout;
     lblhousepct = makeLabel(box, u"lblhousepct"_s, u"House %"_s);
-    txthousepct = makeField(box, u"txthousepct"_s, u"Percentage of the house in the cash report"_s);
+    txthousepct = makeField(
+        box, u"txthousepct"_s,
+        u"Percentage of the house in the cash report; empty: what each race was paid with"_s);
     txthousepct->setAccessibleName(u"House percentage"_s);
-    txthousepct->setText(QString::number(m_context.session.multibetHousePercent));
-    fitCharacters(txthousepct, 5);
+    txthousepct->setPlaceholderText(u"as paid"_s);
+    fitCharacters(txthousepct, 7);
     percent->addWidget(lblhousepct);
     percent->addWidget(txthousepct);
     percent->addStretch();
@@ -214,7 +216,8 @@ void frmreportb::showReport()
     request.race = chkall->isChecked() ? 0 : session.settings.currentRace;
     request.byName = chkalp->isChecked();
     request.descending = chkdes->isChecked();
-    request.housePercent = numericValue(txthousepct->text());
+    if (const QString percent = txthousepct->text().trimmed(); !percent.isEmpty())
+        request.housePercent = numericValue(percent);
     m_report = {};
     m_lines = {};
     const bool good = trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {

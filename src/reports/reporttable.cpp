@@ -21,11 +21,19 @@ QString trimmedRight(QString line)
     return line;
 }
 
+// A spreadsheet would calculate with such a cell, or run what it names.
+bool beginsLikeFormula(const QString &text)
+{
+    return !text.isEmpty() && u"=+-@\t\r"_s.contains(text.front());
+}
+
 QString csvField(const QString &cell, ReportColumn::Kind kind)
 {
     QString text = cell;
     if (kind == ReportColumn::Kind::Money)
         text.remove(u'$').remove(u',');
+    else if (kind == ReportColumn::Kind::Text && beginsLikeFormula(text))
+        text.prepend(u'\'');
     if (!text.contains(u',') && !text.contains(u'"'))
         return text;
     return u'"' + text.replace(u'"', u"\"\""_s) + u'"';

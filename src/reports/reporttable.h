@@ -49,5 +49,6 @@ QString capitalized(const QString &words);
 Slip reportSlip(const ReportLines &report, int points);
 
 // The table as comma-separated values for other programs: the headings, then the rows; UTF-8 with a
-// byte order mark, amounts as plain numbers.
+// byte order mark, amounts as plain numbers. A text that a spreadsheet would take for a formula
+// gets an apostrophe in front.
 QByteArray reportCsv(const Report &report);

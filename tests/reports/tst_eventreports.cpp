@@ -150,7 +150,7 @@ private slots:
         QFETCH(int, column);
         TestEvent &event = *m_event;
         fillEvent(event);
-        const Report report = makeReport(event.session, {kind, race, byName, down, 0});
+        const Report report = makeReport(event.session, {kind, race, byName, down});
         QTEST(columnOf(report, column), "cells");
     }
 
@@ -177,7 +177,7 @@ private slots:
         QFETCH(ReportKind, kind);
         TestEvent &event = *m_event;
         fillEvent(event);
-        const Report report = makeReport(event.session, {kind, 0, false, false, 0});
+        const Report report = makeReport(event.session, {kind});
         QTEST(report.rows.last().cells.join(u'|'), "total");
         QTEST(report.remarks, "remarks");
     }
@@ -190,7 +190,7 @@ private slots:
         QVERIFY(QFile::remove(event.path(u"Bets Race4"_s)));
         QVERIFY(QFile::remove(event.path(u"Multibets Race5"_s)));
         const HorseTable before = event.session.horses;
-        makeReport(event.session, {ReportKind::Bets, 0, false, false, 0});
+        makeReport(event.session, {ReportKind::Bets});
         QVERIFY(!event.exists(u"Bets Race4"_s));
         QVERIFY(!event.exists(u"Multibets Race5"_s));
         QVERIFY(event.session.horses == before);
@@ -218,6 +218,13 @@ private slots:
         QCOMPARE(reportCsv(report), QByteArray("\xef\xbb\xbfNo.,Bettor,Amount\r\n"
                                                "7,\"O'NEIL, \"\"JO\"\"\",1234.50\r\n"
                                                ",TOTAL,1234.50\r\n"));
+        report.rows.clear();
+        for (const QString &name : {u"=1+1"_s, u"+A"_s, u"-A"_s, u"@A"_s, u"\tA"_s, u"A=B"_s})
+            report.rows.append({{u"-1"_s, name, u"-$5.00"_s}});
+        QCOMPARE(reportCsv(report), QByteArray("\xef\xbb\xbfNo.,Bettor,Amount\r\n"
+                                               "-1,'=1+1,-5.00\r\n-1,'+A,-5.00\r\n"
+                                               "-1,'-A,-5.00\r\n-1,'@A,-5.00\r\n"
+                                               "-1,'\tA,-5.00\r\n-1,A=B,-5.00\r\n"));
     }
 
     // Printed lines never run off the paper: 523 points hold 43 characters of 20 points (12 wide)
@@ -266,18 +273,9 @@ private slots:
         QTest::newRow("without show the rest falls to place")
             << QByteArray("2,1,1,.55\r\n2,1,2,.55\r\n") << QByteArray() << 10.0 << u"Place"_s
             << cells("$0.55", "$0.05", "$0.00", "$0.50");
-        QTest::newRow("a scratched horse's money is due back, uncut")
+        QTest::newRow("money on a post without a horse is paid out like the rest")
             << QByteArray("2,5,1,10\r\n2,1,1,20\r\n") << QByteArray() << 10.0 << u"Win"_s
-            << cells("$30.00", "$2.00", "$10.00", "$18.00");
-        QTest::newRow("an exacta on a scratched horse is due back")
-            << QByteArray() << QByteArray("1,5,0,\"EX\",4,2\r\n1,2,0,\"EX\",6,2\r\n") << 0.0
-            << u"Exacta"_s << cells("$10.00", "$0.00", "$4.00", "$6.00");
-        QTest::newRow("the second leg is judged by the next race's card")
-            << QByteArray() << QByteArray("1,9,0,\"DD\",4,2\r\n1,2,0,\"DD\",6,2\r\n") << 0.0
-            << u"Daily Double"_s << cells("$10.00", "$0.00", "$6.00", "$4.00");
-        QTest::newRow("a race whose card is still empty holds no scratch")
-            << QByteArray() << QByteArray("1,9,20,\"P3\",4,2\r\n") << 0.0 << u"Pick 3"_s
-            << cells("$4.00", "$0.00", "$0.00", "$4.00");
+            << cells("$30.00", "$3.00", "$0.00", "$27.00");
         QTest::newRow("what Pay Winners refuses is due back")
             << QByteArray("2,1,1,1500\r\n99,1,1,5\r\n") << QByteArray("1,2,0,\"XX\",4,2\r\n")
             << 10.0 << u"Bad records"_s << cells("$1,509.00", "$0.00", "$1,509.00", "$0.00");
@@ -304,6 +302,56 @@ private slots:
         QTEST(cashCells(report, u"Race 1"_s, type), "cells");
         QTEST(cashCells(report, u"Evening"_s, type), "cells");
         QVERIFY(cashCells(report, u"Race 2"_s, u"Total"_s).isEmpty());
+    }
+
+    void withoutHorse_data()
+    {
+        QTest::addColumn<QByteArray>("bets");
+        QTest::addColumn<QByteArray>("multibets");
+        QTest::addColumn<QString>("amount"); // that the report says has no horse; empty for none
+        QTest::newRow("bets on a scratched horse")
+            << QByteArray("2,5,1,10\r\n2,5,3,2\r\n2,1,1,20\r\n") << QByteArray() << u"$12.00"_s;
+        QTest::newRow("an exacta on a scratched horse")
+            << QByteArray() << QByteArray("1,5,0,\"EX\",4,2\r\n1,2,0,\"EX\",6,2\r\n") << u"$4.00"_s;
+        QTest::newRow("the second leg is judged by the next race's card")
+            << QByteArray() << QByteArray("1,9,0,\"DD\",4,2\r\n1,2,0,\"DD\",6,2\r\n") << u"$6.00"_s;
+        QTest::newRow("a race whose card is still empty holds no scratch")
+            << QByteArray() << QByteArray("1,9,20,\"P3\",4,2\r\n") << QString();
+    }
+
+    void withoutHorse()
+    {
+        QFETCH(QByteArray, bets);
+        QFETCH(QByteArray, multibets);
+        QFETCH(QString, amount);
+        TestEvent &event = *m_event;
+        writeRace(event, 1, "1,0,\"1 \",\"A\"\r\n2,0,\"2 \",\"B\"\r\n", bets, multibets);
+        writeRace(event, 2, "9,0,\"9 \",\"C\"\r\n", {});
+        const QStringList remarks = makeReport(event.session, {ReportKind::Cash}).remarks;
+        const QString line = "Race 1: "_L1 + amount + " is bet on posts without a horse."_L1;
+        QCOMPARE(remarks.contains(line), !amount.isEmpty());
+        QCOMPARE(remarks.size() - cashReportNotes().size(), amount.isEmpty() ? 0 : 4);
+    }
+
+    // Nothing typed: each race is cut by what it was paid with, multibets by their own percentage.
+    void percentagesAsPaid()
+    {
+        TestEvent &event = *m_event;
+        event.session.paidHousePercents = {{1, 10}, {3, 10}, {4, 12.5}};
+        event.session.multibetHousePercent = 20;
+        for (const int race : {1, 2, 4})
+            writeRace(event, race, "1,0,\"1 \",\"A\"\r\n2,0,\"2 \",\"B\"\r\n", "2,1,1,100\r\n",
+                      "1,2,0,\"EX\",50,2\r\n");
+        const Report report = makeReport(event.session, {ReportKind::Cash});
+        const std::pair<QString, QString> cuts[] = {
+            {u"Race 1"_s, u"$20.00"_s}, {u"Race 2"_s, u"$10.00"_s}, {u"Race 4"_s, u"$22.50"_s}};
+        for (const auto &[race, cut] : cuts)
+            QCOMPARE(cashCells(report, race, u"Total"_s).value(1), cut);
+        QCOMPARE(report.titles.last(), u"House percentage as paid: 10 % in race 1, 3; "
+                                       "12.5 % in race 4; multibets 20 %"_s);
+        const Report typed = makeReport(event.session, {ReportKind::Cash, 0, false, false, 5});
+        QCOMPARE(cashCells(typed, u"Evening"_s, u"Total"_s).value(1), u"$22.50"_s);
+        QCOMPARE(typed.titles.last(), u"House percentage 5 %"_s);
     }
 
     // A race is played with receipts, a refund, multibets and payoffs: the cash report, made from
