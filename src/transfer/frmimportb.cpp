@@ -221,27 +221,36 @@ bool frmimportb::carryOut(const ImportChoice &choice, ImportPlan &plan)
         progress.setMaximum(total);
         progress.setValue(done);
     };
+    bool wanted = true;
     const bool whole = trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
         plan = planImport(session, m_folder, choice, tell);
         progress.reset();
         if (!plan.refusal.isEmpty())
             return;
-        askAboutImportedBets(plan);
+        wanted = askAboutBetsOnFile(plan);
+        if (!wanted)
+            return lblnote->setText(u"Nothing was imported."_s);
         plan.refusal = carryOutImport(session, plan, tell);
         progress.reset();
     });
     if (whole && !plan.refusal.isEmpty())
         showMessage(this, plan.refusal, boxTitle);
-    return whole && plan.refusal.isEmpty();
+    return whole && wanted && plan.refusal.isEmpty();
 }
 
-void frmimportb::askAboutImportedBets(ImportPlan &plan)
+// Bets that are on file already are added again only on purpose. False when nothing shall be
+// imported.
+bool frmimportb::askAboutBetsOnFile(ImportPlan &plan)
 {
-    const QString races = plan.racesImportedBefore();
-    const QString question =
-        u"The bets of "_s + races + u" look imported before. Add them once more?"_s;
-    if (!races.isEmpty() && !askYesNo(this, question, boxTitle))
-        plan.leaveOutImportedBets();
+    const QStringList races = plan.racesOnFile();
+    if (races.isEmpty())
+        return true;
+    const QString question = u"Some of these bets are on file here already.\n"_s + races.join(u'\n')
+                             + u"\nAdd only the new ones? No adds all."_s;
+    const Choice choice = askYesNoCancel(this, question, boxTitle);
+    if (choice == Choice::Yes)
+        plan.leaveOutBetsOnFile();
+    return choice != Choice::Cancel;
 }
 
 void frmimportb::showResult(const ImportPlan &plan)

@@ -34,7 +34,7 @@ private:
     ImportChoice choice() const;
     void importFiles();
     bool carryOut(const ImportChoice &choice, ImportPlan &plan);
-    void askAboutImportedBets(ImportPlan &plan);
+    bool askAboutBetsOnFile(ImportPlan &plan);
     void showResult(const ImportPlan &plan);
 
     ScreenContext m_context;

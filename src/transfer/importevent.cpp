@@ -197,37 +197,31 @@ private:
     QStringList m_duplicates;
 };
 
-// The lines that a race's Bets gain.
-std::string translatedBets(const BetTable &bets, const NumberMap &map, ImportedRace &race)
+// A race's bets as they will stand here.
+std::vector<Bet> translatedBets(const BetTable &bets, const NumberMap &map, int &leftOut)
 {
-    std::string lines;
+    std::vector<Bet> translated;
     for (const BetRow &row : bets.rows) {
-        Bet bet = row.bet;
         const int number = map.numberHere(bettorOf(row));
         if (number == 0) {
-            ++race.leftOut;
+            ++leftOut;
             continue;
         }
-        bet.bettor = float(number);
-        lines += betLine(bet);
-        ++race.bets;
-        race.dollars += double(bet.amount);
+        translated.push_back(row.bet);
+        translated.back().bettor = float(number);
     }
-    return lines;
+    return translated;
 }
 
-bool hadAll(const BetTable &here, const std::string &lines)
+// How often each bet is on file, by its record line.
+std::map<std::string, int> countedBets(const BetTable &bets)
 {
     std::map<std::string, int> counts;
-    for (const BetRow &row : here.rows) {
+    for (const BetRow &row : bets.rows) {
         if (!row.damaged)
             ++counts[betLine(row.bet)];
     }
-    for (const BetRow &row : parseBets(lines).rows) {
-        if (--counts[betLine(row.bet)] < 0)
-            return false;
-    }
-    return !lines.empty();
+    return counts;
 }
 
 QString namesList(const QStringList &names)
@@ -303,31 +297,52 @@ void planBets(ImportPlan &plan, ImportedRace &race, const BetTable &bets, const 
               const Local &here)
 {
     const auto i = std::size_t(race.race - 1);
-    const std::string lines = translatedBets(bets, map, race);
-    race.looksImported = hadAll(here.bets[i], lines);
-    plan.betLines[i] = QByteArray::fromStdString(lines);
+    race.betsHere = int(here.bets[i].rows.size());
+    std::map<std::string, int> onFile = countedBets(here.bets[i]);
+    for (const Bet &bet : translatedBets(bets, map, race.leftOut)) {
+        const std::string line = betLine(bet);
+        ++race.bets;
+        race.dollars += double(bet.amount);
+        plan.betLines[i].append(QByteArrayView(line));
+        if (--onFile[line] >= 0) {
+            ++race.onFile;
+            race.onFileDollars += double(bet.amount);
+        } else {
+            plan.newBetLines[i].append(QByteArrayView(line));
+        }
+    }
+}
+
+// Why a race cannot take \a bets more, or nothing.
+QString roomRefusal(const Session &session, const ImportedRace &race, int bets)
+{
+    if (bets == 0 || race.betsHere + bets <= session.settings.betLimit)
+        return {};
+    return "No room for the bets of"_L1 + raceName(race.race);
 }
 
 } // namespace
 
-QString ImportPlan::racesImportedBefore() const
+QStringList ImportPlan::racesOnFile() const
 {
-    QStringList names;
+    QStringList lines;
     for (const ImportedRace &race : races) {
-        if (race.looksImported)
-            names << raceName(race.race).trimmed();
+        if (race.onFile > 0) {
+            lines << raceName(race.race).trimmed() + ": "_L1
+                         + QString::number(race.bets - race.onFile) + " of "_L1
+                         + QString::number(race.bets) + " bets are new"_L1;
+        }
     }
-    return names.join(", "_L1);
+    return lines;
 }
 
-void ImportPlan::leaveOutImportedBets()
+void ImportPlan::leaveOutBetsOnFile()
 {
     for (ImportedRace &race : races) {
-        if (!race.looksImported)
-            continue;
-        betLines[std::size_t(race.race - 1)].clear();
-        race.bets = 0;
-        race.dollars = 0;
+        betLines[std::size_t(race.race - 1)] = newBetLines[std::size_t(race.race - 1)];
+        race.bets -= race.onFile;
+        race.dollars -= race.onFileDollars;
+        race.onFileAdded = false;
     }
 }
 
@@ -385,8 +400,9 @@ ImportPlan planImport(Session &session, const QString &folder, const ImportChoic
         race.race = int(i) + 1;
         planCard(plan, race, there.horses[i].value_or(QByteArray()), here);
         planBets(plan, race, bets[i], map, here);
-        if (race.bets > 0 && int(here.bets[i].rows.size()) + race.bets > session.settings.betLimit)
-            plan.refusal = "No room for the bets of"_L1 + raceName(race.race);
+        if (const QString full = roomRefusal(session, race, race.bets - race.onFile);
+            !full.isEmpty())
+            plan.refusal = full;
         plan.races.append(race);
     }
     return plan;
@@ -399,6 +415,10 @@ QString carryOutImport(Session &session, const ImportPlan &plan, const TransferP
     if (!plan.bettorLines.isEmpty()
         && readRecordFile(mainFile(session, RecordFile::Bettors, 0)) != plan.bettorsHere)
         return u"The bettor list has changed meanwhile. Import again."_s;
+    for (const ImportedRace &race : plan.races) {
+        if (const QString full = roomRefusal(session, race, race.bets); !full.isEmpty())
+            return full;
+    }
 
     session.settings.operationLabel = u"Import output"_s;
     if (!plan.bettorLines.isEmpty())
@@ -435,12 +455,14 @@ ImportTable importTable(const QList<ImportedRace> &races)
     table.columns = {u"Horses replaced"_s, u"Bets added"_s, u"Dollars"_s, u"Left out"_s, u"Note"_s};
     ImportedRace all;
     for (const ImportedRace &race : races) {
-        if (race.horses == 0 && race.bets == 0 && race.leftOut == 0 && !race.looksImported)
+        if (race.horses == 0 && race.bets == 0 && race.leftOut == 0 && race.onFile == 0)
             continue;
         QStringList notes;
-        if (race.looksImported)
-            notes << (race.bets == 0 ? u"looks imported before, not added again"_s
-                                     : u"looks imported before"_s);
+        if (race.onFile > 0) {
+            notes << QString::number(race.onFile)
+                         + (race.onFileAdded ? " on file before, added again"_L1
+                                             : " on file before, not added again"_L1);
+        }
         if (race.cardHadBets)
             notes << u"bets were on the old card"_s;
         table.rows << QStringList{

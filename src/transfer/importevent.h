@@ -20,12 +20,15 @@ struct ImportChoice
 struct ImportedRace
 {
     int race = 0;
-    int horses = 0;             // on the card that replaces the one here; 0 leaves that alone
-    bool cardHadBets = false;   // the card replaced was another one, and bets were on file for it
-    int bets = 0;               // records that are added
-    double dollars = 0;         // of the bets added
-    int leftOut = 0;            // damaged records, and bets of numbers that no name there explains
-    bool looksImported = false; // every bet there is on file here already, as often
+    int horses = 0;           // on the card that replaces the one here; 0 leaves that alone
+    bool cardHadBets = false; // the card replaced was another one, and bets were on file for it
+    int bets = 0;             // records that are added
+    double dollars = 0;       // of the bets added
+    int leftOut = 0;          // damaged records, and bets of numbers that no name there explains
+    int onFile = 0;           // of the bets there: on file here already, one for one
+    double onFileDollars = 0;
+    bool onFileAdded = true; // those are among the bets added
+    int betsHere = 0;        // records on file before the import
 };
 
 // An import that was read and checked but not written.
@@ -42,12 +45,13 @@ struct ImportPlan
     QByteArray bettorLines;
     std::array<QByteArray, raceCount> cards;
     std::array<QByteArray, raceCount> betLines;
+    std::array<QByteArray, raceCount> newBetLines; // without those that are on file here
 
-    // "Race1, Race3": the races whose bets look imported before.
-    QString racesImportedBefore() const;
+    // "Race1: 2 of 5 bets are new", a line for each race with bets that are on file here already.
+    QStringList racesOnFile() const;
 
-    // Takes the bets of those races out; they stay marked.
-    void leaveOutImportedBets();
+    // Takes the bets that are on file here out.
+    void leaveOutBetsOnFile();
 };
 
 // The record files of an event that a folder (backslash form, ends in a backslash) holds, in the
@@ -61,7 +65,7 @@ ImportPlan planImport(Session &session, const QString &folder, const ImportChoic
 
 // Writes what was planned: everything to temporary files first, so that a full disk changes
 // nothing; what is replaced or added to goes to Saved before. Returns a refusal when the bettor
-// list here changed since it was read, else an empty text. Throws FileError.
+// list here changed since it was read or a race has no room, else an empty text. Throws FileError.
 QString carryOutImport(Session &session, const ImportPlan &plan,
                        const TransferProgress &progress = {});
 

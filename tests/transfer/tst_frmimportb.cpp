@@ -249,7 +249,8 @@ void tst_frmimportb::secondComputerPaidOut()
     QCOMPARE(child<QListWidget>(pay, u"lstwinners"_s)->count(), 0);
 }
 
-// The same files once more: asked about, and left alone on No.
+// The same files once more, with one bet that is new: what is on file is added again only on
+// purpose.
 void tst_frmimportb::twiceAddsOnce()
 {
     openClub();
@@ -257,17 +258,24 @@ void tst_frmimportb::twiceAddsOnce()
     boxes->expect(question, u"Import"_s);
     clickButton(screen, u"cmdimport"_s);
     const QByteArray once = event->read(u"Bets Race2"_s);
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
+    putThere(u"Bets Race2"_s, betFile(otherGuests) + "3,2,1,7\r\n");
+    const std::tuple<Answer, QString, QString, int> answers[] = {
+        {Answer::Cancel, {}, {}, 0},
+        {Answer::Yes, u"1"_s, u"6 on file before, not added again"_s, 1},
+        {Answer::No, u"7"_s, u"7 on file before, added again"_s, 8}};
+    for (const auto &[answer, added, note, lines] : answers) {
+        const QString news = answer == Answer::No ? u"0"_s : u"1"_s;
         boxes->expect(question, u"Import"_s);
-        boxes->expect(u"The bets of Race2 look imported before. Add them once more?"_s, u"Import"_s,
-                      answer);
+        boxes->expect(u"Some of these bets are on file here already.\nRace2: "_s + news
+                          + u" of 7 bets are new\nAdd only the new ones? No adds all."_s,
+                      u"Import"_s, answer);
         clickButton(screen, u"cmdimport"_s);
         QVERIFY(boxes->allCame());
-        const bool added = answer == Answer::Yes;
-        QCOMPARE(row(u"Race2"_s).value(1), added ? u"6"_s : u"0"_s);
-        QCOMPARE(row(u"Race2"_s).last(),
-                 added ? u"looks imported before"_s : u"looks imported before, not added again"_s);
-        QCOMPARE(event->read(u"Bets Race2"_s).size() > once.size(), added);
+        if (answer == Answer::Cancel)
+            QCOMPARE(labelText(screen, u"lblnote"_s), u"Nothing was imported."_s);
+        else
+            QCOMPARE(row(u"Race2"_s).value(1) + row(u"Race2"_s).last(), added + note);
+        QCOMPARE(event->read(u"Bets Race2"_s).count('\n'), once.count('\n') + lines);
         QCOMPARE(event->read(u"Bets Race2"_s), event->read(u"Betsbackup Race2"_s));
     }
     QCOMPARE(event->read(u"Bettors"_s).count("ADA"), 1);

@@ -72,16 +72,32 @@ private slots:
         QCOMPARE(result.races[0].bets, 3);
         QCOMPARE(result.races[0].dollars, 6.5);
         QCOMPARE(result.races[0].leftOut, 2);
-        QVERIFY(!result.races[0].looksImported && result.races[1].bets == 0);
+        QVERIFY(result.races[0].onFile == 0 && result.races[1].bets == 0);
         QVERIFY(!QDir(event.path(u"Saved"_s)).entryList({u"Bets Race1 *"_s}).isEmpty());
+    }
 
-        ImportPlan again = event.plan(everything);
-        QVERIFY(again.races[0].looksImported && again.added.isEmpty());
-        QCOMPARE(again.racesImportedBefore(), u"Race1"_s);
-        const QByteArray before = event.read(u"Bets Race1"_s);
-        again.leaveOutImportedBets();
-        QCOMPARE(carryOutImport(event.session, again), QString());
-        QCOMPARE(event.read(u"Bets Race1"_s), before);
+    // Bets that are on file are told one for one: as often as they are there, in any order.
+    void betsOnFile()
+    {
+        Event event;
+        event.write(u"Bets Race1"_s, "2,6,3,3\r\n1,4,1,1\r\n3,1,1,9\r\n");
+        event.putThere(u"Bets Race1"_s, "1,4,1,1\r\n1,4,1,1\r\n3,6,3,3.00\r\n2,5,2,2.5\r\n");
+        ImportPlan plan = event.plan(everything);
+        QCOMPARE(plan.racesOnFile(), QStringList{u"Race1: 2 of 4 bets are new"_s});
+        plan.leaveOutBetsOnFile();
+        QCOMPARE(plan.races[0].bets, 2);
+        QCOMPARE(plan.races[0].dollars, 3.5);
+        QCOMPARE(carryOutImport(event.session, plan), QString());
+        QCOMPARE(event.read(u"Bets Race1"_s),
+                 "2,6,3,3\r\n1,4,1,1\r\n3,1,1,9\r\n1,4,1,1\r\n4,5,2,2.5\r\n"_qba);
+        // There may be room for the new bets alone.
+        event.putThere(u"Bets Race1"_s, "3,6,3,3\r\n2,5,3,2.5\r\n");
+        event.session.settings.betLimit = 6;
+        plan = event.plan(everything);
+        QCOMPARE(plan.refusal, QString());
+        QCOMPARE(carryOutImport(event.session, plan), u"No room for the bets of Race1"_s);
+        plan.leaveOutBetsOnFile();
+        QCOMPARE(carryOutImport(event.session, plan), QString());
     }
 
     void replacesCardsThatHoldHorses()
