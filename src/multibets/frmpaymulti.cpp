@@ -181,6 +181,8 @@ void frmpaymulti::chooseType(const QString &code)
     clearOutputs();
     if (m_races->checkedId() > 0)
         lblnote->setText(showLegs().note);
+    if (!type->races)
+        m_grid->dropRepeats(); // posts that were clicked before the type
 }
 
 void frmpaymulti::setHousePercent(int percent)

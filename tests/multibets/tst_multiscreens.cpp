@@ -94,6 +94,18 @@ void tst_multiscreens::duplicatePost()
             QVERIFY(!isSelected(screen, 1, 6)); // a fast double click is two clicks
         }
     }
+    // Posts that were clicked before the type obey it too.
+    for (const auto &[button, refused] : types) {
+        QWidget *screen = event.open(u"frmpaymulti"_s);
+        chooseRace(screen, 3);
+        markPosts(screen, {{5}, {5}});
+        if (refused)
+            robot.expect(u"Duplicate horse post number"_s, u"TRELAWN"_s);
+        clickButton(screen, QLatin1StringView(button));
+        QVERIFY(robot.allCame());
+        QVERIFY(isSelected(screen, 1, 5));
+        QCOMPARE(isSelected(screen, 2, 5), !refused);
+    }
 }
 
 void tst_multiscreens::previewIsNotCarriedOver()

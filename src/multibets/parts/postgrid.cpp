@@ -109,6 +109,23 @@ void PostGrid::showPosts(const std::array<std::set<int>, 3> &shown)
     emit selectionChanged();
 }
 
+void PostGrid::dropRepeats()
+{
+    bool dropped = false;
+    for (int line = lineCount - 1; line > 0; --line) {
+        for (const int post : selectedPosts(line)) {
+            if (!isSelectedElsewhere(line, post))
+                continue;
+            setSelected(indexOf(line, post), false);
+            dropped = true;
+        }
+    }
+    if (!dropped)
+        return;
+    emit selectionChanged();
+    emit duplicateRefused();
+}
+
 void PostGrid::clearSelection()
 {
     for (int index = 0; index < lineCount * posts; ++index)

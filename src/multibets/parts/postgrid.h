@@ -37,6 +37,10 @@ public:
     // Whether a post number may be selected on several lines.
     void setRepeatsAllowed(bool allowed) { m_repeatsAllowed = allowed; }
 
+    // Takes the selection back from posts that are selected on a line above too; says
+    // duplicateRefused when there was one.
+    void dropRepeats();
+
     void clearSelection();
     QList<int> selectedPosts(int line) const;
 
