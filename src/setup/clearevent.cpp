@@ -45,3 +45,11 @@ bool betsWereCleared(const Settings &settings)
 {
     return settings.betsCleared == "yes"_L1;
 }
+
+QString clearRefusal(const Settings &settings)
+{
+    if (settings.networkMode == 0)
+        return {};
+    return u"Nothing was cleared: network mode is on, and the files are those of every computer. "
+           "End Networked Betting on the menu first."_s;
+}

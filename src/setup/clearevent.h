@@ -15,3 +15,7 @@ int clearAllHorses(Session &session);
 
 // True once clearAllBets was done in this run: bettors and horses may be cleared then.
 bool betsWereCleared(const Settings &settings);
+
+// Why the files of the event must not be cleared now, or an empty text: in network mode they are
+// those of all computers.
+QString clearRefusal(const Settings &settings);

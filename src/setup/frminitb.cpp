@@ -355,13 +355,15 @@ void frminitb::askReceiptFont()
 
 void frminitb::clearBetFiles()
 {
+    if (refusesToClear())
+        return;
     if (askOkCancel(this, u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s))
         clearFiles(&clearAllBets, u"All Bet files cleared and initialized"_s, u"Initialize Bets"_s);
 }
 
 void frminitb::clearBettorsFile()
 {
-    if (refusesBeforeBets(u"Clear Bettors"_s))
+    if (refusesToClear() || refusesBeforeBets(u"Clear Bettors"_s))
         return;
     if (askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
         clearFiles([](Session &session) { return clearBettors(session, u"-Setup"_s); },
@@ -370,11 +372,21 @@ void frminitb::clearBettorsFile()
 
 void frminitb::clearHorseFiles()
 {
-    if (refusesBeforeBets(u"Clear Horses"_s))
+    if (refusesToClear() || refusesBeforeBets(u"Clear Horses"_s))
         return;
     if (askOkCancel(this, u"Clear and initialize Horses file?"_s, u"Initialize"_s))
         clearFiles(&clearAllHorses, u"All Horse files cleared and initialized"_s,
                    u"Initialize Players"_s);
+}
+
+bool frminitb::refusesToClear()
+{
+    const QString refusal = clearRefusal(m_context.session.settings);
+    if (refusal.isEmpty())
+        return false;
+    m_note = refusal;
+    showNote();
+    return true;
 }
 
 bool frminitb::refusesBeforeBets(const QString &title)

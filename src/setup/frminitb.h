@@ -42,6 +42,7 @@ private:
     void clearBetFiles();
     void clearBettorsFile();
     void clearHorseFiles();
+    bool refusesToClear();
     bool refusesBeforeBets(const QString &title);
     void clearFiles(int (*clear)(Session &), const QString &done, const QString &title);
     void goToMenu();
