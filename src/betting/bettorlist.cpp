@@ -1,6 +1,7 @@
 #include "betting/bettorlist.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/event/racefiles.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
@@ -44,6 +45,16 @@ void replaceBettors(Session &session, const QString &path, const QByteArray &old
     if (!linesOf(records).contains(linesOf(old)))
         keepInSaved(session, path);
     replaceRecordFile(path, records);
+}
+
+void saveBackup(Session &session)
+{
+    const QString twin = twinFile(session, RecordFile::Bettors, 0);
+    const QByteArray old = oldRecords(twin);
+    const QByteArray records = session.bettors.backupRecords();
+    // An empty list must not take the last full copy with it.
+    if (!records.isEmpty() || old.isEmpty())
+        replaceBettors(session, twin, old, records);
 }
 
 // Puts the names that are new in the session's list into the list that another computer wrote.
@@ -159,28 +170,22 @@ QString racesWithBets(const Session &session, int number, bool withCurrentRace)
 
 QString saveBettors(Session &session, const BettorTable &asRead)
 {
-    const EventLock lock(session);
-    session.settings.operationLabel = u"Bettors output"_s;
-    const QString main = mainFile(session, RecordFile::Bettors, 0);
-    const QByteArray oldMain = oldRecords(main);
-    QString note;
-    if (session.settings.networkMode == 1)
-        note = mergeNewNames(session, asRead, oldMain);
-    replaceBettors(session, main, oldMain, session.bettors.records());
-    session.settings.operationLabel = u"Bettorsbackup output"_s;
-    const QString twin = twinFile(session, RecordFile::Bettors, 0);
-    const QByteArray oldTwin = oldRecords(twin);
-    const QByteArray records = session.bettors.backupRecords();
-    // An empty list must not take the last full copy with it.
-    if (!records.isEmpty() || oldTwin.isEmpty())
-        replaceBettors(session, twin, oldTwin, records);
-    return note;
+    return labelled(session, u"Bettors output"_s, [&] {
+        const EventLock lock(session);
+        const QString main = mainFile(session, RecordFile::Bettors, 0);
+        const QByteArray oldMain = oldRecords(main);
+        QString note;
+        if (session.settings.networkMode == 1)
+            note = mergeNewNames(session, asRead, oldMain);
+        replaceBettors(session, main, oldMain, session.bettors.records());
+        labelled(session, u"Bettorsbackup output"_s, [&] { saveBackup(session); });
+        return note;
+    });
 }
 
 void clearBettorList(Session &session)
 {
-    session.settings.operationLabel = u"Bettors output"_s;
-    makeFolder(eventFolder(session));
+    labelled(session, u"Bettors output"_s, [&] { makeFolder(eventFolder(session)); });
     clearBettors(session, {});
 }
 

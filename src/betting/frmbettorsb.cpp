@@ -161,7 +161,7 @@ void frmbettorsb::load()
 {
     Session &session = m_context.session;
     session.bettors = BettorTable(session.settings.bettorLimit);
-    m_loaded = trapErrors(this, session, ErrorStyle::NumberAndDescription,
+    m_loaded = trapErrors(this, ErrorStyle::NumberAndDescription,
                           [&] { loadBettors(session, u"Bettors input"_s); });
     m_asRead = session.bettors;
     fillList();
@@ -277,7 +277,7 @@ void frmbettorsb::takeOut(const QString &name, int number)
 {
     Session &session = m_context.session;
     float refund = 0;
-    const bool done = trapErrors(this, session, ErrorStyle::NumberAndDescription,
+    const bool done = trapErrors(this, ErrorStyle::NumberAndDescription,
                                  [&] { addNote(takeOutBets(session, number, refund)); });
     // Bets that left the file are owed to the bettor, even when the backup file failed.
     if (!done && (refund == 0 || !betsAreOut(session, number)))
@@ -309,8 +309,7 @@ void frmbettorsb::clearAll()
         return showMessage(this, u"Must clear Bets first"_s, session.settings.operationLabel);
     if (!askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
         return;
-    if (!trapErrors(this, session, ErrorStyle::NumberAndDescription,
-                    [&] { clearBettorList(session); }))
+    if (!trapErrors(this, ErrorStyle::NumberAndDescription, [&] { clearBettorList(session); }))
         return;
     m_loaded = true;
     m_asRead = session.bettors;
@@ -349,7 +348,7 @@ void frmbettorsb::leaveTo(const QString &screen)
 {
     Session &session = m_context.session;
     QString note;
-    if (m_loaded && !trapErrors(this, session, ErrorStyle::NumberAndDescription, [&] {
+    if (m_loaded && !trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
             note = saveBettors(session, m_asRead);
         }))
         return;

@@ -59,8 +59,7 @@ void frmlistb::print()
     for (int row = 0; row < List1->count(); ++row)
         lines.append(List1->item(row)->text());
     Session &session = m_context.session;
-    session.settings.operationLabel = u"Print Bets by Bettor"_s;
-    trapErrors(this, session, ErrorStyle::NumberAndDescription, [&] {
+    trapErrors(this, session, ErrorStyle::NumberAndDescription, u"Print Bets by Bettor"_s, [&] {
         for (const Slip &slip : listingSlips(lines, copies, session.settings.receiptsPrint()))
             m_context.printer.print(slip);
         if (copies > 0)

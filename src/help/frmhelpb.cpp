@@ -117,7 +117,7 @@ void frmhelpb::fill()
 {
     Session &session = m_context.session;
     HelpText help{shippedHelp(), true};
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] { help = loadHelp(session); });
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { help = loadHelp(session); });
     txthelp->setPlainText(help.text);
     txthelp->document()->setModified(false);
     lblunsaved->hide();
@@ -172,7 +172,7 @@ void frmhelpb::search()
 void frmhelpb::save()
 {
     Session &session = m_context.session;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         saveHelp(session, txthelp->toPlainText());
         txthelp->document()->setModified(false);
         lblnote->setText("Help text saved: "_L1 + helpFile(session));
@@ -186,8 +186,7 @@ void frmhelpb::print()
         lblnote->setText(u"Nothing was printed: no printer is attached."_s);
         return;
     }
-    session.settings.operationLabel = u"Help print"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Help print"_s, [&] {
         m_context.printer.print(helpSlip(txthelp->toPlainText()));
         lblnote->setText(u"Help text printed."_s);
     });

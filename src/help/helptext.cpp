@@ -1,5 +1,6 @@
 #include "help/helptext.h"
 
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -56,10 +57,11 @@ QString shippedHelp()
 
 HelpText loadHelp(Session &session)
 {
-    session.settings.operationLabel = u"Help input"_s;
     QString text;
     try {
-        text = decodeText(view(readRecordFile(session.paths.toHost(helpFile(session)))));
+        text = decodeText(view(labelled(session, u"Help input"_s, [&] {
+            return readRecordFile(session.paths.toHost(helpFile(session)));
+        })));
     } catch (const FileError &error) {
         if (error.number() != ErrorNumber::FileNotFound
             && error.number() != ErrorNumber::PathNotFound)
@@ -73,12 +75,13 @@ HelpText loadHelp(Session &session)
 
 void saveHelp(Session &session, const QString &text)
 {
-    session.settings.operationLabel = u"Help output"_s;
-    const QString path = session.paths.toHost(helpFile(session));
-    makeFolder(QFileInfo(path).path());
     QString lines = text;
     lines.replace(u"\n"_s, u"\r\n"_s);
-    replaceRecordFile(path, lines.toUtf8());
+    labelled(session, u"Help output"_s, [&] {
+        const QString path = session.paths.toHost(helpFile(session));
+        makeFolder(QFileInfo(path).path());
+        replaceRecordFile(path, lines.toUtf8());
+    });
 }
 
 QList<Chapter> chapters(const QString &text)

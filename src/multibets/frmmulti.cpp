@@ -93,7 +93,7 @@ void frmmulti::fill()
 
 void frmmulti::loadBettorList()
 {
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly, [this] {
+    trapErrors(this, ErrorStyle::DescriptionOnly, [this] {
         loadBettors(m_context.session, u"Bettors Input"_s);
         m_search->setBettors(m_context.session.bettors);
     });
@@ -168,7 +168,7 @@ void frmmulti::chooseBettor(int number, const QString &name)
 void frmmulti::loadPriorBets()
 {
     m_prior.clear();
-    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription, [this] {
+    trapErrors(this, ErrorStyle::NumberAndDescription, [this] {
         m_prior = multibetsOf(loadOrCreateMultibets(m_context.session), m_bettor);
     });
     showPriorBets();
@@ -251,7 +251,7 @@ void frmmulti::makeBet()
 {
     if (m_preview.total == 0)
         return;
-    const bool saved = trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly, [this] {
+    const bool saved = trapErrors(this, ErrorStyle::DescriptionOnly, [this] {
         appendMultibets(m_context.session, m_preview.pending);
     });
     if (!saved)
@@ -269,8 +269,7 @@ void frmmulti::makeBet()
 void frmmulti::printReceipt()
 {
     const Settings &settings = m_context.session.settings;
-    m_context.session.settings.operationLabel = u"Print Receipt"_s;
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly, [&] {
+    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly, u"Print Receipt"_s, [&] {
         m_context.printer.print(
             multibetReceipt(settings.banner, m_bettorName, m_prior, receiptPoints(settings)));
     });
@@ -303,7 +302,7 @@ void frmmulti::deletePriorBets()
     const Slip slip = multibetRefundSlip(m_bettorName, session.settings.raceName(), refunded,
                                          receiptPoints(session.settings));
     bool unchanged = true;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
         unchanged = removeMultibets(session, m_bettor, removed, [&] {
             printOrList(m_context, slip, session.settings.receiptsPrint());
         });
@@ -318,7 +317,7 @@ void frmmulti::switchReceipts()
     Session &session = m_context.session;
     session.settings.setReceiptPrinting(!session.settings.receiptsPrint());
     showReceiptState();
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] { saveInit(session); });
+    trapErrors(this, ErrorStyle::DescriptionOnly, [&] { saveInit(session); });
 }
 
 void frmmulti::showReceiptState()

@@ -156,7 +156,7 @@ void frmpaymulti::fill()
     txtbanner->setText(m_context.session.settings.bannerAndRace());
     setHousePercent(m_context.session.multibetHousePercent);
     clearOutputs();
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly,
+    trapErrors(this, ErrorStyle::DescriptionOnly,
                [this] { loadBettors(m_context.session, u"Bettors Input"_s); });
     m_races->button(1)->setFocus();
 }
@@ -207,7 +207,7 @@ void frmpaymulti::findWinners()
     const std::array<int, 3> winners{winnerOf(0), winnerOf(1), type->lines == 3 ? winnerOf(2) : 0};
     Session &session = m_context.session;
     MultibetSettlement settled;
-    const bool read = trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    const bool read = trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
         settled = settleMultibets(loadMultibets(session, u"Multibets"_s), session.bettors,
                                   type->code, winners, session.multibetHousePercent);
     });

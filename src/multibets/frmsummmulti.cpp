@@ -58,7 +58,7 @@ void frmsummmulti::fill()
 {
     Session &session = m_context.session;
     MultibetTable bets;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly,
+    trapErrors(this, ErrorStyle::DescriptionOnly,
                [&] { bets = loadMultibets(session, u"Multibets"_s); });
     lstsumm->addItems(multibetSummary(bets, session.settings.banner, session.settings.raceName()));
 }

@@ -2,7 +2,6 @@
 
 #include "common/event/eventfiles.h"
 #include "common/event/racefiles.h"
-#include "common/files/recordfile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +33,8 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
             legs.horses[at] = session.horses;
         } else if (race <= raceCount) {
             legs.horses[at] =
-                parseHorses(readRecordFile(mainFile(session, RecordFile::Horses, race))).horses;
+                parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s))
+                    .horses;
             addPosts(legs.posts[at], legs.horses[at]);
         }
         legs.races[at] = race <= raceCount ? race : 0;

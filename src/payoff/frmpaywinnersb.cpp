@@ -111,7 +111,7 @@ void frmpaywinnersb::showRace()
     lblnote->clear();
 
     session.horses = {};
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
         const int damaged = loadHorses(session, u"Horses input"_s);
         if (damaged > 0)
             lblnote->setText(u"Damaged lines in Horses: "_s + QString::number(damaged));
@@ -217,7 +217,7 @@ void frmpaywinnersb::settleAndShow(const RaceResult &result)
     if (!mayStartOver(session.settings.currentRace))
         return;
     Settlement settlement;
-    if (!trapErrors(this, session, ErrorStyle::DescriptionOnly,
+    if (!trapErrors(this, ErrorStyle::DescriptionOnly,
                     [&] { settlement = settleCurrentRace(session, result); }))
         return;
     m_result = result;
@@ -319,7 +319,7 @@ bool frmpaywinnersb::hasEveryBet()
     Session &session = m_context.session;
     QString change;
     BetTable found;
-    if (!trapErrors(this, session, ErrorStyle::DescriptionOnly,
+    if (!trapErrors(this, ErrorStyle::DescriptionOnly,
                     [&] { change = betsSinceSettled(session, m_settledBets, found); }))
         return false;
     if (change.isEmpty())
@@ -402,8 +402,7 @@ bool frmpaywinnersb::printSlips()
     if (slip.lines.isEmpty())
         return true;
     Session &session = m_context.session;
-    session.settings.operationLabel = u"Pay winners"_s;
-    const bool printed = trapErrors(this, session, ErrorStyle::DescriptionOnly,
+    const bool printed = trapErrors(this, session, ErrorStyle::DescriptionOnly, u"Pay winners"_s,
                                     [&] { m_context.printer.print(slip); });
     if (!printed)
         showListing(m_context, slipText(slip));

@@ -14,14 +14,14 @@ namespace {
 
 BetTable readBets(Session &session)
 {
-    session.settings.operationLabel = u"Bets input"_s;
     try {
-        const QString path = mainFile(session, RecordFile::Bets, session.settings.currentRace);
-        return parseBets(readRecordFile(path).toStdString());
+        const int race = session.settings.currentRace;
+        return parseBets(
+            readMainFile(session, RecordFile::Bets, race, u"Bets input"_s).toStdString());
     } catch (const FileError &error) {
-        if (error.number() == ErrorNumber::FileNotFound)
-            session.settings.operationLabel = u"Bet file empty"_s;
-        throw;
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+        throw FileError(ErrorNumber::FileNotFound, u"Bet file empty"_s);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "common/event/eventfiles.h"
 #include "common/event/init.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -34,13 +35,29 @@ QByteArray contentOrNothing(const QString &path)
     return {};
 }
 
+// Replaces the horses of a race unless they are these already.
+void saveHorses(Session &session, int race, const QByteArray &records)
+{
+    const QByteArray here = labelled(session, u"Horses input"_s, [&] {
+        return contentOrNothing(mainFile(session, RecordFile::Horses, race));
+    });
+    if (here == records)
+        return;
+    labelled(session, u"Horses output"_s, [&] {
+        const QString path = mainFile(session, RecordFile::Horses, race);
+        keepInSaved(session, path);
+        replaceRecordFile(path, records);
+    });
+}
+
 } // namespace
 
 QString downloadAddress(Session &session)
 {
-    session.settings.operationLabel = u"Download input"_s;
-    const QByteArray bytes = contentOrNothing(
-        session.paths.toHost(defaultEventDirectory(session.settings) + u"Download"_s));
+    const QByteArray bytes = labelled(session, u"Download input"_s, [&] {
+        return contentOrNothing(
+            session.paths.toHost(defaultEventDirectory(session.settings) + u"Download"_s));
+    });
     std::string_view rest = view(bytes);
     std::string_view line;
     std::vector<RecordField> fields;
@@ -61,24 +78,16 @@ PublishedCard readDownload(const QByteArray &text)
 
 QString saveDownload(Session &session, const QByteArray &text)
 {
-    QString &label = session.settings.operationLabel;
-    const QString postboard =
-        session.paths.toHost(session.settings.eventDirectory + u"postboard"_s);
-    label = u"postboard output"_s;
-    replaceRecordFile(postboard, postboardRecord(text));
-    label = u"postboard input"_s;
-    const PublishedCard card = parsePostboard(readRecordFile(postboard));
+    const auto postboard = [&] {
+        return session.paths.toHost(session.settings.eventDirectory + u"postboard"_s);
+    };
+    labelled(session, u"postboard output"_s,
+             [&] { replaceRecordFile(postboard(), postboardRecord(text)); });
+    const PublishedCard card = parsePostboard(
+        labelled(session, u"postboard input"_s, [&] { return readRecordFile(postboard()); }));
 
-    for (int race = 1; race <= raceCount; ++race) {
-        const QString path = mainFile(session, RecordFile::Horses, race);
-        const QByteArray records = horseRecords(card.races[std::size_t(race - 1)]);
-        label = u"Horses input"_s;
-        if (contentOrNothing(path) == records)
-            continue;
-        label = u"Horses output"_s;
-        keepInSaved(session, path);
-        replaceRecordFile(path, records);
-    }
+    for (int race = 1; race <= raceCount; ++race)
+        saveHorses(session, race, horseRecords(card.races[std::size_t(race - 1)]));
 
     QStringList notes;
     if (card.openRace > 0)

@@ -1,6 +1,7 @@
 #include "racecard/frmhorsesb.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/event/racefiles.h"
 #include "common/event/session.h"
 #include "common/print/format.h"
@@ -68,7 +69,7 @@ void frmhorsesb::load()
     m_poolsEmptied = false;
     m_saved = CardRows();
     showRows(m_saved);
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         const int damaged = loadHorses(session, u"Horses input"_s);
         m_readWhole = damaged == 0;
         m_saved = rowsOf(session.horses);
@@ -108,7 +109,7 @@ void frmhorsesb::updateHorses()
 {
     if (!askYesNo(this, u"Update Horses?"_s, u"Horses"_s) || !poolsAreValid())
         return;
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         save();
         lblnote->setText("Horses saved for"_L1 + m_context.session.settings.raceName());
     });
@@ -117,7 +118,7 @@ void frmhorsesb::updateHorses()
 void frmhorsesb::clearHorses()
 {
     Session &session = m_context.session;
-    if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
+    if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
                     [&] { lblnote->setText(LoadRaceBets(session)); }))
         return;
     if (!session.bets.rows.empty()) {
@@ -130,8 +131,7 @@ void frmhorsesb::clearHorses()
     for (CardRow &row : empty)
         row.pool.clear();
     showRows(empty);
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
-        session.settings.operationLabel = u"Horses output"_s;
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Horses output"_s, [&] {
         keepTwinsInSaved(session, RecordFile::Horses, session.settings.currentRace);
         m_readWhole = true;
         session.horses = HorseTable();
@@ -168,7 +168,7 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
 {
     Session &session = m_context.session;
     QStringList notes;
-    if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
             const Slip refunds = scratchRefunds(session, post, name);
             const std::size_t listed = session.bets.rows.size();
             if (!printOrList(m_context, refunds, session.settings.mayPrint()))
@@ -183,7 +183,7 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
     CardRows card = rows();
     card[std::size_t(post - 1)] = CardRow();
     showRows(card);
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         save();
         const MultibetCount multibets = multibetsOn(session, post);
         if (multibets.bets > 0)
@@ -205,7 +205,7 @@ void frmhorsesb::download()
     Session &session = m_context.session;
     QStringList notes(unsavedNote());
     bool replaced = false;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         const WaitedFetch fetched =
             fetchWhileWaiting(this, downloadAddress(session), downloadChunk, fetchPost,
                               u"Downloading the horses of all 12 races ..."_s);
@@ -236,8 +236,7 @@ void frmhorsesb::printBetSheets()
         return;
     if (!session.settings.receiptsPrint())
         return lblnote->setText(u"Receipt printing is off: no bet sheet was printed."_s);
-    session.settings.operationLabel = u"Print Bet Sheets"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Print Bet Sheets"_s, [&] {
         const Slip sheet = betSheetSlip(
             horsesOf(rows()), session.settings.banner + u' ' + session.settings.raceName(),
             session.settings.betSheetMessage);
@@ -290,8 +289,9 @@ void frmhorsesb::save()
     session.horses = horsesOf(rows());
     if (!m_readWhole) {
         // What could not be read is not lost by writing over it.
-        session.settings.operationLabel = u"Horses output"_s;
-        keepTwinsInSaved(session, RecordFile::Horses, session.settings.currentRace);
+        labelled(session, u"Horses output"_s, [&] {
+            keepTwinsInSaved(session, RecordFile::Horses, session.settings.currentRace);
+        });
         m_readWhole = true;
     }
     saveHorses(session);

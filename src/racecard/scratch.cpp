@@ -1,6 +1,7 @@
 #include "racecard/scratch.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/multibettypes.h"
 #include "common/event/racefiles.h"
@@ -87,13 +88,14 @@ QString betsNote(const PoolTable &pools, int post)
 MultibetCount multibetsOn(Session &session, int post)
 {
     MultibetCount count;
-    session.settings.operationLabel = u"Multibets Input"_s;
-    const int race = session.settings.currentRace;
-    for (int racesLater = 0; racesLater < 3 && racesLater < race; ++racesLater) {
-        const QString path = mainFile(session, RecordFile::Multibets, race - racesLater);
-        if (QFileInfo::exists(path))
-            countMultibets(parseMultibets(readRecordFile(path).toStdString()), racesLater, post,
-                           count);
-    }
+    labelled(session, u"Multibets Input"_s, [&] {
+        const int race = session.settings.currentRace;
+        for (int racesLater = 0; racesLater < 3 && racesLater < race; ++racesLater) {
+            const QString path = mainFile(session, RecordFile::Multibets, race - racesLater);
+            if (QFileInfo::exists(path))
+                countMultibets(parseMultibets(readRecordFile(path).toStdString()), racesLater, post,
+                               count);
+        }
+    });
     return count;
 }

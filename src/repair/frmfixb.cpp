@@ -209,7 +209,7 @@ void frmfixb::display(Listing listing)
     const int race = optflight->checkedId();
     if (isRaceListing(listing) && race < 1)
         return showMessage(this, u"Must select a race to display a bet file"_s);
-    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription,
+    trapErrors(this, ErrorStyle::NumberAndDescription,
                [&] { show(listRecords(m_context.session, listing, race)); });
 }
 
@@ -280,7 +280,7 @@ void frmfixb::removeSelected()
 {
     const RecordList list = m_model->list();
     const RecordRow row = *selectedRecord();
-    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription, [&] {
+    trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
         const bool removed = removeRecord(m_context.session, list, row);
         show(listRecords(m_context.session, list.listing, list.race));
         const QString left = lblnote->text();
@@ -307,7 +307,7 @@ void frmfixb::putBack()
     const QString question = "Replace "_L1 + origin->name + " and its backup with the copy?"_L1;
     if (!askOkCancel(this, question, u"Saved"_s))
         return;
-    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription, [&] {
+    trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
         putBackCopy(m_context.session, copy);
         show(listRecords(m_context.session, Listing::SavedCopies, 0));
         lblnote->setText(origin->name + " and its backup now hold the copy "_L1 + copy);
@@ -319,7 +319,6 @@ void frmfixb::print()
     QList<QStringList> rows;
     for (int row = 0; row < m_order->rowCount(); ++row)
         rows << m_model->list().rows[m_order->mapToSource(m_order->index(row, 0)).row()].cells;
-    m_context.session.settings.operationLabel = u"Print"_s;
-    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription,
+    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription, u"Print"_s,
                [&] { m_context.printer.print(recordListSlip(m_model->list(), rows)); });
 }

@@ -1,5 +1,6 @@
 #include "repair/recordlist.h"
 
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
@@ -310,9 +311,8 @@ void forEachRecord(const QByteArray &bytes, const Use &use)
 
 QByteArray readAs(Session &session, const QString &label, const QString &path, RecordList &list)
 {
-    session.settings.operationLabel = label;
     list.missingFile = QFileInfo(path).fileName();
-    QByteArray bytes = readRecordFile(path);
+    QByteArray bytes = labelled(session, label, [&] { return readRecordFile(path); });
     list.missingFile.clear();
     return bytes;
 }

@@ -1,5 +1,6 @@
 #include "repair/savedcopies.h"
 
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -30,6 +31,22 @@ QRegularExpressionMatch matchCopyName(const QString &name)
     return pattern.match(name);
 }
 
+// The copies in the folder with the time of each, the newest first.
+QList<std::pair<QString, QFileInfo>> copiesByTime(const QString &folder)
+{
+    QList<std::pair<QString, QFileInfo>> copies;
+    for (const QFileInfo &info : QDir(folder).entryInfoList(QDir::Files)) {
+        const auto match = matchCopyName(info.fileName());
+        if (match.hasMatch()) {
+            copies.append({match.captured(4) + u' ' + match.captured(5) + u':' + match.captured(6)
+                               + u':' + match.captured(7),
+                           info});
+        }
+    }
+    std::ranges::stable_sort(copies, std::greater(), &std::pair<QString, QFileInfo>::first);
+    return copies;
+}
+
 } // namespace
 
 RecordList listSavedCopies(Session &session)
@@ -38,25 +55,16 @@ RecordList listSavedCopies(Session &session)
     list.listing = Listing::SavedCopies;
     list.heading = u"Saved copies"_s;
     list.columns = {u"Number"_s, u"File"_s, u"Saved at"_s, u"Bytes"_s, u"Records"_s};
-    session.settings.operationLabel = u"Saved input"_s;
-    QList<QPair<QString, QFileInfo>> copies; // by time
-    for (const QFileInfo &info : QDir(savedFolder(session)).entryInfoList(QDir::Files)) {
-        const auto match = matchCopyName(info.fileName());
-        if (match.hasMatch()) {
-            copies.append({match.captured(4) + u' ' + match.captured(5) + u':' + match.captured(6)
-                               + u':' + match.captured(7),
-                           info});
+    labelled(session, u"Saved input"_s, [&] {
+        for (const auto &[time, info] : copiesByTime(savedFolder(session))) {
+            RecordRow row;
+            row.cells = {QString::number(list.rows.size() + 1),
+                         matchCopyName(info.fileName()).captured(1), time,
+                         QString::number(info.size()), QString::number(recordsIn(info.filePath()))};
+            row.line = info.fileName().toUtf8();
+            list.rows.append(row);
         }
-    }
-    std::ranges::stable_sort(copies, std::greater(), &QPair<QString, QFileInfo>::first);
-    for (const auto &[time, info] : copies) {
-        RecordRow row;
-        row.cells = {QString::number(list.rows.size() + 1),
-                     matchCopyName(info.fileName()).captured(1), time, QString::number(info.size()),
-                     QString::number(recordsIn(info.filePath()))};
-        row.line = info.fileName().toUtf8();
-        list.rows.append(row);
-    }
+    });
     return list;
 }
 
@@ -79,14 +87,16 @@ std::optional<SavedOrigin> originOf(const QString &copyName)
 
 void putBackCopy(Session &session, const QString &copyName)
 {
-    session.settings.operationLabel = u"Saved input"_s;
     const auto origin = originOf(copyName);
-    if (!origin)
-        throw FileError(ErrorNumber::BadFileName);
-    const QByteArray bytes = readRecordFile(savedFolder(session) + u'/' + copyName);
-    const EventLock lock(session);
-    session.settings.operationLabel = u"Saved output"_s;
-    keepTwinsInSaved(session, origin->file, origin->race);
-    rewriteTwins(session, origin->file, origin->race, bytes, origin->name + " output"_L1,
-                 origin->name + " backup output"_L1);
+    const QByteArray bytes = labelled(session, u"Saved input"_s, [&] {
+        if (!origin)
+            throw FileError(ErrorNumber::BadFileName);
+        return readRecordFile(savedFolder(session) + u'/' + copyName);
+    });
+    labelled(session, u"Saved output"_s, [&] {
+        const EventLock lock(session);
+        keepTwinsInSaved(session, origin->file, origin->race);
+        rewriteTwins(session, origin->file, origin->race, bytes, origin->name + " output"_L1,
+                     origin->name + " backup output"_L1);
+    });
 }

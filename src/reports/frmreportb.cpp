@@ -220,7 +220,7 @@ void frmreportb::showReport()
         request.housePercent = numericValue(percent);
     m_report = {};
     m_lines = {};
-    const bool good = trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    const bool good = trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
         m_report = makeReport(session, request);
         m_lines = reportLines(m_report);
     });
@@ -242,7 +242,7 @@ void frmreportb::changeFont()
     int &index = session.settings.fontIndex;
     index = index >= 1 && index < fontSizes ? index + 1 : 1;
     showFontSize();
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] { saveInit(session); });
+    trapErrors(this, ErrorStyle::DescriptionOnly, [&] { saveInit(session); });
 }
 
 void frmreportb::print()
@@ -252,8 +252,7 @@ void frmreportb::print()
         return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
     const int points = fontPoints(session.settings.fontIndex);
     const Slip slip = reportSlip(m_lines, points);
-    session.settings.operationLabel = u"Print Reports"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, u"Print Reports"_s, [&] {
         m_context.printer.print(slip);
         QString note = u"Printed"_s;
         if (slip.pointSize < points) {
@@ -276,8 +275,7 @@ void frmreportb::saveAs(const QString &filter, const QString &suffix, const QStr
         return;
     const QString path = dialog.selectedFiles().value(0);
     Session &session = m_context.session;
-    session.settings.operationLabel = label;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, label, [&] {
         replaceRecordFile(path, content());
         lblnote->setText("Saved as "_L1 + path);
     });

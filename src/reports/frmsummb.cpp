@@ -136,7 +136,7 @@ bool frmsummb::read()
     Session &session = m_context.session;
     m_race = {};
     m_summary = {};
-    const bool good = trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    const bool good = trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
         session.bettors = readBettors(session);
         m_race = readRace(session, session.settings.currentRace);
         m_summary = summarizeRace(m_race, session.bettors);
@@ -185,8 +185,7 @@ void frmsummb::printSummary()
         return;
     if (!session.settings.mayPrint())
         return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
-    session.settings.operationLabel = u"Print Summary"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, [&] {
+    trapErrors(this, session, ErrorStyle::DescriptionOnly, u"Print Summary"_s, [&] {
         m_context.printer.print(summarySlip(m_summary, session.settings.bannerAndRace()));
         lblnote->setText(u"Printed"_s);
     });

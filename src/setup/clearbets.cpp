@@ -1,5 +1,6 @@
 #include "setup/clearbets.h"
 
+#include "common/event/labelled.h"
 #include "common/event/multibetrecords.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
@@ -25,9 +26,8 @@ QByteArray fileOrNothing(const Session &session, RecordFile file)
 
 RaceStakes straightStakes(Session &session)
 {
-    session.settings.operationLabel = u"Bets input"_s;
-    const QByteArray bytes = fileOrNothing(session, RecordFile::Bets);
-    session.settings.operationLabel = u"Bets Input"_s;
+    const QByteArray bytes = labelled(session, u"Bets input"_s,
+                                      [&] { return fileOrNothing(session, RecordFile::Bets); });
     const BetTable bets = parseBets(bytes.toStdString());
     RaceStakes stakes;
     stakes.byBettor = totalsByBettor(bets, [](const BetRow &) { return true; });
@@ -40,9 +40,9 @@ RaceStakes straightStakes(Session &session)
 
 RaceStakes multibetStakes(Session &session)
 {
-    session.settings.operationLabel = u"Multibets Input"_s;
     RaceStakes stakes;
-    stakes.records = fileOrNothing(session, RecordFile::Multibets);
+    stakes.records = labelled(session, u"Multibets Input"_s,
+                              [&] { return fileOrNothing(session, RecordFile::Multibets); });
     const MultibetTable bets = parseMultibets(stakes.records.toStdString());
     for (const MultibetRow &row : bets.rows) {
         if (row.damaged) {
@@ -69,21 +69,24 @@ Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stak
 
 void keepTwins(Session &session, RecordFile file)
 {
-    session.settings.operationLabel = recordFileName(file) + u" Saved"_s;
-    keepTwinsInSaved(session, file, session.settings.currentRace);
+    labelled(session, recordFileName(file) + u" Saved"_s,
+             [&] { keepTwinsInSaved(session, file, session.settings.currentRace); });
 }
 
 bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes)
 {
-    const EventLock lock(session);
-    QString &label = session.settings.operationLabel;
     const int race = session.settings.currentRace;
-    label = recordFileName(file) + u" Output"_s;
-    if (fileOrNothing(session, file) != stakes.records)
+    const bool deleted = labelled(session, recordFileName(file) + u" Output"_s, [&] {
+        const EventLock lock(session);
+        if (fileOrNothing(session, file) != stakes.records)
+            return false;
+        deleteRecordFile(mainFile(session, file, race));
+        labelled(session, recordFileName(file) + u"backup Output"_s,
+                 [&] { deleteRecordFile(twinFile(session, file, race)); });
+        return true;
+    });
+    if (!deleted)
         return false;
-    deleteRecordFile(mainFile(session, file, race));
-    label = recordFileName(file) + u"backup Output"_s;
-    deleteRecordFile(twinFile(session, file, race));
     if (file == RecordFile::Bets) {
         session.bets = BetTable();
         session.pools = PoolTable();

@@ -1,6 +1,7 @@
 #include "setup/clearevent.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,10 +13,11 @@ int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records
                     const QString &baseName)
 {
     const QString label = baseName + " output-Setup"_L1;
-    session.settings.operationLabel = label;
     int kept = 0;
-    for (int race = 1; race <= raceCount; ++race)
-        kept += keepTwinsInSaved(session, file, race);
+    labelled(session, label, [&] {
+        for (int race = 1; race <= raceCount; ++race)
+            kept += keepTwinsInSaved(session, file, race);
+    });
     for (int race = 1; race <= raceCount; ++race)
         rewriteTwins(session, file, race, records, label, baseName + "backup output-Setup"_L1);
     return kept;

@@ -1,6 +1,7 @@
 #include "setup/eventfolders.h"
 
 #include "common/event/init.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/hostsystem.h"
 
@@ -41,16 +42,16 @@ void demandReady(const Session &session, const QString &folder, ErrorNumber othe
 
 void chooseDrive(Session &session, const QString &drive)
 {
-    session.settings.operationLabel = u"Directory-Drive"_s;
     const QString root = withBackslash(drive);
-    demandReady(session, root, ErrorNumber::DiskNotReady);
+    labelled(session, u"Directory-Drive"_s,
+             [&] { demandReady(session, root, ErrorNumber::DiskNotReady); });
     session.settings.eventDirectory = root;
 }
 
 void chooseFolder(Session &session, const QString &folder)
 {
-    session.settings.operationLabel = u"Directory-Open"_s;
-    demandReady(session, folder, ErrorNumber::PathNotFound);
+    labelled(session, u"Directory-Open"_s,
+             [&] { demandReady(session, folder, ErrorNumber::PathNotFound); });
     const QString before = session.settings.eventDirectory;
     session.settings.eventDirectory = withBackslash(folder);
     try {
@@ -64,16 +65,17 @@ void chooseFolder(Session &session, const QString &folder)
 
 void createFolder(Session &session, const QString &parent, const QString &name)
 {
-    session.settings.operationLabel = u"Directory-New"_s;
-    if (!isFolderName(name))
-        throw FileError(ErrorNumber::BadFileName);
-    const QString path = session.paths.toHost(withBackslash(parent) + name);
-    if (QFileInfo::exists(path))
-        throw FileError(ErrorNumber::PathFileAccess);
-    demandReady(session, parent, ErrorNumber::PathNotFound);
-    errno = 0;
-    if (!QDir().mkdir(path))
-        throw FileError(errorFromSystem(lastSystemError()));
+    labelled(session, u"Directory-New"_s, [&] {
+        if (!isFolderName(name))
+            throw FileError(ErrorNumber::BadFileName);
+        const QString path = session.paths.toHost(withBackslash(parent) + name);
+        if (QFileInfo::exists(path))
+            throw FileError(ErrorNumber::PathFileAccess);
+        demandReady(session, parent, ErrorNumber::PathNotFound);
+        errno = 0;
+        if (!QDir().mkdir(path))
+            throw FileError(errorFromSystem(lastSystemError()));
+    });
     saveInit(session, InitWriter::Directory, u"Init output-Directory"_s,
              u"Init output-Directory"_s);
 }

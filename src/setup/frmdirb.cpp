@@ -110,16 +110,14 @@ void frmdirb::showFolders()
     const QString &directory = m_context.session.settings.eventDirectory;
     txtdrivedir->setText(directory);
     lblhint->clear();
-    m_context.session.settings.operationLabel = u"Directory-Open"_s;
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel,
+    trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel, u"Directory-Open"_s,
                [&] { m_folders->showFolders(directory); });
 }
 
 void frmdirb::driveChosen(const QString &drive)
 {
     Session &session = m_context.session;
-    if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
-                    [&] { chooseDrive(session, drive); }))
+    if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { chooseDrive(session, drive); }))
         m_folders->showDrives(session.settings.eventDirectory);
     showFolders();
 }
@@ -127,8 +125,7 @@ void frmdirb::driveChosen(const QString &drive)
 void frmdirb::folderChosen(const QString &folder)
 {
     Session &session = m_context.session;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
-               [&] { chooseFolder(session, folder); });
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { chooseFolder(session, folder); });
     showFolders();
 }
 
@@ -139,7 +136,7 @@ void frmdirb::createNew()
         return;
     Session &session = m_context.session;
     const QString parent = session.settings.eventDirectory;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         createFolder(session, parent, name);
         showFolders();
         m_folders->select(name);

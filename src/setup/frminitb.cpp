@@ -82,7 +82,7 @@ frminitb::frminitb(const ScreenContext &context)
 template<typename Work>
 bool frminitb::trap(Work work)
 {
-    return trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel, work);
+    return trapErrors(this, ErrorStyle::DescriptionAndLabel, work);
 }
 
 void frminitb::build()

@@ -234,8 +234,7 @@ void frmmenub::fill()
     // A failure is shown once the menu can be seen.
     QTimer::singleShot(0, this, [this] {
         Session &shared = m_context.session;
-        trapErrors(this, shared, ErrorStyle::DescriptionAndLabel,
-                   [&] { createMissingBetsBackup(shared); });
+        trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { createMissingBetsBackup(shared); });
     });
 }
 
@@ -254,7 +253,7 @@ void frmmenub::clearBets()
     if (!askYesNo(this, u"Clear/Refund "_s + session.settings.raceName() + u" Bets?"_s))
         return;
     lblnote->clear();
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         loadBettors(session, u"Bettors input"_s);
         bool printWanted = true;
         clearStraightBets(printWanted);
@@ -316,7 +315,7 @@ void frmmenub::useBackups()
     for (const RestoreChoice &choice : restoreChoices()) {
         if (!askYesNo(this, choice.question, u"Backup"_s))
             continue;
-        if (!trapErrors(this, session, ErrorStyle::DescriptionAndLabel,
+        if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
                         [&] { addNote(restoreFromTwin(session, choice.file)); }))
             return;
         showMessage(this, choice.confirmation, u"Backup"_s);
@@ -348,7 +347,7 @@ void frmmenub::becomeMaster()
         m_context.navigator.open(u"frmmenub"_s, note);
     } catch (const FileError &error) {
         if (!isShareMissing(error))
-            return showFileError(this, session, error, ErrorStyle::DescriptionAndLabel);
+            return showFileError(this, error, ErrorStyle::DescriptionAndLabel);
         showMessage(this, u"Network not available - ending network mode"_s);
         lblnote->setText(u"The event directory is now "_s + session.settings.eventDirectory
                          + u". Share that folder and start again, or choose the directory on the "
@@ -374,7 +373,7 @@ void frmmenub::joinMaster()
 void frmmenub::endNetwork()
 {
     Session &session = m_context.session;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         const bool reached = endNetworkMode(session);
         m_context.navigator.open(u"frmmenub"_s,
                                  reached ? QString()

@@ -1,6 +1,6 @@
 #include "setup/restore.h"
 
-#include "common/files/fileerror.h"
+#include "common/event/labelled.h"
 #include "common/files/recordfile.h"
 
 #include <QFileInfo>
@@ -37,16 +37,16 @@ std::array<RestoreChoice, 4> restoreChoices()
 
 QString restoreFromTwin(Session &session, RecordFile file)
 {
-    QString &label = session.settings.operationLabel;
     const int race = session.settings.currentRace;
-    label = recordFileName(file) + u"backup input"_s;
-    const QByteArray twin = readRecordFile(twinFile(session, file, race));
-    const QString main = mainFile(session, file, race);
-    label = recordFileName(file) + u" output"_s;
-    const bool existed = QFileInfo::exists(main);
-    const int before = existed ? recordCount(readRecordFile(main)) : 0;
-    keepInSaved(session, main);
-    replaceRecordFile(main, twin);
-    return QFileInfo(main).fileName() + u": "_s + QString::number(before) + u" records before, "_s
-           + QString::number(recordCount(twin)) + u" now"_s;
+    const QByteArray twin = labelled(session, recordFileName(file) + u"backup input"_s,
+                                     [&] { return readRecordFile(twinFile(session, file, race)); });
+    return labelled(session, recordFileName(file) + u" output"_s, [&] {
+        const QString main = mainFile(session, file, race);
+        const bool existed = QFileInfo::exists(main);
+        const int before = existed ? recordCount(readRecordFile(main)) : 0;
+        keepInSaved(session, main);
+        replaceRecordFile(main, twin);
+        return QString(QFileInfo(main).fileName() + u": "_s + QString::number(before)
+                       + u" records before, "_s + QString::number(recordCount(twin)) + u" now"_s);
+    });
 }

@@ -2,6 +2,7 @@
 
 #include "common/event/eventfiles.h"
 #include "common/event/init.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 
 using namespace Qt::StringLiterals;
@@ -70,8 +71,8 @@ QString resetEventDirectory(Session &session, bool initWasDamaged)
     if (last.compare(settings.eventDirectory, Qt::CaseInsensitive) != 0)
         notes += "Last event directory: "_L1 + last;
     if (initWasDamaged) {
-        settings.operationLabel = u"Init open-Setup"_s;
-        const QString copy = keepInSaved(session, initFile(session));
+        const QString copy = labelled(session, u"Init open-Setup"_s,
+                                      [&] { return keepInSaved(session, initFile(session)); });
         if (!copy.isEmpty())
             notes += "The damaged Init was kept in Saved as "_L1 + copy;
     }

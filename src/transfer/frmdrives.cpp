@@ -88,7 +88,6 @@ void DriveChoice::listDrives()
 
 void DriveChoice::choose(const QString &drive)
 {
-    m_context.session.settings.operationLabel = m_transfer.operation;
     if (!takeRole())
         return;
     if (m_transfer.tellsMultibets)
@@ -126,10 +125,11 @@ bool DriveChoice::runTransfer(const QString &drive)
         progress.setMaximum(total);
         progress.setValue(done);
     };
-    return trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription, [&] {
-        m_transfer.run(m_context.session, drive, tell);
-        progress.reset();
-    });
+    return trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription,
+                      m_transfer.operation, [&] {
+                          m_transfer.run(m_context.session, drive, tell);
+                          progress.reset();
+                      });
 }
 
 frmdrive::frmdrive(const ScreenContext &context)

@@ -186,8 +186,7 @@ void frmimportb::showFolder(const QString &folder)
     m_folder = folder;
     txtfolder->setText(folder);
     lstfile->clear();
-    session.settings.operationLabel = u"Import input"_s;
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Import input"_s, [&] {
         m_folders->showFolders(folder);
         lstfile->addItems(importableFiles(session, folder));
     });
@@ -222,7 +221,7 @@ bool frmimportb::carryOut(const ImportChoice &choice, ImportPlan &plan)
         progress.setValue(done);
     };
     bool wanted = true;
-    const bool whole = trapErrors(this, session, ErrorStyle::DescriptionAndLabel, [&] {
+    const bool whole = trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         plan = planImport(session, m_folder, choice, tell);
         progress.reset();
         if (!plan.refusal.isEmpty())

@@ -1,6 +1,7 @@
 #include "transfer/importevent.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/roles.h"
 #include "common/files/fileerror.h"
@@ -30,10 +31,11 @@ void tell(const TransferProgress &progress, int done, int total)
 std::optional<QByteArray> readForeign(Session &session, const QString &folder, RecordFile file,
                                       int race)
 {
-    session.settings.operationLabel = u"Import input"_s;
-    const QString name = QFileInfo(mainFile(session, file, race)).fileName();
     try {
-        return readRecordFile(session.paths.toHost(folder + name));
+        return labelled(session, u"Import input"_s, [&] {
+            const QString name = QFileInfo(mainFile(session, file, race)).fileName();
+            return readRecordFile(session.paths.toHost(folder + name));
+        });
     } catch (const FileError &error) {
         if (error.number() != ErrorNumber::FileNotFound)
             throw;
@@ -41,11 +43,13 @@ std::optional<QByteArray> readForeign(Session &session, const QString &folder, R
     }
 }
 
-bool isEventDirectory(const Session &session, const QString &folder)
+bool isEventDirectory(Session &session, const QString &folder)
 {
-    const QFileInfo there(session.paths.toHost(folder));
-    return there.exists()
-           && there.canonicalFilePath() == QFileInfo(eventFolder(session)).canonicalFilePath();
+    return labelled(session, u"Import input"_s, [&] {
+        const QFileInfo there(session.paths.toHost(folder));
+        return there.exists()
+               && there.canonicalFilePath() == QFileInfo(eventFolder(session)).canonicalFilePath();
+    });
 }
 
 // A bet's bettor number, or 0 when the record is damaged or the number no whole one.
@@ -109,8 +113,7 @@ Foreign readFolder(Session &session, const QString &folder, const ImportChoice &
 Local readEvent(Session &session, const TransferProgress &progress)
 {
     const auto read = [&session](const QString &label, RecordFile file, int race) {
-        session.settings.operationLabel = label;
-        return readRecordFile(mainFile(session, file, race));
+        return readMainFile(session, file, race, label);
     };
     Local here;
     here.bettors = read(u"Bettors input"_s, RecordFile::Bettors, 0);
@@ -321,6 +324,36 @@ QString roomRefusal(const Session &session, const ImportedRace &race, int bets)
     return "No room for the bets of"_L1 + raceName(race.race);
 }
 
+// Copies of all files go to Saved before the first of them changes.
+void writeImport(Session &session, const ImportPlan &plan, const TransferProgress &progress)
+{
+    if (!plan.bettorLines.isEmpty())
+        keepTwinsInSaved(session, RecordFile::Bettors, 0);
+    for (const ImportedRace &race : plan.races) {
+        const auto i = std::size_t(race.race - 1);
+        if (!plan.cards[i].isEmpty())
+            keepTwinsInSaved(session, RecordFile::Horses, race.race);
+        if (!plan.betLines[i].isEmpty())
+            keepTwinsInSaved(session, RecordFile::Bets, race.race);
+        tell(progress, 2 * raceCount + race.race, 3 * raceCount + 1);
+    }
+
+    QList<NamedBytes> files;
+    if (!plan.bettorLines.isEmpty())
+        addTwinsWithLines(files, session, RecordFile::Bettors, 0, plan.bettorLines);
+    for (const ImportedRace &race : plan.races) {
+        const auto i = std::size_t(race.race - 1);
+        if (!plan.cards[i].isEmpty()) {
+            files.append({mainFile(session, RecordFile::Horses, race.race), plan.cards[i]});
+            files.append({twinFile(session, RecordFile::Horses, race.race), plan.cards[i]});
+        }
+        if (!plan.betLines[i].isEmpty())
+            addTwinsWithLines(files, session, RecordFile::Bets, race.race, plan.betLines[i]);
+    }
+    replaceRecordFiles(files);
+    tell(progress, 3 * raceCount + 1, 3 * raceCount + 1);
+}
+
 } // namespace
 
 QStringList ImportPlan::racesOnFile() const
@@ -410,42 +443,15 @@ ImportPlan planImport(Session &session, const QString &folder, const ImportChoic
 
 QString carryOutImport(Session &session, const ImportPlan &plan, const TransferProgress &progress)
 {
-    const EventLock lock(session);
-    session.settings.operationLabel = u"Bettors input"_s;
+    const auto lock = labelled(session, u"Import output"_s, [&] { return EventLock(session); });
     if (!plan.bettorLines.isEmpty()
-        && readRecordFile(mainFile(session, RecordFile::Bettors, 0)) != plan.bettorsHere)
+        && readMainFile(session, RecordFile::Bettors, 0, u"Bettors input"_s) != plan.bettorsHere)
         return u"The bettor list has changed meanwhile. Import again."_s;
     for (const ImportedRace &race : plan.races) {
         if (const QString full = roomRefusal(session, race, race.bets); !full.isEmpty())
             return full;
     }
-
-    session.settings.operationLabel = u"Import output"_s;
-    if (!plan.bettorLines.isEmpty())
-        keepTwinsInSaved(session, RecordFile::Bettors, 0);
-    for (const ImportedRace &race : plan.races) {
-        const auto i = std::size_t(race.race - 1);
-        if (!plan.cards[i].isEmpty())
-            keepTwinsInSaved(session, RecordFile::Horses, race.race);
-        if (!plan.betLines[i].isEmpty())
-            keepTwinsInSaved(session, RecordFile::Bets, race.race);
-        tell(progress, 2 * raceCount + race.race, 3 * raceCount + 1);
-    }
-
-    QList<NamedBytes> files;
-    if (!plan.bettorLines.isEmpty())
-        addTwinsWithLines(files, session, RecordFile::Bettors, 0, plan.bettorLines);
-    for (const ImportedRace &race : plan.races) {
-        const auto i = std::size_t(race.race - 1);
-        if (!plan.cards[i].isEmpty()) {
-            files.append({mainFile(session, RecordFile::Horses, race.race), plan.cards[i]});
-            files.append({twinFile(session, RecordFile::Horses, race.race), plan.cards[i]});
-        }
-        if (!plan.betLines[i].isEmpty())
-            addTwinsWithLines(files, session, RecordFile::Bets, race.race, plan.betLines[i]);
-    }
-    replaceRecordFiles(files);
-    tell(progress, 3 * raceCount + 1, 3 * raceCount + 1);
+    labelled(session, u"Import output"_s, [&] { writeImport(session, plan, progress); });
     return {};
 }
 

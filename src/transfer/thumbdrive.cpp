@@ -1,6 +1,7 @@
 #include "transfer/thumbdrive.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -18,10 +19,12 @@ QString onDrive(const Session &session, const QString &drive, RecordFile file, i
     return session.paths.toHost(drive + u'\\' + name);
 }
 
-QByteArray readAs(Session &session, const QString &label, const QString &path)
+// Reads a record file of the event on the drive as the operation \a label.
+QByteArray readOnDrive(Session &session, const QString &drive, RecordFile file, int race,
+                       const QString &label)
 {
-    session.settings.operationLabel = label;
-    return readRecordFile(path);
+    return labelled(session, label,
+                    [&] { return readRecordFile(onDrive(session, drive, file, race)); });
 }
 
 void tell(const TransferProgress &progress, int done, int total)
@@ -30,20 +33,20 @@ void tell(const TransferProgress &progress, int done, int total)
         progress(done, total);
 }
 
-// Bettors and the Horses of all races, from wherever `pathOf` says.
+// Bettors and the Horses of all races, from wherever `read` takes them.
 struct EventLists
 {
     QByteArray bettors;
     QList<QByteArray> horses;
 };
 
-template<typename PathOf>
-EventLists readLists(Session &session, const PathOf &pathOf, const TransferProgress &progress)
+template<typename Read>
+EventLists readLists(const Read &read, const TransferProgress &progress)
 {
     EventLists lists;
-    lists.bettors = readAs(session, u"Bettors input"_s, pathOf(RecordFile::Bettors, 0));
+    lists.bettors = read(RecordFile::Bettors, 0, u"Bettors input"_s);
     for (int race = 1; race <= raceCount; ++race) {
-        lists.horses += readAs(session, u"Horses input"_s, pathOf(RecordFile::Horses, race));
+        lists.horses += read(RecordFile::Horses, race, u"Horses input"_s);
         tell(progress, race, 2 * raceCount);
     }
     return lists;
@@ -89,30 +92,36 @@ std::string wholeLines(const BetTable &bets)
 
 void saveHorsesAndBettors(Session &session, const QString &drive, const TransferProgress &progress)
 {
-    const auto source = [&](RecordFile file, int race) { return mainFile(session, file, race); };
-    const EventLists lists = readLists(session, source, progress);
-    session.settings.operationLabel = u"Bettors output"_s;
-    QList<NamedBytes> files{{onDrive(session, drive, RecordFile::Bettors, 0), lists.bettors}};
-    for (int race = 1; race <= raceCount; ++race)
-        files.append({onDrive(session, drive, RecordFile::Horses, race), lists.horses[race - 1]});
-    session.settings.operationLabel = u"Horses output"_s;
-    replaceRecordFiles(files);
+    const auto read = [&](RecordFile file, int race, const QString &label) {
+        return readMainFile(session, file, race, label);
+    };
+    const EventLists lists = readLists(read, progress);
+    QList<NamedBytes> files;
+    labelled(session, u"Bettors output"_s, [&] {
+        files.append({onDrive(session, drive, RecordFile::Bettors, 0), lists.bettors});
+    });
+    labelled(session, u"Horses output"_s, [&] {
+        for (int race = 1; race <= raceCount; ++race)
+            files.append(
+                {onDrive(session, drive, RecordFile::Horses, race), lists.horses[race - 1]});
+        replaceRecordFiles(files);
+    });
     tell(progress, 2 * raceCount, 2 * raceCount);
 }
 
 void loadHorsesAndBettors(Session &session, const QString &drive, const TransferProgress &progress)
 {
-    const auto source = [&](RecordFile file, int race) {
-        return onDrive(session, drive, file, race);
+    const auto read = [&](RecordFile file, int race, const QString &label) {
+        return readOnDrive(session, drive, file, race, label);
     };
-    const EventLists lists = readLists(session, source, progress);
-    session.settings.operationLabel = u"Bettors output"_s;
-    keepTwinsInSaved(session, RecordFile::Bettors, 0);
+    const EventLists lists = readLists(read, progress);
+    labelled(session, u"Bettors output"_s,
+             [&] { keepTwinsInSaved(session, RecordFile::Bettors, 0); });
     rewriteTwins(session, RecordFile::Bettors, 0, lists.bettors, u"Bettors output"_s,
                  u"Bettorsbackup output"_s);
     for (int race = 1; race <= raceCount; ++race) {
-        session.settings.operationLabel = u"Horses output"_s;
-        keepTwinsInSaved(session, RecordFile::Horses, race);
+        labelled(session, u"Horses output"_s,
+                 [&] { keepTwinsInSaved(session, RecordFile::Horses, race); });
         rewriteTwins(session, RecordFile::Horses, race, lists.horses[race - 1], u"Horses output"_s,
                      u"Horsesbackup output"_s);
         tell(progress, raceCount + race, 2 * raceCount);
@@ -123,12 +132,13 @@ void saveSatelliteBets(Session &session, const QString &drive, const TransferPro
 {
     QList<NamedBytes> files;
     for (int race = 1; race <= raceCount; ++race) {
-        files.append({onDrive(session, drive, RecordFile::Bets, race),
-                      readAs(session, u"Bets Input"_s, mainFile(session, RecordFile::Bets, race))});
+        const QByteArray bets = readMainFile(session, RecordFile::Bets, race, u"Bets Input"_s);
+        labelled(session, u"Bets Output"_s, [&] {
+            files.append({onDrive(session, drive, RecordFile::Bets, race), bets});
+        });
         tell(progress, race, raceCount + 1);
     }
-    session.settings.operationLabel = u"Bets Output"_s;
-    replaceRecordFiles(files);
+    labelled(session, u"Bets Output"_s, [&] { replaceRecordFiles(files); });
     tell(progress, raceCount + 1, raceCount + 1);
 }
 
@@ -139,28 +149,27 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
     QList<AddedBets> results;
     for (int race = 1; race <= raceCount; ++race) {
         incoming += parseBets(
-            readAs(session, u"Bets Input"_s, onDrive(session, drive, RecordFile::Bets, race))
-                .toStdString());
+            readOnDrive(session, drive, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
         const BetTable before =
-            parseBets(readAs(session, u"Bets Input"_s, mainFile(session, RecordFile::Bets, race))
-                          .toStdString());
-        const HorseFile card = parseHorses(
-            readAs(session, u"Horses input"_s, mainFile(session, RecordFile::Horses, race)));
+            parseBets(readMainFile(session, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
+        const HorseFile card =
+            parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
         results += compareBets(before, incoming.last(), card.horses);
         results.last().race = race;
         tell(progress, race, 2 * raceCount);
     }
-    session.settings.operationLabel = u"Bets Append"_s;
-    QList<NamedBytes> files;
-    for (int race = 1; race <= raceCount; ++race) {
-        const BetTable &bets = incoming[race - 1];
-        if (!bets.rows.empty()) {
-            keepTwinsInSaved(session, RecordFile::Bets, race);
-            addTwinsWithLines(files, session, RecordFile::Bets, race,
-                              QByteArray::fromStdString(wholeLines(bets)));
+    labelled(session, u"Bets Append"_s, [&] {
+        QList<NamedBytes> files;
+        for (int race = 1; race <= raceCount; ++race) {
+            const BetTable &bets = incoming[race - 1];
+            if (!bets.rows.empty()) {
+                keepTwinsInSaved(session, RecordFile::Bets, race);
+                addTwinsWithLines(files, session, RecordFile::Bets, race,
+                                  QByteArray::fromStdString(wholeLines(bets)));
+            }
+            tell(progress, raceCount + race, 2 * raceCount);
         }
-        tell(progress, raceCount + race, 2 * raceCount);
-    }
-    replaceRecordFiles(files);
+        replaceRecordFiles(files);
+    });
     return results;
 }

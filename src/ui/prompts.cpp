@@ -74,9 +74,7 @@ QString askText(QWidget *parent, const QString &text, const QString &title,
     return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 
-void showFileError(QWidget *screen, const Session &session, const FileError &error,
-                   ErrorStyle style)
+void showFileError(QWidget *screen, const FileError &error, ErrorStyle style)
 {
-    const QString &label = session.settings.operationLabel;
-    showMessage(screen, errorText(error, label, style), label);
+    showMessage(screen, errorText(error, style), error.label());
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "common/event/session.h"
-#include "common/files/fileerror.h"
+#include "common/event/labelled.h"
 
 #include <QString>
 
@@ -26,19 +25,27 @@ bool askOkCancel(QWidget *parent, const QString &text, const QString &title = {}
 QString askText(QWidget *parent, const QString &text, const QString &title,
                 const QString &defaultText = {});
 
-// The one error trap: runs a handler's file work and shows a failure in the screen's style, with
-// the operation label as the title. Returns whether the work came to its end.
-void showFileError(QWidget *screen, const Session &session, const FileError &error,
-                   ErrorStyle style);
+// The box of a failure, in the screen's style and with the error's own label as the title.
+void showFileError(QWidget *screen, const FileError &error, ErrorStyle style);
 
+// The one error trap: runs a handler's file work and shows a failure. Returns whether the work came
+// to its end.
 template<typename Work>
-bool trapErrors(QWidget *screen, Session &session, ErrorStyle style, Work work)
+bool trapErrors(QWidget *screen, ErrorStyle style, Work &&work)
 {
     try {
         work();
         return true;
     } catch (const FileError &error) {
-        showFileError(screen, session, error, style);
+        showFileError(screen, error, style);
         return false;
     }
+}
+
+// The same for work that is the operation \a label, such as printing.
+template<typename Work>
+bool trapErrors(QWidget *screen, Session &session, ErrorStyle style, const QString &label,
+                Work &&work)
+{
+    return trapErrors(screen, style, [&] { labelled(session, label, work); });
 }

@@ -5,6 +5,7 @@
 #include "betting/parts/priorbetspanel.h"
 #include "betting/receipts.h"
 #include "common/event/init.h"
+#include "common/event/labelled.h"
 #include "common/event/odds.h"
 #include "common/event/racefiles.h"
 #include "common/event/roles.h"
@@ -58,15 +59,13 @@ BetSheet::BetSheet(const ScreenContext &context, const BetSheetKind &kind, QWidg
 // While the sheet is being opened it cannot carry a box yet: the failure is shown once it can.
 bool BetSheet::trapped(const std::function<void()> &work)
 {
-    Session &session = m_context.session;
     if (m_open)
-        return trapErrors(this, session, ErrorStyle::NumberAndDescription, work);
+        return trapErrors(this, ErrorStyle::NumberAndDescription, work);
     try {
         work();
         return true;
     } catch (const FileError &error) {
-        const QString &label = session.settings.operationLabel;
-        m_openingErrors.append({errorText(error, label, ErrorStyle::NumberAndDescription), label});
+        m_openingErrors.append({errorText(error, ErrorStyle::NumberAndDescription), error.label()});
         return false;
     }
 }
@@ -274,8 +273,8 @@ void BetSheet::finishPlacement(const Placement &placement)
                      + dollars(placement.plan.total()) + u" placed for "_s + m_bettorName + u'.';
     if (session.settings.receiptsPrint()) {
         const bool printed = trapped([&] {
-            session.settings.operationLabel = u"Bet receipt"_s;
-            m_context.printer.print(betReceipt(session.settings, m_prior));
+            labelled(session, u"Bet receipt"_s,
+                     [&] { m_context.printer.print(betReceipt(session.settings, m_prior)); });
         });
         if (!printed)
             result += u" The receipt was not printed."_s;
@@ -315,14 +314,12 @@ void BetSheet::deletePrior()
 
 void BetSheet::printRefund(const DeletedBets &deleted)
 {
-    Settings &settings = m_context.session.settings;
-    if (!settings.receiptsPrint())
+    Session &session = m_context.session;
+    if (!session.settings.receiptsPrint())
         return;
-    const Slip slip = priorBetsRefund(settings, m_prior.name, deleted);
-    const bool printed = trapped([&] {
-        settings.operationLabel = u"Refund Bets"_s;
-        m_context.printer.print(slip);
-    });
+    const Slip slip = priorBetsRefund(session.settings, m_prior.name, deleted);
+    const bool printed = trapped(
+        [&] { labelled(session, u"Refund Bets"_s, [&] { m_context.printer.print(slip); }); });
     if (!printed)
         showListing(m_context, slipText(slip)); // the bets are gone; their list must not be
 }

@@ -1,6 +1,7 @@
 #include "common/event/eventfiles.h"
 
 #include "common/event/init.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -57,17 +58,16 @@ void writeNewFile(const QString &path, const QByteArray &records)
 QString createIfMissing(Session &session, RecordFile file, int race, const QByteArray &records,
                         const QString &labelBase)
 {
-    QString &label = session.settings.operationLabel;
-    label = labelBase + " input-Setup"_L1;
-    if (!isMissing(mainFile(session, file, race)))
+    const QString twinLabel = labelBase + "backup output-Setup"_L1;
+    if (!labelled(session, labelBase + " input-Setup"_L1,
+                  [&] { return isMissing(mainFile(session, file, race)); }))
         return {};
-    const QString twin = twinFile(session, file, race);
-    label = labelBase + "backup output-Setup"_L1;
-    QString note = moveFullTwinToSaved(session, twin);
-    label = labelBase + " output-Setup"_L1;
-    writeNewFile(mainFile(session, file, race), records);
-    label = labelBase + "backup output-Setup"_L1;
-    writeNewFile(twin, records);
+    QString note = labelled(session, twinLabel, [&] {
+        return moveFullTwinToSaved(session, twinFile(session, file, race));
+    });
+    labelled(session, labelBase + " output-Setup"_L1,
+             [&] { writeNewFile(mainFile(session, file, race), records); });
+    labelled(session, twinLabel, [&] { writeNewFile(twinFile(session, file, race), records); });
     return note;
 }
 
@@ -82,11 +82,12 @@ QByteArray withLines(const QByteArray &bytes, const QByteArray &lines)
 
 void makeEventFolder(Session &session)
 {
-    session.settings.operationLabel = u"Bets drivedir-Setup"_s;
-    const QString folder = eventFolder(session);
-    if (session.settings.eventDirectory.startsWith("\\\\"_L1) && !QFileInfo(folder).isDir())
-        throw FileError(ErrorNumber::PathNotFound);
-    makeFolder(folder);
+    labelled(session, u"Bets drivedir-Setup"_s, [&] {
+        const QString folder = eventFolder(session);
+        if (session.settings.eventDirectory.startsWith("\\\\"_L1) && !QFileInfo(folder).isDir())
+            throw FileError(ErrorNumber::PathNotFound);
+        makeFolder(folder);
+    });
 }
 
 QString recordFileName(RecordFile file)
@@ -112,6 +113,11 @@ QString mainFile(const Session &session, RecordFile file, int race)
 QString twinFile(const Session &session, RecordFile file, int race)
 {
     return pathOf(session, file, race, u"backup"_s);
+}
+
+QByteArray readMainFile(Session &session, RecordFile file, int race, const QString &label)
+{
+    return labelled(session, label, [&] { return readRecordFile(mainFile(session, file, race)); });
 }
 
 QString eventFolder(const Session &session)
@@ -140,18 +146,17 @@ EventLock::EventLock(const Session &session)
 bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
                  const QString &inputLabel, const QString &label, const QString &twinLabel)
 {
-    const EventLock lock(session);
-    const QString main = mainFile(session, file, race);
-    session.settings.operationLabel = inputLabel;
-    QByteArray found = readRecordFile(main);
+    const auto lock = labelled(session, inputLabel, [&] { return EventLock(session); });
+    QByteArray found = readMainFile(session, file, race, inputLabel);
     for (;;) {
         const std::optional<QByteArray> changed = change(found);
         if (!changed)
             return false;
-        session.settings.operationLabel = label;
-        if (*changed != found)
-            keepTwinsInSaved(session, file, race);
-        const QByteArray now = readRecordFile(main);
+        const QByteArray now = labelled(session, label, [&] {
+            if (*changed != found)
+                keepTwinsInSaved(session, file, race);
+            return readRecordFile(mainFile(session, file, race));
+        });
         if (now == found) {
             rewriteTwins(session, file, race, *changed, label, twinLabel);
             return true;
@@ -163,26 +168,26 @@ bool changeTwins(Session &session, RecordFile file, int race, const RecordChange
 void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
                   const QString &label, const QString &twinLabel)
 {
-    session.settings.operationLabel = label;
-    replaceRecordFile(mainFile(session, file, race), records);
-    session.settings.operationLabel = twinLabel;
-    replaceRecordFile(twinFile(session, file, race), records);
+    labelled(session, label, [&] { replaceRecordFile(mainFile(session, file, race), records); });
+    labelled(session, twinLabel,
+             [&] { replaceRecordFile(twinFile(session, file, race), records); });
 }
 
 void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
                  const QString &label, const QString &twinLabel)
 {
-    const EventLock lock(session);
-    session.settings.operationLabel = label;
-    const QString main = mainFile(session, file, race);
-    appendRecords(main, lines);
-    session.settings.operationLabel = twinLabel;
-    try {
-        appendRecords(twinFile(session, file, race), lines);
-    } catch (const FileError &) {
-        cutRecords(main, lines);
-        throw;
-    }
+    labelled(session, label, [&] {
+        const EventLock lock(session);
+        const QString main = mainFile(session, file, race);
+        appendRecords(main, lines);
+        try {
+            labelled(session, twinLabel,
+                     [&] { appendRecords(twinFile(session, file, race), lines); });
+        } catch (const FileError &) {
+            cutRecords(main, lines);
+            throw;
+        }
+    });
 }
 
 void addTwinsWithLines(QList<NamedBytes> &files, const Session &session, RecordFile file, int race,
@@ -232,11 +237,12 @@ QString createMissingEventFiles(Session &session)
         notes += createIfMissing(session, RecordFile::Bets, race, {}, u"Bets"_s);
         notes += createIfMissing(session, RecordFile::Multibets, race, {}, u"Multibets"_s);
     }
-    session.settings.operationLabel = u"Horses directory-Setup"_s;
-    for (int race = 1; race <= raceCount; ++race) {
-        notes += createIfMissing(session, RecordFile::Horses, race, horseRecords(HorseTable()),
-                                 u"Horses"_s);
-    }
+    labelled(session, u"Horses directory-Setup"_s, [&] {
+        for (int race = 1; race <= raceCount; ++race) {
+            notes += createIfMissing(session, RecordFile::Horses, race, horseRecords(HorseTable()),
+                                     u"Horses"_s);
+        }
+    });
     notes += createIfMissing(session, RecordFile::Bettors, 0, newBettorRecords(), u"Bettors"_s);
     notes.removeAll(QString());
     return notes.join(u'\n');

@@ -9,7 +9,7 @@
 #include <optional>
 
 // Every file name of an event is built here: event directory, base name and race name, with no
-// separator. All functions throw FileError; they set the operation label as they go.
+// separator. All functions throw FileError; those that are given labels throw it with its label.
 
 // The record files of a race and those of the whole event.
 enum class RecordFile { Horses, Bets, Multibets, Bettors };
@@ -20,6 +20,9 @@ QString recordFileName(RecordFile file);
 // This computer's path of a record file and of its twin; Bettors has no race.
 QString mainFile(const Session &session, RecordFile file, int race);
 QString twinFile(const Session &session, RecordFile file, int race);
+
+// The bytes of a record file, read as the operation \a label.
+QByteArray readMainFile(Session &session, RecordFile file, int race, const QString &label);
 
 // The event directory and its folder of kept copies, as this computer's paths.
 QString eventFolder(const Session &session);

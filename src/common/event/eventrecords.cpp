@@ -10,9 +10,8 @@ namespace {
 
 std::string readIfThere(Session &session, RecordFile file, int race, const QString &label)
 {
-    session.settings.operationLabel = label;
     try {
-        return readRecordFile(mainFile(session, file, race)).toStdString();
+        return readMainFile(session, file, race, label).toStdString();
     } catch (const FileError &error) {
         if (error.number() != ErrorNumber::FileNotFound)
             throw;
@@ -24,8 +23,8 @@ std::string readIfThere(Session &session, RecordFile file, int race, const QStri
 
 RaceRecords readRaceHorses(Session &session, int race)
 {
-    session.settings.operationLabel = u"Horses input"_s;
-    const HorseFile file = parseHorses(readRecordFile(mainFile(session, RecordFile::Horses, race)));
+    const HorseFile file =
+        parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
     RaceRecords records;
     records.race = race;
     records.damagedHorses = file.damagedLines;
@@ -54,7 +53,6 @@ std::vector<RaceRecords> readRaces(Session &session, int race)
 
 BettorTable readBettors(Session &session)
 {
-    session.settings.operationLabel = u"Bettors input"_s;
-    return BettorTable::parse(readRecordFile(mainFile(session, RecordFile::Bettors, 0)),
+    return BettorTable::parse(readMainFile(session, RecordFile::Bettors, 0, u"Bettors input"_s),
                               session.settings.bettorLimit);
 }

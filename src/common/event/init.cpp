@@ -1,5 +1,6 @@
 #include "common/event/init.h"
 
+#include "common/event/labelled.h"
 #include "common/files/recordfile.h"
 
 #include <QLocale>
@@ -92,15 +93,15 @@ QString defaultEventDirectory(const Settings &settings)
 
 void makeInitFolder(Session &session)
 {
-    session.settings.operationLabel = u"Init directory-Setup"_s;
-    makeFolder(session.paths.toHost(defaultEventDirectory(session.settings)));
+    labelled(session, u"Init directory-Setup"_s,
+             [&] { makeFolder(session.paths.toHost(defaultEventDirectory(session.settings))); });
 }
 
 bool loadInit(Session &session)
 {
     Settings &settings = session.settings;
-    settings.operationLabel = u"Init open-Setup"_s;
-    const QByteArray bytes = readRecordFile(initFile(session));
+    const QByteArray bytes =
+        labelled(session, u"Init open-Setup"_s, [&] { return readRecordFile(initFile(session)); });
     constexpr int largest = std::numeric_limits<int>::max();
 
     InitFields fields(bytes);
@@ -158,9 +159,8 @@ void setFirstInit(Session &session)
 void saveInit(Session &session, InitWriter writer, const QString &openLabel,
               const QString &outputLabel)
 {
-    Settings &settings = session.settings;
-    settings.operationLabel = openLabel;
-    const QString path = initFile(session);
+    const Settings &settings = session.settings;
+    const QString path = labelled(session, openLabel, [&] { return initFile(session); });
     const QString directory =
         settings.networkMode != 0 ? defaultEventDirectory(settings) : settings.eventDirectory;
     QByteArray record = quotedField(settings.banner) + ',' + quotedField(directory) + ','
@@ -183,8 +183,7 @@ void saveInit(Session &session, InitWriter writer, const QString &openLabel,
     }
     record += QByteArray::number(settings.betLimit) + ',' + QByteArray::number(settings.bettorLimit)
               + ',' + number(settings.computerMode) + recordEnd;
-    settings.operationLabel = outputLabel;
-    replaceRecordFile(path, record);
+    labelled(session, outputLabel, [&] { replaceRecordFile(path, record); });
 }
 
 void saveInit(Session &session, InitWriter writer)

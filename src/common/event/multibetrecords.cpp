@@ -1,6 +1,7 @@
 #include "common/event/multibetrecords.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/event/multibettypes.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
@@ -120,9 +121,9 @@ double totalOf(const QList<Multibet> &bets)
 
 MultibetTable loadMultibets(Session &session, const QString &label)
 {
-    session.settings.operationLabel = label;
-    const QString path = mainFile(session, RecordFile::Multibets, session.settings.currentRace);
-    return parseMultibets(readRecordFile(path).toStdString());
+    return parseMultibets(
+        readMainFile(session, RecordFile::Multibets, session.settings.currentRace, label)
+            .toStdString());
 }
 
 MultibetTable loadOrCreateMultibets(Session &session)
@@ -134,7 +135,8 @@ MultibetTable loadOrCreateMultibets(Session &session)
             throw;
     }
     const int race = session.settings.currentRace;
-    keepInSaved(session, twinFile(session, RecordFile::Multibets, race));
+    labelled(session, u"Multibets input"_s,
+             [&] { keepInSaved(session, twinFile(session, RecordFile::Multibets, race)); });
     rewriteTwins(session, RecordFile::Multibets, race, {}, u"Multibets input"_s,
                  u"Multibets input"_s);
     return {};

@@ -2,6 +2,7 @@
 
 #include "common/event/eventfiles.h"
 #include "common/event/init.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -56,17 +57,18 @@ QString markerPath(const Session &session, const QString &folder)
 
 ShareRecord readMarker(Session &session, const QString &folder)
 {
-    session.settings.operationLabel = u"res input"_s;
-    const auto record = decodeShareRecord(readRecordFile(markerPath(session, folder)));
-    if (!record)
-        throw FileError(ErrorNumber::InputPastEnd);
-    return *record;
+    return labelled(session, u"res input"_s, [&] {
+        const auto record = decodeShareRecord(readRecordFile(markerPath(session, folder)));
+        if (!record)
+            throw FileError(ErrorNumber::InputPastEnd);
+        return *record;
+    });
 }
 
 void writeMarker(Session &session, const QString &folder, const ShareRecord &record)
 {
-    session.settings.operationLabel = u"res output"_s;
-    replaceRecordFile(markerPath(session, folder), encodeShareRecord(record));
+    labelled(session, u"res output"_s,
+             [&] { replaceRecordFile(markerPath(session, folder), encodeShareRecord(record)); });
 }
 
 } // namespace

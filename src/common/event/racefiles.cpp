@@ -1,6 +1,7 @@
 #include "common/event/racefiles.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -25,8 +26,8 @@ void readBets(Session &session)
 
 int loadHorses(Session &session, const QString &label)
 {
-    session.settings.operationLabel = label;
-    const HorseFile file = parseHorses(readRecordFile(raceFile(session, RecordFile::Horses)));
+    const HorseFile file =
+        parseHorses(readMainFile(session, RecordFile::Horses, session.settings.currentRace, label));
     session.horses = file.horses;
     return file.damagedLines;
 }
@@ -39,16 +40,15 @@ void saveHorses(Session &session)
 
 void loadBettors(Session &session, const QString &label)
 {
-    session.settings.operationLabel = label;
-    const QByteArray bytes = readRecordFile(mainFile(session, RecordFile::Bettors, 0));
+    const QByteArray bytes = readMainFile(session, RecordFile::Bettors, 0, label);
     session.bettors = BettorTable::parse(bytes, session.settings.bettorLimit);
 }
 
 int clearBettors(Session &session, const QString &labelEnd)
 {
     const QString label = "Bettors output"_L1 + labelEnd;
-    session.settings.operationLabel = label;
-    const int kept = keepTwinsInSaved(session, RecordFile::Bettors, 0);
+    const int kept =
+        labelled(session, label, [&] { return keepTwinsInSaved(session, RecordFile::Bettors, 0); });
     rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), label,
                  "Bettorsbackup output"_L1 + labelEnd);
     session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
@@ -57,31 +57,34 @@ int clearBettors(Session &session, const QString &labelEnd)
 
 QString LoadRaceBets(Session &session)
 {
-    QString note;
-    session.settings.operationLabel = u"Bets input"_s;
-    try {
-        readBets(session);
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-        note = CreateMissingRaceBets(session);
-        readBets(session);
-    }
-    session.settings.operationLabel = u"Bets Append"_s;
-    createRecordFile(raceFile(session, RecordFile::Bets));
+    QString note = labelled(session, u"Bets input"_s, [&] {
+        try {
+            readBets(session);
+        } catch (const FileError &error) {
+            if (error.number() != ErrorNumber::FileNotFound)
+                throw;
+            const QString moved = CreateMissingRaceBets(session);
+            readBets(session);
+            return moved;
+        }
+        return QString();
+    });
+    labelled(session, u"Bets Append"_s,
+             [&] { createRecordFile(raceFile(session, RecordFile::Bets)); });
     createMissingBetsBackup(session);
     return note;
 }
 
 void createMissingBetsBackup(Session &session)
 {
-    session.settings.operationLabel = u"Betsbackup Append"_s;
-    const QString twin = twinFile(session, RecordFile::Bets, session.settings.currentRace);
-    const QString main = raceFile(session, RecordFile::Bets);
-    if (!QFileInfo::exists(twin) && QFileInfo(main).size() > 0)
-        replaceRecordFile(twin, readRecordFile(main));
-    else
-        createRecordFile(twin);
+    labelled(session, u"Betsbackup Append"_s, [&] {
+        const QString twin = twinFile(session, RecordFile::Bets, session.settings.currentRace);
+        const QString main = raceFile(session, RecordFile::Bets);
+        if (!QFileInfo::exists(twin) && QFileInfo(main).size() > 0)
+            replaceRecordFile(twin, readRecordFile(main));
+        else
+            createRecordFile(twin);
+    });
 }
 
 void AppendBet(Session &session, std::span<const Bet> bets)

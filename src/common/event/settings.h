@@ -30,7 +30,7 @@ struct Settings
     bool started = false;        // the questions of the start were asked and answered
     QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
     QString receiptFontSize;     // points, empty means 8
-    QString operationLabel;      // the file operation in progress, title of its error box
+    QString operationLabel;      // the file operation in progress, set by labelled()
     QString betsCleared;         // "yes" once Clear ALL Bet Files was done in this run
     bool printerAttached = true; // the start question's answer; switching receipts on makes it true
     QString mainComputer = QStringLiteral("no");

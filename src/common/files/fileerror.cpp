@@ -33,11 +33,11 @@ QString errorDescription(ErrorNumber number)
     return u"Device I/O error"_s;
 }
 
-QString errorText(const FileError &error, const QString &label, ErrorStyle style)
+QString errorText(const FileError &error, ErrorStyle style)
 {
     switch (style) {
     case ErrorStyle::DescriptionAndLabel:
-        return error.description() + u' ' + label;
+        return error.description() + u' ' + error.label();
     case ErrorStyle::NumberAndDescription:
         return QString::number(int(error.number())) + u' ' + error.description();
     case ErrorStyle::DescriptionOnly:

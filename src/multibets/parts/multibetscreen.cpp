@@ -74,7 +74,7 @@ const MultibetType *MultibetScreen::takeType(const QString &code)
 MultibetLegs MultibetScreen::showLegs()
 {
     MultibetLegs legs;
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly,
+    trapErrors(this, ErrorStyle::DescriptionOnly,
                [&] { legs = loadLegs(m_context.session, multibetType(m_types->type())); });
     m_grid->showPosts(legs.posts);
     for (int line = 0; line < 3; ++line)
@@ -99,11 +99,11 @@ QString printCopies(QWidget *screen, const ScreenContext &context, const CopiesQ
         return {};
     if (!session.settings.mayPrint())
         return u"Nothing was printed: no printer is attached"_s;
-    session.settings.operationLabel = question.operation;
-    const bool printed = trapErrors(screen, session, ErrorStyle::DescriptionOnly, [&] {
-        for (int copy = 0; copy < copies; ++copy)
-            context.printer.print(slip);
-    });
+    const bool printed =
+        trapErrors(screen, session, ErrorStyle::DescriptionOnly, question.operation, [&] {
+            for (int copy = 0; copy < copies; ++copy)
+                context.printer.print(slip);
+        });
     return printed ? question.printed + QString::number(copies) : QString();
 }
 
