@@ -291,11 +291,6 @@ const ListingKind &kindOf(Listing listing)
     return *std::ranges::find(kinds, listing, &ListingKind::listing);
 }
 
-QString fileOf(const Session &session, const ListingKind &kind, int race)
-{
-    return kind.backup ? twinFile(session, kind.file, race) : mainFile(session, kind.file, race);
-}
-
 // Each record line of a file with its number, from 1.
 template<typename Use>
 void forEachRecord(const QByteArray &bytes, const Use &use)
@@ -309,12 +304,16 @@ void forEachRecord(const QByteArray &bytes, const Use &use)
     }
 }
 
-QByteArray readAs(Session &session, const QString &label, const QString &path, RecordList &list)
+QByteArray readAs(Session &session, const QString &label, RecordFile file, int race,
+                  RecordList &list, bool backup = false)
 {
-    list.missingFile = QFileInfo(path).fileName();
-    QByteArray bytes = labelled(session, label, [&] { return readRecordFile(path); });
-    list.missingFile.clear();
-    return bytes;
+    return labelled(session, label, [&] {
+        const QString path = backup ? twinFile(session, file, race) : mainFile(session, file, race);
+        list.missingFile = QFileInfo(path).fileName();
+        QByteArray bytes = readRecordFile(path);
+        list.missingFile.clear();
+        return bytes;
+    });
 }
 
 Lookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
@@ -325,14 +324,14 @@ Lookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
             kind.listing == Listing::Multibets ? std::min(list.race + 2, raceCount) : list.race;
         lookup.races = last - list.race + 1;
         for (int race = list.race; race <= last; ++race) {
-            const QString path = mainFile(session, RecordFile::Horses, race);
             lookup.horses[std::size_t(race - list.race)] =
-                parseHorses(readAs(session, u"Horses Input"_s, path, list)).horses;
+                parseHorses(readAs(session, u"Horses Input"_s, RecordFile::Horses, race, list))
+                    .horses;
         }
     }
     if (kind.checksBettors) {
-        const QString path = mainFile(session, RecordFile::Bettors, 0);
-        const auto table = BettorTable::parse(readAs(session, u"Bettors input"_s, path, list), 0);
+        const auto table = BettorTable::parse(
+            readAs(session, u"Bettors input"_s, RecordFile::Bettors, 0, list), 0);
         for (int slot = 1; slot <= table.slotCount(); ++slot) {
             if (table.slot(slot).isBettor())
                 lookup.bettors.insert(table.slot(slot).number, table.slot(slot).name);
@@ -344,7 +343,7 @@ Lookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
 void readRows(Session &session, const ListingKind &kind, RecordList &list)
 {
     const Lookup lookup = readLookup(session, kind, list);
-    const QByteArray bytes = readAs(session, kind.label, fileOf(session, kind, list.race), list);
+    const QByteArray bytes = readAs(session, kind.label, kind.file, list.race, list, kind.backup);
     forEachRecord(bytes, [&](int number, std::string_view line) {
         list.rows.append(kind.makeRow(number, line, lookup));
     });
