@@ -23,12 +23,10 @@ private slots:
 
 void tst_prompts::errorWording()
 {
-    const FileError missing(ErrorNumber::FileNotFound);
-    const QString label = u"Bets input"_s;
-    QCOMPARE(errorText(missing, label, ErrorStyle::NumberAndDescription), u"53 File not found"_s);
-    QCOMPARE(errorText(missing, label, ErrorStyle::DescriptionAndLabel),
-             u"File not found Bets input"_s);
-    QCOMPARE(errorText(missing, label, ErrorStyle::DescriptionOnly), u"File not found"_s);
+    const FileError missing(ErrorNumber::FileNotFound, u"Bets input"_s);
+    QCOMPARE(errorText(missing, ErrorStyle::NumberAndDescription), u"53 File not found"_s);
+    QCOMPARE(errorText(missing, ErrorStyle::DescriptionAndLabel), u"File not found Bets input"_s);
+    QCOMPARE(errorText(missing, ErrorStyle::DescriptionOnly), u"File not found"_s);
 }
 
 void tst_prompts::answers()
