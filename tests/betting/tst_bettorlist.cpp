@@ -119,5 +119,5 @@ void tst_bettorlist::betsOfOtherRaces()
              u"Race3 (Path/File access error), Race5 $50.00"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_bettorlist)
+TRELAWN_TEST(tst_bettorlist)
 #include "tst_bettorlist.moc"

@@ -328,5 +328,5 @@ void tst_frmbettorsb::missingAnyBettor()
     QVERIFY(event.note().contains("Damaged lines in the bettor file, kept as they are: 1"_L1));
 }
 
-TRELAWN_TEST_MAIN(tst_frmbettorsb)
+TRELAWN_TEST(tst_frmbettorsb)
 #include "tst_frmbettorsb.moc"

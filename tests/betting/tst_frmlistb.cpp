@@ -84,5 +84,5 @@ void tst_frmlistb::printerFails()
     QVERIFY(robot.allCame());
 }
 
-TRELAWN_TEST_MAIN(tst_frmlistb)
+TRELAWN_TEST(tst_frmlistb)
 #include "tst_frmlistb.moc"

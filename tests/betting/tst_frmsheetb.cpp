@@ -348,5 +348,5 @@ void tst_frmsheetb::networkKind()
     QVERIFY(event.bothBetFilesHold(twoBets + "2,1,1,1\r\n"));
 }
 
-TRELAWN_TEST_MAIN(tst_frmsheetb)
+TRELAWN_TEST(tst_frmsheetb)
 #include "tst_frmsheetb.moc"

@@ -106,5 +106,5 @@ void tst_placement::deletionOfAStaleList()
     QCOMPARE(event.read(u"Bets Race1"_s), moved);
 }
 
-TRELAWN_TEST_MAIN(tst_placement)
+TRELAWN_TEST(tst_placement)
 #include "tst_placement.moc"

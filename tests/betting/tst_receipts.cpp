@@ -41,5 +41,5 @@ void tst_receipts::receiptTotalAndFont()
     QCOMPARE(betReceipt(settings, prior).pointSize, 12.0);
 }
 
-TRELAWN_TEST_MAIN(tst_receipts)
+TRELAWN_TEST(tst_receipts)
 #include "tst_receipts.moc"

@@ -137,5 +137,5 @@ void tst_failingwrites::oneWholeTwin()
     QCOMPARE(event.read(twin), op.after);
 }
 
-TRELAWN_TEST_MAIN(tst_failingwrites)
+TRELAWN_TEST(tst_failingwrites)
 #include "tst_failingwrites.moc"

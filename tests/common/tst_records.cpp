@@ -167,5 +167,5 @@ void tst_records::damage()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_records)
+TRELAWN_TEST(tst_records)
 #include "tst_records.moc"

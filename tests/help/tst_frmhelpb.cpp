@@ -243,5 +243,5 @@ void tst_frmhelpb::f1StandsBeside()
     QTRY_VERIFY(guide.isNull());
 }
 
-TRELAWN_TEST_MAIN(tst_frmhelpb)
+TRELAWN_TEST(tst_frmhelpb)
 #include "tst_frmhelpb.moc"

@@ -134,13 +134,18 @@ QStringList tabOrder(QWidget *screen);
 // Lets any Qt warning fail the test function that calls this.
 void failOnQtWarnings();
 
-// The main of a test program: offscreen, C locale, the program's look.
-#define TRELAWN_TEST_MAIN(TestClass)                                                               \
-    int main(int argc, char *argv[])                                                               \
-    {                                                                                              \
-        return runTest<TestClass>(argc, argv);                                                     \
-    }
+// What a test program can do, by its first argument; the other arguments are handed on. A folder's
+// tests are one program, and each of its test classes one entry in it, under its own name.
+struct ProgramEntry
+{
+    ProgramEntry(const char *name, int (*run)(int argc, char *argv[]));
+};
 
+// Enters a test class into the program of its folder.
+#define TRELAWN_TEST(TestClass)                                                                    \
+    static const ProgramEntry entryOf_##TestClass(#TestClass, runTest<TestClass>);
+
+// Offscreen, C locale, the program's look.
 void prepareTestApplication(QApplication &application);
 
 template<typename TestClass>

@@ -133,5 +133,5 @@ void tst_expansion::limit()
     QCOMPARE(preview.total, 2.0 * 399);
 }
 
-TRELAWN_TEST_MAIN(tst_expansion)
+TRELAWN_TEST(tst_expansion)
 #include "tst_expansion.moc"

@@ -145,5 +145,5 @@ void tst_multinight::night()
     QCOMPARE(event.read(u"Multibets Race3"_s), left); // settling and summing write nothing
 }
 
-TRELAWN_TEST_MAIN(tst_multinight)
+TRELAWN_TEST(tst_multinight)
 #include "tst_multinight.moc"

@@ -399,5 +399,5 @@ void tst_multiscreens::waysInAndOut()
     QVERIFY(robot.allCame());
 }
 
-TRELAWN_TEST_MAIN(tst_multiscreens)
+TRELAWN_TEST(tst_multiscreens)
 #include "tst_multiscreens.moc"

@@ -100,5 +100,5 @@ void tst_multisettle::summary()
              "Quinela   $03.00|Pick 3    $00.00|Daily D   $05.00| |Total Bet $1,010.25"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_multisettle)
+TRELAWN_TEST(tst_multisettle)
 #include "tst_multisettle.moc"

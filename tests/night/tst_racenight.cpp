@@ -622,5 +622,5 @@ void tst_racenight::withoutMouse()
     QCOMPARE(labelText(screen(), u"lblnote"_s), QString());
 }
 
-TRELAWN_TEST_MAIN(tst_racenight)
+TRELAWN_TEST(tst_racenight)
 #include "tst_racenight.moc"

@@ -120,5 +120,5 @@ void tst_frmanyb::besideThePayScreen()
     QCOMPARE(event->current()->objectName(), u"frmlistb"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_frmanyb)
+TRELAWN_TEST(tst_frmanyb)
 #include "tst_frmanyb.moc"

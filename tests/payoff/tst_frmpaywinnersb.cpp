@@ -496,5 +496,5 @@ void tst_frmpaywinnersb::backToPaidRace()
     expectNothingMore();
 }
 
-TRELAWN_TEST_MAIN(tst_frmpaywinnersb)
+TRELAWN_TEST(tst_frmpaywinnersb)
 #include "tst_frmpaywinnersb.moc"

@@ -40,5 +40,5 @@ void tst_rounding::step()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_rounding)
+TRELAWN_TEST(tst_rounding)
 #include "tst_rounding.moc"

@@ -107,5 +107,5 @@ void tst_winnerledger::paymentsOfClosedRacesStay()
     QCOMPARE(ledger.unpaidNotes(), QStringList{u"Not paid in Race1: B"_s});
 }
 
-TRELAWN_TEST_MAIN(tst_winnerledger)
+TRELAWN_TEST(tst_winnerledger)
 #include "tst_winnerledger.moc"

@@ -76,5 +76,5 @@ void tst_winnerslips::slip()
     QCOMPARE(slipText(slip), expected);
 }
 
-TRELAWN_TEST_MAIN(tst_winnerslips)
+TRELAWN_TEST(tst_winnerslips)
 #include "tst_winnerslips.moc"

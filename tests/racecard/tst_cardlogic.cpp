@@ -93,5 +93,5 @@ void tst_cardlogic::multibets()
     QCOMPARE(count.stakes, 2.0 * count.bets);
 }
 
-TRELAWN_TEST_MAIN(tst_cardlogic)
+TRELAWN_TEST(tst_cardlogic)
 #include "tst_cardlogic.moc"

@@ -323,5 +323,5 @@ void tst_download::powerLoss()
                 > 15);
 }
 
-TRELAWN_TEST_MAIN(tst_download)
+TRELAWN_TEST(tst_download)
 #include "tst_download.moc"

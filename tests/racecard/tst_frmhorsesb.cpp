@@ -315,5 +315,5 @@ void tst_frmhorsesb::keyboardWalksTheCard()
     QCOMPARE(press(Qt::Key_Return, u"txtpool_20"_s), u"cmdupdatehorses"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_frmhorsesb)
+TRELAWN_TEST(tst_frmhorsesb)
 #include "tst_frmhorsesb.moc"

@@ -95,5 +95,5 @@ void tst_papersheets::printed()
              u"Receipt printing is off: no bet sheet was printed."_s);
 }
 
-TRELAWN_TEST_MAIN(tst_papersheets)
+TRELAWN_TEST(tst_papersheets)
 #include "tst_papersheets.moc"

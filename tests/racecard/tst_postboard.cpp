@@ -128,5 +128,5 @@ void tst_postboard::storedAsItCame()
     QCOMPARE(postboardRecord("\"1\",\"1\",\"A\"\r\n"), QByteArray("\"\"1\",\"1\",\"A\"\r\n\"\r\n"));
 }
 
-TRELAWN_TEST_MAIN(tst_postboard)
+TRELAWN_TEST(tst_postboard)
 #include "tst_postboard.moc"

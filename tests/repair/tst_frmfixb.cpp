@@ -178,5 +178,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_frmfixb)
+TRELAWN_TEST(tst_frmfixb)
 #include "tst_frmfixb.moc"

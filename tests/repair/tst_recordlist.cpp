@@ -148,5 +148,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_recordlist)
+TRELAWN_TEST(tst_recordlist)
 #include "tst_recordlist.moc"

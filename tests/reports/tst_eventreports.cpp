@@ -440,5 +440,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_eventreports)
+TRELAWN_TEST(tst_eventreports)
 #include "tst_eventreports.moc"

@@ -190,5 +190,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_frmreportb)
+TRELAWN_TEST(tst_frmreportb)
 #include "tst_frmreportb.moc"

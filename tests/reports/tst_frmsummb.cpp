@@ -139,5 +139,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_frmsummb)
+TRELAWN_TEST(tst_frmsummb)
 #include "tst_frmsummb.moc"

@@ -215,5 +215,5 @@ void tst_clearbets::powerLoss()
         QVERIFY(failEachWrite(fault, prepare, clear, check) >= 12);
 }
 
-TRELAWN_TEST_MAIN(tst_clearbets)
+TRELAWN_TEST(tst_clearbets)
 #include "tst_clearbets.moc"

@@ -214,5 +214,5 @@ void tst_frmdirb::initFails()
     QCOMPARE(fieldText(screen, u"txtdrivedir"_s), u"C:\\Trelawn\\"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_frmdirb)
+TRELAWN_TEST(tst_frmdirb)
 #include "tst_frmdirb.moc"

@@ -330,5 +330,5 @@ void tst_frminitb::goToMenu()
     QCOMPARE(event.navigator().currentName(), u"frminitb"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_frminitb)
+TRELAWN_TEST(tst_frminitb)
 #include "tst_frminitb.moc"

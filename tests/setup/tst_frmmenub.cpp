@@ -136,5 +136,5 @@ void tst_frmmenub::closeBoxEndsTheProgram()
     QVERIFY(closeBoxEnds(menu.navigator));
 }
 
-TRELAWN_TEST_MAIN(tst_frmmenub)
+TRELAWN_TEST(tst_frmmenub)
 #include "tst_frmmenub.moc"

@@ -131,5 +131,5 @@ void tst_restore::powerLoss()
             >= 6);
 }
 
-TRELAWN_TEST_MAIN(tst_restore)
+TRELAWN_TEST(tst_restore)
 #include "tst_restore.moc"

@@ -281,5 +281,5 @@ void tst_frmimportb::twiceAddsOnce()
     QCOMPARE(event->read(u"Bettors"_s).count("ADA"), 1);
 }
 
-TRELAWN_TEST_MAIN(tst_frmimportb)
+TRELAWN_TEST(tst_frmimportb)
 #include "tst_frmimportb.moc"

@@ -272,5 +272,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_frmmc)
+TRELAWN_TEST(tst_frmmc)
 #include "tst_frmmc.moc"

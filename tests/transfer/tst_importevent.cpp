@@ -260,5 +260,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_importevent)
+TRELAWN_TEST(tst_importevent)
 #include "tst_importevent.moc"

@@ -76,10 +76,13 @@ void manageRaces(Session &session)
     }
 }
 
-int playPart(const QString &share, int placer)
+// Arguments: the share's folder, and the number of the placer or 0 for the computer that manages.
+int playPart(int argc, char *argv[])
 {
+    const QCoreApplication application(argc, argv);
+    const int placer = QByteArray(argv[2]).toInt();
     TestEvent event(false);
-    connectShare(event, share);
+    connectShare(event, QString::fromLocal8Bit(argv[1]));
     startAsSatellite(event.session, u"HOST"_s);
     if (placer > 0)
         placeSheets(event.session, placer);
@@ -87,6 +90,8 @@ int playPart(const QString &share, int placer)
         manageRaces(event.session);
     return 0;
 }
+
+const ProgramEntry part("part", playPart);
 
 // How often each bet of the placers stands in a file; damaged lines and others' bets fail.
 std::map<std::pair<int, int>, int> countBets(const QByteArray &bytes)
@@ -152,12 +157,5 @@ private slots:
     }
 };
 
-int main(int argc, char *argv[])
-{
-    if (argc == 4 && QByteArray(argv[1]) == "part") {
-        const QCoreApplication application(argc, argv);
-        return playPart(QString::fromLocal8Bit(argv[2]), QByteArray(argv[3]).toInt());
-    }
-    return runTest<tst_sharedfolder>(argc, argv);
-}
+TRELAWN_TEST(tst_sharedfolder)
 #include "tst_sharedfolder.moc"

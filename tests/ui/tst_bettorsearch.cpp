@@ -132,5 +132,5 @@ void tst_bettorsearch::resetting()
     QCOMPARE(fixture.chosen.size(), 0);
 }
 
-TRELAWN_TEST_MAIN(tst_bettorsearch)
+TRELAWN_TEST(tst_bettorsearch)
 #include "tst_bettorsearch.moc"

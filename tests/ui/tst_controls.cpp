@@ -104,5 +104,5 @@ void tst_controls::fieldsHoldTheirText()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_controls)
+TRELAWN_TEST(tst_controls)
 #include "tst_controls.moc"

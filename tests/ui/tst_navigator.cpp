@@ -150,5 +150,5 @@ void tst_navigator::exitProgram()
     QVERIFY(!fixture.navigator.window()->isVisible());
 }
 
-TRELAWN_TEST_MAIN(tst_navigator)
+TRELAWN_TEST(tst_navigator)
 #include "tst_navigator.moc"

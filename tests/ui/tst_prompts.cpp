@@ -106,5 +106,5 @@ void tst_prompts::trap()
     QVERIFY(wentOn && robot.allCame());
 }
 
-TRELAWN_TEST_MAIN(tst_prompts)
+TRELAWN_TEST(tst_prompts)
 #include "tst_prompts.moc"

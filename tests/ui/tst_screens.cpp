@@ -54,5 +54,5 @@ void tst_screens::everyScreen()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_screens)
+TRELAWN_TEST(tst_screens)
 #include "tst_screens.moc"

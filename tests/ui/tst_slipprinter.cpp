@@ -157,5 +157,5 @@ void tst_slipprinter::substitutes()
              QFontMetricsF(QFont(u"Arial"_s, 10)).horizontalAdvance(u"iW"_s));
 }
 
-TRELAWN_TEST_MAIN(tst_slipprinter)
+TRELAWN_TEST(tst_slipprinter)
 #include "tst_slipprinter.moc"

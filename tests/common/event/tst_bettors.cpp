@@ -70,5 +70,5 @@ void tst_bettors::order()
     QCOMPARE(searchKey(u"\u00c9mile"_s), u"EMILE"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_bettors)
+TRELAWN_TEST(tst_bettors)
 #include "tst_bettors.moc"

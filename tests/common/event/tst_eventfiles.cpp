@@ -135,5 +135,5 @@ void tst_eventfiles::keepInSaved()
     QCOMPARE(keepTwinsInSaved(event.session, RecordFile::Bets, 1), 1);
 }
 
-TRELAWN_TEST_MAIN(tst_eventfiles)
+TRELAWN_TEST(tst_eventfiles)
 #include "tst_eventfiles.moc"

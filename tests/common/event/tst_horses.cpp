@@ -60,5 +60,5 @@ void tst_horses::damagedLine()
     QCOMPARE(file.horses.post(3), Horse({3, 2, u"7"_s, u"A"_s}));
 }
 
-TRELAWN_TEST_MAIN(tst_horses)
+TRELAWN_TEST(tst_horses)
 #include "tst_horses.moc"

@@ -132,5 +132,5 @@ void tst_init::missing()
     QCOMPARE(event.session.settings.operationLabel, u"Init open-Setup"_s);
 }
 
-TRELAWN_TEST_MAIN(tst_init)
+TRELAWN_TEST(tst_init)
 #include "tst_init.moc"

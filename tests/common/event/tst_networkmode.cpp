@@ -187,5 +187,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_networkmode)
+TRELAWN_TEST(tst_networkmode)
 #include "tst_networkmode.moc"

@@ -41,5 +41,5 @@ void tst_odds::coupledEntries()
     QCOMPARE(odds[1], ""); // uncoupled posts share nothing
 }
 
-TRELAWN_TEST_MAIN(tst_odds)
+TRELAWN_TEST(tst_odds)
 #include "tst_odds.moc"

@@ -127,5 +127,5 @@ void tst_racefiles::remove()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_racefiles)
+TRELAWN_TEST(tst_racefiles)
 #include "tst_racefiles.moc"

@@ -127,5 +127,5 @@ private slots:
     }
 };
 
-TRELAWN_TEST_MAIN(tst_racesummary)
+TRELAWN_TEST(tst_racesummary)
 #include "tst_racesummary.moc"

@@ -181,5 +181,5 @@ void tst_settle::singlePrecision()
     QVERIFY(settled(bets, {{5, 3, 7}, {}, 9, 0, false, {}}).winPool == 300.00909423828125F);
 }
 
-TRELAWN_TEST_MAIN(tst_settle)
+TRELAWN_TEST(tst_settle)
 #include "tst_settle.moc"

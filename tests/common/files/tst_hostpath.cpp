@@ -61,5 +61,5 @@ void tst_hostpath::drives()
              folder.filePath(u"drives/M/Trelawn"_s));
 }
 
-TRELAWN_TEST_MAIN(tst_hostpath)
+TRELAWN_TEST(tst_hostpath)
 #include "tst_hostpath.moc"

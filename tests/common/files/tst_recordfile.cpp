@@ -174,5 +174,5 @@ void tst_recordfile::stored()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_recordfile)
+TRELAWN_TEST(tst_recordfile)
 #include "tst_recordfile.moc"

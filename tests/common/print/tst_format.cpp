@@ -73,5 +73,5 @@ void tst_format::typedNumber()
     }
 }
 
-TRELAWN_TEST_MAIN(tst_format)
+TRELAWN_TEST(tst_format)
 #include "tst_format.moc"

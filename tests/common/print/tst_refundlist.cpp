@@ -59,5 +59,5 @@ void tst_refundlist::wholeList()
     QCOMPARE(slipText(refundSlip(list)), head + refunds + QStringList({{}, list.closing}));
 }
 
-TRELAWN_TEST_MAIN(tst_refundlist)
+TRELAWN_TEST(tst_refundlist)
 #include "tst_refundlist.moc"
