@@ -1,29 +1,32 @@
 #!/usr/bin/env bash
-# Everything that must hold before a change lands: style, checks, all tests, and the tests once more
-# under the sanitizers. Ends with the test runner's own summary.
+# Everything that must hold before a change lands: style, checks, the product as it is released, and
+# all tests under the sanitizers. Tells how long each step took; ends with the test runner's summary.
 set -euo pipefail
 cd "$(dirname "$0")"
 
+step() { # $1 names the step, the rest is its command
+    local began=$SECONDS
+    echo "== $1"
+    "${@:2}"
+    echo "   took $((SECONDS - began)) s"
+}
+
+style() {
+    scripts/check-format.sh
+    scripts/check-includes.sh
+}
+
+build() { # $1 is a preset
+    cmake --preset "$1" >/dev/null
+    cmake --build --preset "$1" -- --quiet
+}
+
 scripts/install-packages.sh run test
-
-echo "== Style and structure"
-scripts/check-format.sh
-scripts/check-includes.sh
-
-echo "== Build, warnings are errors"
-cmake --preset dev >/dev/null
-cmake --build --preset dev -- --quiet
-
-echo "== clang-tidy"
-scripts/check-tidy.sh build/dev
-
-echo "== Build with the address and undefined behaviour sanitizers"
-cmake --preset asan >/dev/null
-cmake --build --preset asan -- --quiet
+step "Style and structure" style
+step "Build as released, warnings are errors" build release
+step "clang-tidy" scripts/check-tidy.sh build/release
+step "Build with the address and undefined behaviour sanitizers" build asan
 
 echo "== Tests under the sanitizers"
 export ASAN_OPTIONS=detect_leaks=0
-ctest --preset asan -j 2
-
-echo "== Tests"
-ctest --preset dev -j 2
+ctest --preset asan -j "$(nproc)"
