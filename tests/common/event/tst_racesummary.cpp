@@ -1,6 +1,7 @@
 #include "common/event/racesummary.h"
 #include "kit/testkit.h"
 #include "reports/betlistings.h"
+#include "reports/summaryslip.h"
 
 using namespace Qt::StringLiterals;
 
