@@ -19,12 +19,13 @@ QString onDrive(const Session &session, const QString &drive, RecordFile file, i
     return session.paths.toHost(drive + u'\\' + name);
 }
 
-// Reads a record file of the event on the drive as the operation \a label.
+// Reads a record file of the event on the drive as the operation \a label. A drive that is not
+// there fails the transfer itself, before its first operation.
 QByteArray readOnDrive(Session &session, const QString &drive, RecordFile file, int race,
                        const QString &label)
 {
-    return labelled(session, label,
-                    [&] { return readRecordFile(onDrive(session, drive, file, race)); });
+    const QString path = onDrive(session, drive, file, race);
+    return labelled(session, label, [&] { return readRecordFile(path); });
 }
 
 void tell(const TransferProgress &progress, int done, int total)
@@ -132,10 +133,8 @@ void saveSatelliteBets(Session &session, const QString &drive, const TransferPro
 {
     QList<NamedBytes> files;
     for (int race = 1; race <= raceCount; ++race) {
-        const QByteArray bets = readMainFile(session, RecordFile::Bets, race, u"Bets Input"_s);
-        labelled(session, u"Bets Output"_s, [&] {
-            files.append({onDrive(session, drive, RecordFile::Bets, race), bets});
-        });
+        const QString path = onDrive(session, drive, RecordFile::Bets, race);
+        files.append({path, readMainFile(session, RecordFile::Bets, race, u"Bets Input"_s)});
         tell(progress, race, raceCount + 1);
     }
     labelled(session, u"Bets Output"_s, [&] { replaceRecordFiles(files); });
