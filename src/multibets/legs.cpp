@@ -19,7 +19,7 @@ void addPosts(std::set<int> &posts, const HorseTable &horses)
 
 MultibetLegs loadLegs(Session &session, const MultibetType *type)
 {
-    loadHorses(session, u"Horses input"_s);
+    QStringList notes{loadHorses(session, u"Horses input"_s)};
     const int lines = type ? type->lines : 2;
     const int firstRace = session.settings.currentRace;
     MultibetLegs legs;
@@ -32,9 +32,11 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
         if (race == firstRace) {
             legs.horses[at] = session.horses;
         } else if (race <= raceCount) {
-            legs.horses[at] =
-                parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s))
-                    .horses;
+            const HorseFile file =
+                parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
+            legs.horses[at] = file.horses;
+            if (!file.damage().isEmpty())
+                notes += raceName(race).trimmed() + ": "_L1 + file.damage();
             addPosts(legs.posts[at], legs.horses[at]);
         }
         legs.races[at] = race <= raceCount ? race : 0;
@@ -43,9 +45,11 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
     }
     const int lastRace = type && type->races ? firstRace + lines - 1 : firstRace;
     if (lastRace > raceCount) {
-        legs.note = raceName(firstRace).trimmed() + " has no "_L1
-                    + (firstRace == raceCount ? "next race"_L1 : "second race after it"_L1)
-                    + ": this bet's last leg cannot be run"_L1;
+        notes += raceName(firstRace).trimmed() + " has no "_L1
+                 + (firstRace == raceCount ? "next race"_L1 : "second race after it"_L1)
+                 + ": this bet's last leg cannot be run"_L1;
     }
+    notes.removeAll(QString());
+    legs.note = notes.join(u' ');
     return legs;
 }

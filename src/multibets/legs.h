@@ -16,7 +16,7 @@ struct MultibetLegs
     std::array<HorseTable, 3> horses;   // of each line's race
     std::array<int, 3> races{};         // each line's race; 0 where there is none
     std::array<QString, 3> labels;      // "Line 2", with the race where the line has its own
-    QString note;                       // says which legs are missing, or is empty
+    QString note;                       // says which legs are missing or damaged, or is empty
 };
 
 // The lines of a bet type for the current race (label "Horses input"), or lines 1 and 2 while no

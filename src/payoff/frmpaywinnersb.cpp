@@ -88,8 +88,10 @@ void frmpaywinnersb::selectRace(int race)
     m_ledger.forgetPayments(race);
     session.settings.currentRace = race;
     showRace();
-    if (lblnote->text().isEmpty())
-        lblnote->setText(m_ledger.unpaidNotes().join(u"; "_s));
+    QStringList notes = m_ledger.unpaidNotes();
+    if (!lblnote->text().isEmpty())
+        notes.prepend(lblnote->text());
+    lblnote->setText(notes.join(u"; "_s));
 }
 
 void frmpaywinnersb::showRace()
@@ -111,11 +113,8 @@ void frmpaywinnersb::showRace()
     lblnote->clear();
 
     session.horses = {};
-    trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
-        const int damaged = loadHorses(session, u"Horses input"_s);
-        if (damaged > 0)
-            lblnote->setText(u"Damaged lines in Horses: "_s + QString::number(damaged));
-    });
+    trapErrors(this, ErrorStyle::DescriptionOnly,
+               [&] { lblnote->setText(loadHorses(session, u"Horses input"_s)); });
     for (const Horse &horse : session.horses) {
         if (isUnused(horse))
             continue;
@@ -325,7 +324,12 @@ bool frmpaywinnersb::hasEveryBet()
     if (change.isEmpty())
         return true;
     if (askYesNo(this, change + u" Calculate again?"_s, u"Pay winners"_s)) {
-        settleAndShow(m_result);
+        // The same calculation, whatever was entered since.
+        for (const Finish finish : allFinishes)
+            setFinisher(finish, m_result.finishers[std::size_t(finish)]);
+        if (numericValue(txthousepct->text()) != m_result.housePercent)
+            txthousepct->setText(QString::number(m_result.housePercent));
+        settleAndShow(RaceResult(m_result));
         return false;
     }
     m_settledBets = std::move(found);

@@ -67,16 +67,17 @@ void frmhorsesb::load()
     session.pools = PoolTable();
     m_readWhole = false;
     m_poolsEmptied = false;
+    m_loaded = HorseTable();
     m_saved = CardRows();
     showRows(m_saved);
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-        const int damaged = loadHorses(session, u"Horses input"_s);
-        m_readWhole = damaged == 0;
+        const QString damage = loadHorses(session, u"Horses input"_s);
+        m_readWhole = damage.isEmpty();
+        m_loaded = session.horses;
         m_saved = rowsOf(session.horses);
         showRows(m_saved);
-        if (damaged > 0)
-            lblnote->setText("Damaged lines in the horse file, their posts shown empty: "_L1
-                             + QString::number(damaged));
+        if (!damage.isEmpty())
+            lblnote->setText(damage + " The other posts are shown empty."_L1);
         // The bets are needed to tell which rows have some.
         if (const QString note = LoadRaceBets(session); !note.isEmpty())
             lblnote->setText(note);
@@ -107,7 +108,7 @@ void frmhorsesb::edited(const QLineEdit *box, int post)
 
 void frmhorsesb::updateHorses()
 {
-    if (!askYesNo(this, u"Update Horses?"_s, u"Horses"_s) || !poolsAreValid())
+    if (!askYesNo(this, u"Update Horses?"_s, u"Horses"_s) || !poolsAreValid() || !mayReplaceCard())
         return;
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         save();
@@ -136,6 +137,7 @@ void frmhorsesb::clearHorses()
         m_readWhole = true;
         session.horses = HorseTable();
         saveHorses(session);
+        m_loaded = session.horses;
         m_saved = empty;
         m_poolsEmptied = true;
         showUnsaved();
@@ -159,8 +161,34 @@ void frmhorsesb::scratchHorse()
         lblnote->setText("No horse at post "_L1 + QString::number(answer.post));
         return;
     }
-    if (askOkCancel(this, "Scratch "_L1 + horse.name, u"Horses"_s) && poolsAreValid())
+    if (askOkCancel(this, "Scratch "_L1 + horse.name, u"Horses"_s) && poolsAreValid()
+        && mayReplaceCard())
         lblnote->setText(scratchPost(answer.post, horse.name));
+}
+
+// Another computer may have written the card since it was loaded: a horse scratched there comes
+// back only on purpose, and so does a damaged file's rest not go without a question.
+bool frmhorsesb::mayReplaceCard()
+{
+    Session &session = m_context.session;
+    HorseFile now;
+    if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
+                    [&] { now = readHorsesIfThere(session, u"Horses input"_s); }))
+        return false;
+    QStringList reasons = cardChanges(m_loaded, now.horses);
+    if (!reasons.isEmpty())
+        reasons.prepend(u"The card was changed since it was loaded:"_s);
+    if (const QString damage = now.damage(); !damage.isEmpty()) {
+        m_readWhole = false;
+        reasons.prepend(damage + " Copies of file and twin will go to Saved."_L1);
+    }
+    if (reasons.isEmpty())
+        return true;
+    const QString question = u"Write the horses of this screen in place of them?"_s;
+    if (askYesNo(this, reasons.join(u'\n') + u'\n' + question, u"Horses"_s))
+        return true;
+    lblnote->setText(u"Nothing was saved. Click on the race to see the card on file."_s);
+    return false;
 }
 
 // Refunds and removes the bets on the post and empties its row; returns what is left to know.
@@ -295,6 +323,7 @@ void frmhorsesb::save()
         m_readWhole = true;
     }
     saveHorses(session);
+    m_loaded = session.horses;
     m_saved = rowsOf(session.horses);
     m_poolsEmptied = false;
     showRows(m_saved);

@@ -106,12 +106,13 @@ Report horsesReport(Session &session, const ReportRequest &request)
                       {u"Horse"_s, Kind::Text},
                       {u"Pool"_s, Kind::Number}};
     std::vector<SortableRow> rows;
-    int damaged = 0;
+    QStringList damaged;
     for (int race = 1; race <= raceCount; ++race) {
         if (request.race != 0 && request.race != race)
             continue;
         const RaceRecords records = readRaceHorses(session, race);
-        damaged += records.damagedHorses;
+        if (!records.horseDamage.isEmpty())
+            damaged += raceName(race).trimmed() + ": "_L1 + records.horseDamage;
         for (const Horse &horse : records.horses) {
             if (isUnused(horse))
                 continue;
@@ -124,7 +125,7 @@ Report horsesReport(Session &session, const ReportRequest &request)
     }
     report.rows = sortedRows(std::move(rows), request);
     report.remarks.append("Horses: "_L1 + QString::number(report.rows.size()) + u'.');
-    remarkDamaged(report, damaged, u"Horses"_s);
+    report.remarks += damaged;
     return report;
 }
 

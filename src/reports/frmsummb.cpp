@@ -142,7 +142,7 @@ bool frmsummb::read()
         m_summary = summarizeRace(m_race, session.bettors);
     });
     showSummary();
-    lblnote->setText(m_summary.note());
+    lblnote->setText(QString(m_race.horseDamage + u' ' + m_summary.note()).trimmed());
     return good;
 }
 

@@ -287,11 +287,13 @@ void planBettors(ImportPlan &plan, const NumberMap &map, int bettorLimit)
 void planCard(ImportPlan &plan, ImportedRace &race, const QByteArray &bytes, const Local &here)
 {
     const auto i = std::size_t(race.race - 1);
-    const HorseTable card = parseHorses(bytes).horses;
+    const HorseFile file = parseHorses(bytes);
+    const HorseTable &card = file.horses;
     race.horses = int(std::ranges::count_if(card, std::not_fn(&isUnused)));
     if (race.horses == 0)
         return;
     plan.cards[i] = horseRecords(card);
+    race.cardDamage = file.damage();
     const bool replacesHorses = !std::ranges::all_of(here.cards[i], isUnused);
     race.cardHadBets = replacesHorses && !here.bets[i].rows.empty() && !(card == here.cards[i]);
 }
@@ -469,6 +471,8 @@ ImportTable importTable(const QList<ImportedRace> &races)
                          + (race.onFileAdded ? " on file before, added again"_L1
                                              : " on file before, not added again"_L1);
         }
+        if (!race.cardDamage.isEmpty())
+            notes << race.cardDamage.chopped(1); // as one note of several
         if (race.cardHadBets)
             notes << u"bets were on the old card"_s;
         table.rows << QStringList{

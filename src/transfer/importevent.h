@@ -22,6 +22,7 @@ struct ImportedRace
     int race = 0;
     int horses = 0;           // on the card that replaces the one here; 0 leaves that alone
     bool cardHadBets = false; // the card replaced was another one, and bets were on file for it
+    QString cardDamage;       // what is wrong with the card there, or empty
     int bets = 0;             // records that are added
     double dollars = 0;       // of the bets added
     int leftOut = 0;          // damaged records, and bets of numbers that no name there explains

@@ -42,6 +42,7 @@ private slots:
     void scratchChecksTheCardBeforeItRefunds();
     void missingBettorsEndTheScratch();
     void unreadableCardIsReportedAndKept();
+    void cardChangedElsewhere();
     void editsAreFlagged();
     void messageIsHeldForTheRun();
     void keyboardWalksTheCard();
@@ -256,13 +257,45 @@ void tst_frmhorsesb::unreadableCardIsReportedAndKept()
     QVERIFY(robot->allCame());
     QCOMPARE(rowText(1), u"1|||0"_s);
 
-    // A damaged one is counted, and what stood in it is kept before it is written over.
+    // A damaged one is told, not written over without a question, and what stood in it is kept.
     event->write(u"Horses Race3"_s, "1,0,\"1 \",\"SHAM\"\r\n2,0,\"2 \"\r\n");
     chooseRace(3);
     QCOMPARE(rowText(1), u"1|1|SHAM|0"_s);
-    QCOMPARE(note(), u"Damaged lines in the horse file, their posts shown empty: 1"_s);
-    QVERIFY(update());
-    QCOMPARE(event->savedCopies(u"Horses Race3"_s).size(), 1);
+    const QString damage = u"The horse file has only 1 of 21 posts, 1 damaged line."_s;
+    QCOMPARE(note(), damage + u" The other posts are shown empty."_s);
+    const QString question = damage
+                             + u" Copies of file and twin will go to Saved.\n"
+                               "Write the horses of this screen in place of them?"_s;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        robot->expect(u"Update Horses?"_s, u"Horses"_s, Answer::Yes);
+        robot->expect(question, u"Horses"_s, answer);
+        QVERIFY(click(u"cmdupdatehorses"_s));
+        QCOMPARE(event->savedCopies(u"Horses Race3"_s).size(), answer == Answer::Yes ? 1 : 0);
+    }
+    QVERIFY(update()); // whole now
+}
+
+// What another computer did to the card since it was loaded is undone only on purpose.
+void tst_frmhorsesb::cardChangedElsewhere()
+{
+    const QByteArray without =
+        horseFile({{1, "1,\"1 \",\"SECRETARIAT\""}, {2, "1,\"1A\",\"ANGLE LIGHT\""}});
+    event->write(u"Horses Race1"_s, without);
+    const QString question = u"The card was changed since it was loaded:\nPost 3: SHAM runs no "
+                             "longer\nWrite the horses of this screen in place of them?"_s;
+    robot->expect(u"Update Horses?"_s, u"Horses"_s, Answer::Yes);
+    robot->expect(question, u"Horses"_s, Answer::No);
+    QVERIFY(click(u"cmdupdatehorses"_s));
+    QCOMPARE(horses(), without);
+    expectScratchOfSham();
+    robot->expect(question, u"Horses"_s, Answer::No);
+    QVERIFY(click(u"cmdscratch"_s));
+    QCOMPARE(horses(), without);
+    robot->expect(u"Update Horses?"_s, u"Horses"_s, Answer::Yes);
+    robot->expect(question, u"Horses"_s, Answer::Yes);
+    QVERIFY(click(u"cmdupdatehorses"_s));
+    QCOMPARE(horses(), race1Shown);
+    QVERIFY(update()); // what was written is what is there
 }
 
 void tst_frmhorsesb::editsAreFlagged()

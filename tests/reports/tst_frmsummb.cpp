@@ -55,7 +55,9 @@ private slots:
         m_event = std::make_unique<TestEvent>();
         m_event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"ANN\"\r\n");
         m_event->write(u"Horses Race1"_s, "1,4,\"1 \",\"ALFA\"\r\n2,4,\"1A\",\"BRAVO\"\r\n");
-        m_event->write(u"Horses Race3"_s, "1,0,\"7 \",\"COCO\"\r\n");
+        HorseTable card;
+        card.post(1) = {1, 0, u"7"_s, u"COCO"_s};
+        m_event->write(u"Horses Race3"_s, horseRecords(card));
     }
 
     void cleanupTestCase() { m_event.reset(); }

@@ -41,7 +41,10 @@ namespace {
 
 const QString question = u"Import Horses, Bettors, Bets from D:\\Club\\?"_s;
 const QStringList everything{u"chkhorses"_s, u"chkbettors"_s, u"chkbets"_s};
-constexpr char card[] = "1,0,\"1 \",\"ALPHA\"\r\n2,0,\"2 \",\"BRAVO\"\r\n3,0,\"3 \",\"CAIRO\"\r\n";
+// Posts 4 to 21 are unused.
+const QByteArray blank = horseRecords({});
+const QByteArray card = "1,0,\"1 \",\"ALPHA\"\r\n2,0,\"2 \",\"BRAVO\"\r\n3,0,\"3 \",\"CAIRO\"\r\n"
+                        + blank.mid(blank.indexOf("4,0"));
 
 // A guest on one of the two computers: number and name there, and what he bets to win on each of
 // three horses.

@@ -112,6 +112,10 @@ private slots:
         const ImportPlan result = event.import({true, false, false});
         QVERIFY(result.races[0].horses == 0 && result.races[1].horses == 1);
         QVERIFY(result.races[1].cardHadBets);
+        QVERIFY(importTable(result.races)
+                    .rows[0]
+                    .last()
+                    .startsWith("The horse file has only 1 of 21 posts, 1 damaged line, bets"_L1));
         QCOMPARE(event.read(u"Horses Race1"_s), card);
         HorseTable expected;
         expected.post(1) = {1, 0, u"1"_s, u"Rex"_s};

@@ -39,6 +39,18 @@ QString searchKey(const QString &name)
     return withoutAccents(name).toUpper();
 }
 
+bool parseBettor(std::string_view line, Bettor &bettor)
+{
+    std::vector<RecordField> fields;
+    if (!splitRecord(line, fields) || fields.size() != 2)
+        return false;
+    const auto number = fieldInteger(fields[0], 1, largestNumber);
+    if (!number)
+        return false;
+    bettor = {*number, fieldText(fields[1])};
+    return true;
+}
+
 BettorTable::BettorTable(int limit)
     : m_slots(limit)
 {
@@ -49,21 +61,19 @@ BettorTable BettorTable::parse(const QByteArray &bytes, int limit)
     BettorTable table(limit);
     std::string_view rest = view(bytes);
     std::string_view line;
-    std::vector<RecordField> fields;
     int slot = 0;
     while (nextRecordLine(rest, line)) {
         if (isBlankLine(line))
             continue;
-        const bool whole = splitRecord(line, fields) && fields.size() == 2;
-        const auto number = whole ? fieldInteger(fields[0], 1, largestNumber) : std::nullopt;
-        if (!number) {
+        Bettor bettor;
+        if (!parseBettor(line, bettor)) {
             table.m_damaged.append(QByteArray(line.data(), qsizetype(line.size())));
             continue;
         }
         if (++slot > table.slotCount())
             table.m_slots.append(Bettor{});
-        table.setSlot(slot, {*number, fieldText(fields[1])});
-        table.nextNumber = *number + 1;
+        table.setSlot(slot, bettor);
+        table.nextNumber = bettor.number + 1;
     }
     return table;
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <string_view>
+
 inline constexpr int anyBettorNumber = 1;
 QString anyBettorName(); // "AnyBettor"
 
@@ -20,6 +22,9 @@ struct Bettor
     bool isEmpty() const { return number == 0; }
     bool isBettor() const { return !isEmpty() && !isDeleted(); }
 };
+
+// Reads one record line; false when it holds no bettor.
+bool parseBettor(std::string_view line, Bettor &bettor);
 
 // The name as a search compares it: upper case, without accents.
 QString searchKey(const QString &name);

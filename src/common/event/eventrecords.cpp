@@ -27,8 +27,8 @@ RaceRecords readRaceHorses(Session &session, int race)
         parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
     RaceRecords records;
     records.race = race;
-    records.damagedHorses = file.damagedLines;
     records.horses = file.horses;
+    records.horseDamage = file.damage();
     return records;
 }
 

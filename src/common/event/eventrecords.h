@@ -11,9 +11,9 @@
 
 struct RaceRecords
 {
-    int race = 0;          // 1 to 12
-    int damagedHorses = 0; // lines of Horses that hold no horse
+    int race = 0; // 1 to 12
     HorseTable horses;
+    QString horseDamage; // what is wrong with the file of the horses, or empty
     BetTable bets;
     MultibetTable multibets;
 };

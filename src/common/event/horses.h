@@ -4,8 +4,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <array>
+#include <string_view>
 
 // One post position of a race.
 struct Horse
@@ -48,10 +50,23 @@ private:
 // The 21 records of a Horses file. The horse number is padded to 2 characters.
 QByteArray horseRecords(const HorseTable &horses);
 
-// A Horses file read; damaged lines leave their post unused and are counted.
+// What became of the horses from one card to the next, a line for each post that changed: "Post 3:
+// ROSE runs no longer".
+QStringList cardChanges(const HorseTable &before, const HorseTable &after);
+
+// Reads one record line; false when it holds no horse.
+bool parseHorse(std::string_view line, Horse &horse);
+
+// A Horses file read. A line that holds no horse, or one of a post that a line before it holds, is
+// damaged; a post without a good line is unused.
 struct HorseFile
 {
     HorseTable horses;
+    int records = 0; // posts with a good line
     int damagedLines = 0;
+
+    // What is wrong with the file, which must hold all 21 posts, as a sentence; empty when it is
+    // whole.
+    QString damage() const;
 };
 HorseFile parseHorses(const QByteArray &bytes);

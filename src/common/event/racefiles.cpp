@@ -24,12 +24,24 @@ void readBets(Session &session)
 
 } // namespace
 
-int loadHorses(Session &session, const QString &label)
+QString loadHorses(Session &session, const QString &label)
 {
     const HorseFile file =
         parseHorses(readMainFile(session, RecordFile::Horses, session.settings.currentRace, label));
     session.horses = file.horses;
-    return file.damagedLines;
+    return file.damage();
+}
+
+HorseFile readHorsesIfThere(Session &session, const QString &label)
+{
+    try {
+        return parseHorses(
+            readMainFile(session, RecordFile::Horses, session.settings.currentRace, label));
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+        return {};
+    }
 }
 
 void saveHorses(Session &session)

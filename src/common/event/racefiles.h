@@ -7,8 +7,12 @@
 // Loading and saving the record files of the current race, and the list of bettors. All functions
 // throw FileError and set the operation label.
 
-// Reads the current race's Horses into the session. Returns the number of damaged lines.
-int loadHorses(Session &session, const QString &label);
+// Reads the current race's Horses into the session. Returns what is wrong with the file, or an
+// empty text.
+QString loadHorses(Session &session, const QString &label);
+
+// The current race's Horses as they are on file now; a missing file holds none.
+HorseFile readHorsesIfThere(Session &session, const QString &label);
 
 // Rewrites the current race's Horses and Horsesbackup from the session's horses (labels "Horses
 // output", "Horsesbackup output").

@@ -12,6 +12,8 @@ private slots:
     void coupling();
     void file();
     void damagedLine();
+    void tornFile();
+    void changes();
 };
 
 void tst_horses::unused()
@@ -58,6 +60,40 @@ void tst_horses::damagedLine()
     const HorseFile file = parseHorses("\"3\",2,7,\"A\""); // quotes are the writer's choice
     QCOMPARE(file.damagedLines, 0);
     QCOMPARE(file.horses.post(3), Horse({3, 2, u"7"_s, u"A"_s}));
+}
+
+// A card has 21 records: a torn one is damaged, and so is a second record of a post.
+void tst_horses::tornFile()
+{
+    const QByteArray whole = horseRecords({});
+    const std::pair<QByteArray, QString> files[] = {
+        {whole, {}},
+        {{}, u"The horse file has only 0 of 21 posts."_s},
+        {whole.first(whole.lastIndexOf("21")), u"The horse file has only 20 of 21 posts."_s},
+        {whole.chopped(5), u"The horse file has only 20 of 21 posts, 1 damaged line."_s},
+        {whole + "3,2,\"7 \",\"A\"\r\n", u"The horse file has 1 damaged line."_s}};
+    for (const auto &[bytes, damage] : files) {
+        QCOMPARE(parseHorses(bytes).damage(), damage);
+        QCOMPARE(parseHorses(bytes).horses, HorseTable());
+    }
+}
+
+void tst_horses::changes()
+{
+    HorseTable before;
+    before.post(1) = {1, 0, u"1"_s, u"A"_s};
+    before.post(2) = {2, 0, u"2"_s, u"B"_s};
+    before.post(4) = {4, 0, u"4"_s, u"D"_s};
+    HorseTable after = before;
+    after.post(1).pool = 3;
+    after.post(2).name = u"zzz"_s;
+    after.post(3) = {3, 0, u"3"_s, u"C"_s};
+    after.post(4) = {4, 0, u"4A"_s, u"D"_s};
+    after.post(5).name = u"zzz"_s; // nobody ran there before
+    QCOMPARE(cardChanges(before, after),
+             (QStringList{u"Post 1: A has pool number 3"_s, u"Post 2: B runs no longer"_s,
+                          u"Post 3: 3 C is new"_s, u"Post 4: 4 D is now 4A D"_s}));
+    QVERIFY(cardChanges(after, after).isEmpty());
 }
 
 TRELAWN_TEST(tst_horses)
