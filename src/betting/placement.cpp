@@ -33,6 +33,18 @@ void BetEntries::add(int post, BetType type, float dollars)
     m_entered[cell(post, type)] = true;
 }
 
+void BetEntries::removeUnused(const HorseTable &horses)
+{
+    for (const Horse &horse : horses) {
+        for (const BetType type : betTypes) {
+            if (isUnused(horse)) {
+                m_amounts[cell(horse.post, type)] = 0;
+                m_entered[cell(horse.post, type)] = false;
+            }
+        }
+    }
+}
+
 float BetEntries::rowTotal(int post) const
 {
     float sum = 0;

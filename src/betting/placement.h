@@ -24,6 +24,9 @@ public:
     void add(int post, BetType type, float dollars);
     void clear() { *this = {}; }
 
+    // Takes the entries off posts that no horse runs from.
+    void removeUnused(const HorseTable &horses);
+
     float rowTotal(int post) const;
     float columnTotal(BetType type) const;
     float total() const;

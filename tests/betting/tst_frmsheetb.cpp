@@ -85,6 +85,7 @@ private slots:
     void withoutPrinter();
     void receiptsOff();
     void failuresOnOpening();
+    void oldCard();
     void networkKind();
 };
 
@@ -324,6 +325,45 @@ void tst_frmsheetb::failuresOnOpening()
     QCOMPARE(event.text(u"txthorse_2"_s), QString()); // no bet falls on another race's horse
 }
 
+// A horse that was scratched or entered since the sheet was filled: the new card is shown and asked
+// about; what can still be placed stays on the sheet.
+void tst_frmsheetb::oldCard()
+{
+    SheetEvent event;
+    event.openSheet();
+    event.choose(u"SMITH"_s);
+    event.press({u"txtnumber_21"_s, u"txtnumber_23"_s, u"txtnumber_65"_s}); // 1 and 3 win, 3 show
+    HorseTable card;
+    card.post(1) = {1, 0, u"7"_s, u"Go For Gin"_s};
+    card.post(2) = {2, 0, u"2"_s, u"Unbridled"_s};
+    card.post(12) = {12, 1, u"12"_s, u"Fusaichi Pegasus"_s};
+    event.write(u"Horses Race1"_s, horseRecords(card));
+    const QString changes =
+        u"The card has changed.\nPost 1: 1 Grindstone is now 7 Go For Gin\n"
+        "Post 2: 2 Unbridled is new\nPost 3: Secretariat runs no longer\n"
+        "$2.00 on horses that run no longer left the sheet.\nPlace these bets?"_s;
+    event.boxes.expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);
+    event.boxes.expect(changes, u"Place Bets"_s, Answer::No);
+    clickButton(event.sheet, u"cmdplacebets"_s);
+    QVERIFY(event.boxes.allCame());
+    QVERIFY(event.bothBetFilesHold(twoBets));
+    QCOMPARE(event.text(u"txthorse_0"_s), u"Go For Gin"_s);
+    QCOMPARE(event.text(u"txtnumber_21"_s) + event.text(u"txttotaltot"_s), u"11"_s);
+    event.place(); // seen once, it is the card of the sheet
+    QVERIFY(event.bothBetFilesHold(twoBets + "2,1,1,1\r\n"));
+
+    event.choose(u"SMITH"_s);
+    event.press({u"txtnumber_22"_s});
+    event.write(u"Horses Race1"_s, horseRecords({}));
+    event.place(Answer::Yes,
+                {u"The card has changed.\nPost 1: Go For Gin runs no longer\n"
+                 "Post 2: Unbridled runs no longer\nPost 12: Fusaichi Pegasus runs no longer\n"
+                 "$1.00 on horses that run no longer left the sheet.\nNo bet was placed."_s,
+                 u"Place Bets"_s});
+    QVERIFY(event.boxes.allCame());
+    QVERIFY(event.bothBetFilesHold(twoBets + "2,1,1,1\r\n"));
+}
+
 void tst_frmsheetb::networkKind()
 {
     SheetEvent event;
@@ -339,6 +379,16 @@ void tst_frmsheetb::networkKind()
     event.place();
     QCOMPARE(event.session.bettors.numberOf(u"LATE"_s), 9);
     QVERIFY(event.bothBetFilesHold(twoBets + "2,1,1,1\r\n"));
+    // A number that another computer gave to another name gets no bet.
+    event.choose(u"LATE"_s);
+    event.press({u"txtnumber_21"_s});
+    event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n9,\"OTHER\"\r\n10,\"LATE\"\r\n");
+    event.place(Answer::Yes, {u"Bettor number 9 is no longer LATE. No bet was placed. Select the "
+                              "bettor again."_s,
+                              u"Place Bets"_s});
+    QCOMPARE(labelText(&sheet, u"lblselected"_s), u"No bettor selected"_s);
+    QCOMPARE(event.text(u"txtnumber_21"_s), u"1"_s);
+    clickButton(&sheet, u"cmdclrentries"_s);
     // Without the shared list nothing is placed.
     event.choose(u"LATE"_s);
     event.press({u"txtnumber_21"_s});

@@ -120,8 +120,8 @@ void BetSheet::loadRace()
     session.pools = {};
     QString betsNote;
     trapped([&] {
-        if (const int damaged = loadHorses(session, u"Horses input"_s); damaged > 0)
-            note(u"Horses has damaged lines: "_s + QString::number(damaged));
+        if (const QString damage = loadHorses(session, u"Horses input"_s); !damage.isEmpty())
+            note(damage);
         betsNote = LoadRaceBets(session);
     });
     if (!betsNote.isEmpty())
@@ -221,13 +221,10 @@ void BetSheet::place()
     if (!askYesNo(this, u"Place these bets?"_s, title))
         return;
     note({});
+    if (!bettorHolds() || !cardHolds())
+        return;
     Placement placement;
-    const bool reachedFiles = trapped([&] {
-        if (m_kind.readsBettorsToPlace)
-            loadBettors(session, u"Bettors input"_s);
-        placement = placeBets(session, m_entries, m_bettor);
-    });
-    if (!reachedFiles)
+    if (!trapped([&] { placement = placeBets(session, m_entries, m_bettor); }))
         return note(u"No bet was placed."_s);
     const QString limit = QString::number(session.settings.betLimit);
     if (placement.raceIsFull) {
@@ -242,6 +239,60 @@ void BetSheet::place()
         showMessage(this, u"Maximum of "_s + limit + u" bets for any one bettor"_s, u"Place Bet"_s);
     }
     finishPlacement(placement);
+}
+
+// Other computers may have changed the list of bettors since the sheet was opened: no bet goes to
+// the name that carries the number now.
+bool BetSheet::bettorHolds()
+{
+    Session &session = m_context.session;
+    if (!m_kind.readsBettorsToPlace)
+        return true;
+    if (!trapped([&] { loadBettors(session, u"Bettors input"_s); })) {
+        note(u"No bet was placed."_s);
+        return false;
+    }
+    if (session.bettors.nameOf(m_bettor) == m_bettorName)
+        return true;
+    showMessage(this,
+                u"Bettor number "_s + QString::number(m_bettor) + u" is no longer "_s + m_bettorName
+                    + u". No bet was placed. Select the bettor again."_s,
+                u"Place Bets"_s);
+    m_bettor = 0;
+    m_bettorName.clear();
+    showBettor();
+    showPrior({});
+    m_search->setBettors(session.bettors);
+    return false;
+}
+
+// A horse may have been scratched, or another entered, since the sheet was filled: bets go to the
+// card on file, and only when the cashier has seen it.
+bool BetSheet::cardHolds()
+{
+    Session &session = m_context.session;
+    const HorseTable shown = session.horses;
+    QString damage;
+    if (!trapped([&] { damage = loadHorses(session, u"Horses input"_s); })) {
+        note(u"No bet was placed."_s);
+        return false;
+    }
+    QStringList changes = cardChanges(shown, session.horses);
+    if (changes.isEmpty())
+        return true;
+    changes.prepend(damage.isEmpty() ? u"The card has changed."_s : damage);
+    const float before = m_entries.total();
+    m_entries.removeUnused(session.horses);
+    if (const float lost = before - m_entries.total(); lost != 0)
+        changes.append(dollars(lost) + u" on horses that run no longer left the sheet."_s);
+    m_grid->setHorses(session.horses);
+    showOdds();
+    showEntries();
+    const QString title = u"Place Bets"_s;
+    if (m_entries.total() != 0)
+        return askYesNo(this, changes.join(u'\n') + u"\nPlace these bets?"_s, title);
+    showMessage(this, changes.join(u'\n') + u"\nNo bet was placed."_s, title);
+    return false;
 }
 
 // Adds the placed bets to the prior bets and reloads the race with them.

@@ -76,6 +76,8 @@ private:
     void showEntries();
     void showBettor();
     void place();
+    bool bettorHolds();
+    bool cardHolds();
     void listPlaced(const Placement &placement);
     void finishPlacement(const Placement &placement);
     void stopAtNegative(const PlacementPlan &plan);
