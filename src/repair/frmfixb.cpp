@@ -55,6 +55,19 @@ const QList<DisplayButton> &displayButtons()
     return buttons;
 }
 
+// What the list says about the file as a whole.
+QString noteOf(const RecordList &list)
+{
+    if (!list.missingFile.isEmpty())
+        return list.missingFile + " is missing"_L1;
+    const int damaged = list.damagedRows();
+    if (damaged > 0)
+        return QString::number(damaged) + (damaged == 1 ? " bad row"_L1 : " bad rows"_L1);
+    if (!list.damage.isEmpty())
+        return list.damage;
+    return list.listing == Listing::None ? QString() : u"No bad rows"_s;
+}
+
 // The widths of the bet grid's columns in twips, 1440 to the inch.
 constexpr int betColumnTwips[] = {800, 800, 2000, 800, 3000, 1200, 1200};
 
@@ -229,14 +242,7 @@ void frmfixb::show(const RecordList &list)
             header->sectionSizeHint(column) + grdfix->fontMetrics().averageCharWidth();
         header->resizeSection(column, std::max(width, heading));
     }
-    const int damaged = list.damagedRows();
-    if (!list.missingFile.isEmpty())
-        lblnote->setText(list.missingFile + " is missing"_L1);
-    else if (damaged > 0)
-        lblnote->setText(QString::number(damaged)
-                         + (damaged == 1 ? " bad row"_L1 : " bad rows"_L1));
-    else
-        lblnote->setText(list.listing == Listing::None ? QString() : u"No bad rows"_s);
+    lblnote->setText(noteOf(list));
     updateButtons();
 }
 

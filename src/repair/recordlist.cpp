@@ -7,209 +7,12 @@
 #include "repair/savedcopies.h"
 
 #include <QFileInfo>
-#include <QHash>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr float leastAmount = 0.01F; // dollars, of one bet
-constexpr float mostAmount = 1000;
-
-const QString badHorse = u" Bad Horse Number"_s;
-const QString badAmount = u" Bad Bet Amount"_s;
-const QString nullBettor = u" Null Bettor Number"_s;
-
-// The fields of a damaged line count as missing, so that every column tells what it lacks.
-class Record
-{
-public:
-    explicit Record(std::string_view line)
-    {
-        if (!splitRecord(line, m_fields))
-            m_fields.clear();
-    }
-
-    std::optional<double> number(std::size_t field) const
-    {
-        return field < m_fields.size() ? fieldNumber(m_fields[field]) : std::nullopt;
-    }
-    std::optional<int> whole(std::size_t field) const
-    {
-        return field < m_fields.size() ? fieldInteger(m_fields[field], -999999999, 999999999)
-                                       : std::nullopt;
-    }
-    QString text(std::size_t field) const
-    {
-        return field < m_fields.size() ? fieldText(m_fields[field]) : QString();
-    }
-
-private:
-    std::vector<RecordField> m_fields;
-};
-
-using BettorNames = QHash<int, QString>;
-
-struct Lookup
-{
-    BettorNames bettors;
-    std::array<HorseTable, 3> horses; // of the race and the two after it
-    int races = 1;                    // of these that there are
-};
-
-// Puts values and messages side by side and remembers whether a message was among them.
-class RowMaker
-{
-public:
-    explicit RowMaker(int number) { m_row.cells << QString::number(number); }
-
-    void value(const QString &text) { m_row.cells << text; }
-    void fault(const QString &text)
-    {
-        m_row.cells << text;
-        m_row.isDamaged = true;
-    }
-    void checked(bool good, const QString &text, const QString &message)
-    {
-        good ? value(text) : fault(message);
-    }
-    RecordRow row(std::string_view line)
-    {
-        m_row.line = QByteArray(line.data(), qsizetype(line.size()));
-        return std::move(m_row);
-    }
-
-private:
-    RecordRow m_row;
-};
-
-void addBettor(RowMaker &row, const Record &record, std::size_t field, const BettorNames &names)
-{
-    const auto number = record.number(field);
-    const QString shown = number ? plainNumber(float(*number)) : record.text(field);
-    row.value(shown);
-    if (!number || *number == 0)
-        return row.fault(nullBettor);
-    const auto whole = record.whole(field);
-    const auto name = whole ? names.constFind(*whole) : names.constEnd();
-    row.checked(name != names.constEnd(), name != names.constEnd() ? *name : QString(),
-                shown + " Bad Bettor Number"_L1);
-}
-
-void addAmount(RowMaker &row, const Record &record, std::size_t field)
-{
-    const auto amount = record.number(field);
-    const float dollars = amount ? float(*amount) : 0;
-    row.checked(amount && dollars >= leastAmount && dollars <= mostAmount, plainNumber(dollars),
-                badAmount);
-}
-
-bool runs(const HorseTable &horses, int post)
-{
-    return post >= 1 && post <= postCount && !isUnused(horses.post(post));
-}
-
-RecordRow betRow(int number, std::string_view line, const Lookup &lookup)
-{
-    static const QString positions[] = {u" Win  "_s, u" Place"_s, u" Show "_s};
-    const Record record(line);
-    RowMaker row(number);
-    addBettor(row, record, 0, lookup.bettors);
-    const auto post = record.whole(1);
-    const bool knownHorse = post && runs(lookup.horses[0], *post);
-    row.value(knownHorse ? lookup.horses[0].post(*post).number : record.text(1));
-    row.checked(knownHorse, knownHorse ? lookup.horses[0].post(*post).name : QString(), badHorse);
-    const auto type = record.whole(2);
-    const bool knownType = type && *type >= 1 && *type <= 3;
-    row.checked(knownType, knownType ? positions[*type - 1] : QString(),
-                u" Bad Bet Type - Not 1,2, or 3"_s);
-    addAmount(row, record, 3);
-    return row.row(line);
-}
-
-struct MultibetName
-{
-    QString code;
-    QString name;
-    std::size_t lines;
-    bool races; // each line is a race of its own
-};
-
-const MultibetName *multibetName(const QString &code)
-{
-    static const MultibetName names[] = {{u"EX"_s, u" Exacta"_s, 2, false},
-                                         {u"Q"_s, u" Quinela"_s, 2, false},
-                                         {u"T"_s, u" Trifecta"_s, 3, false},
-                                         {u"DD"_s, u" Daily Double"_s, 2, true},
-                                         {u"P3"_s, u" Pick 3"_s, 3, true}};
-    const auto *found = std::ranges::find(names, code, &MultibetName::code);
-    return found == std::end(names) ? nullptr : found;
-}
-
-// The program number of the horse on a line of a multibet, or nothing when none runs there. Posts
-// of the race itself are offered on every line, so they pass on every line.
-std::optional<QString> multibetHorse(const Lookup &lookup, const MultibetName &type,
-                                     std::size_t line, int post)
-{
-    const std::size_t leg = type.races ? line : 0;
-    for (const std::size_t race : {leg, std::size_t(0)}) {
-        if (race < std::size_t(lookup.races) && runs(lookup.horses[race], post))
-            return lookup.horses[race].post(post).number;
-    }
-    return {};
-}
-
-RecordRow multibetRow(int number, std::string_view line, const Lookup &lookup)
-{
-    const Record record(line);
-    RowMaker row(number);
-    addBettor(row, record, 5, lookup.bettors);
-    const MultibetName *type = multibetName(record.text(3));
-    row.checked(type, type ? type->name : QString(), u" Bad Bet Type"_s);
-    QStringList horses;
-    bool allRun = true;
-    for (std::size_t i = 0; i < (type ? type->lines : 2); ++i) {
-        const auto post = record.whole(i);
-        const auto horse = post && type ? multibetHorse(lookup, *type, i, *post) : std::nullopt;
-        allRun = allRun && horse;
-        horses << horse.value_or(QString());
-    }
-    row.checked(allRun, horses.join(u','), badHorse);
-    addAmount(row, record, 4);
-    return row.row(line);
-}
-
-RecordRow bettorRow(int number, std::string_view line, const Lookup &)
-{
-    const Record record(line);
-    const auto bettor = record.whole(0);
-    RowMaker row(number);
-    row.checked(bettor && *bettor > 0, bettor ? QString::number(*bettor) : QString(), nullBettor);
-    row.value(record.text(1));
-    return row.row(line);
-}
-
-RecordRow horseRow(int number, std::string_view line, const Lookup &)
-{
-    const Record record(line);
-    const auto post = record.whole(0);
-    RowMaker row(number);
-    row.checked(post && *post >= 1 && *post <= postCount, record.text(0), badHorse);
-    row.value(record.text(3));
-    row.value(record.text(2).trimmed());
-    return row.row(line);
-}
-
-RecordRow backupHorseRow(int number, std::string_view line, const Lookup &lookup)
-{
-    RecordRow row = horseRow(number, line, lookup);
-    row.cells = {row.cells[0], row.isDamaged ? badHorse : row.cells[3], row.cells[2]};
-    return row;
-}
 
 // What is particular to each listing.
 struct ListingKind
@@ -223,7 +26,7 @@ struct ListingKind
     QString what;  // of the heading
     QString total; // unit in the row of the total; empty when there is no such row
     QStringList columns;
-    RecordRow (*makeRow)(int, std::string_view, const Lookup &);
+    RecordRow (*makeRow)(int, std::string_view, RecordLookup &);
 };
 
 const ListingKind &kindOf(Listing listing)
@@ -316,9 +119,9 @@ QByteArray readAs(Session &session, const QString &label, RecordFile file, int r
     });
 }
 
-Lookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
+RecordLookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
 {
-    Lookup lookup;
+    RecordLookup lookup;
     if (kind.checksHorses) {
         const int last =
             kind.listing == Listing::Multibets ? std::min(list.race + 2, raceCount) : list.race;
@@ -333,7 +136,7 @@ Lookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
         const auto table = BettorTable::parse(
             readAs(session, u"Bettors input"_s, RecordFile::Bettors, 0, list), 0);
         for (int slot = 1; slot <= table.slotCount(); ++slot) {
-            if (table.slot(slot).isBettor())
+            if (table.slot(slot).isBettor() && !lookup.bettors.contains(table.slot(slot).number))
                 lookup.bettors.insert(table.slot(slot).number, table.slot(slot).name);
         }
     }
@@ -342,11 +145,13 @@ Lookup readLookup(Session &session, const ListingKind &kind, RecordList &list)
 
 void readRows(Session &session, const ListingKind &kind, RecordList &list)
 {
-    const Lookup lookup = readLookup(session, kind, list);
+    RecordLookup lookup = readLookup(session, kind, list);
     const QByteArray bytes = readAs(session, kind.label, kind.file, list.race, list, kind.backup);
     forEachRecord(bytes, [&](int number, std::string_view line) {
         list.rows.append(kind.makeRow(number, line, lookup));
     });
+    if (kind.file == RecordFile::Horses)
+        list.damage = parseHorses(bytes).damage();
     if (!kind.total.isEmpty()) {
         RecordRow total;
         total.cells = {u"Total Bets"_s, QString::number(list.rows.size()) + kind.total};

@@ -2,8 +2,8 @@
 
 #include "common/event/eventfiles.h"
 #include "common/print/slip.h"
+#include "repair/recordrows.h"
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -22,14 +22,6 @@ enum class Listing {
     SavedCopies,
 };
 
-struct RecordRow
-{
-    QStringList cells;      // the first is the record's number in the file, from 1
-    QByteArray line;        // as the file holds it
-    bool isRecord = true;   // false for the row of the total
-    bool isDamaged = false; // at least one cell holds a message in place of its value
-};
-
 struct RecordList
 {
     Listing listing = Listing::None;
@@ -38,6 +30,7 @@ struct RecordList
     QStringList columns;
     QList<RecordRow> rows;
     QString missingFile; // the file whose absence ended the list, or empty
+    QString damage;      // what the file lacks as a whole, as a sentence, or empty
 
     int damagedRows() const;
 };

@@ -54,6 +54,7 @@ private slots:
             {"2,1.5,1,5", u"1|2|SMITH|1.5| Bad Horse Number| Win  |5"_s},
             {"2,1,4,5", u"1|2|SMITH|1|Rex|"_s + badType + u"|5"_s},
             {"2,2", u"1|2|SMITH|1A|Ada|"_s + badType + u"| Bad Bet Amount"_s}, // torn
+            {"2,2,1,5,1", good + u" Bad Bet Amount"_s},                        // no reader takes it
             {"\"2,2,1,5",
              u"1|| Null Bettor Number|| Bad Horse Number|"_s + badType + u"| Bad Bet Amount"_s},
             {"1e300,-1e300,99999999999,1e-40",
@@ -78,12 +79,44 @@ private slots:
             {"1,9,0,\"DD\",2,2", u"1|2|SMITH| Daily Double|1,9|2"_s},
             {"1,9,0,\"EX\",2,2", u"1|2|SMITH| Exacta| Bad Horse Number|2"_s},
             {"1,2,0,\"T\",2,2", u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s},
+            {"1,2,x,\"EX\",2,2", u"1|2|SMITH| Exacta| Bad Horse Number|2"_s},
+            {"1,2,0,\"EX\",2,2,2", u"1|2|SMITH| Exacta|1,1A| Bad Bet Amount"_s}, // not read
             {"1,2,0,\"X\",0,9",
              u"1|9|9 Bad Bettor Number| Bad Bet Type| Bad Horse Number| Bad Bet Amount"_s}};
         Event event;
         for (const auto &[line, row] : cases) {
             event.write(u"Multibets Race1"_s, line + "\r\n");
             QCOMPARE(joined(event.list(Listing::Multibets).rows[0]), row);
+        }
+    }
+
+    // The lists of bettors and horses mark what their readers pass over, and nothing else.
+    void checksWhatReadersTake()
+    {
+        const std::tuple<Listing, QByteArray, QStringList, QString> files[] = {
+            {Listing::Bettors,
+             "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n2,\"JONES\"\r\n1500000000,\"RICH\"\r\n3\r\n"
+             "999,\"\"\r\n0,\"NIL\"\r\n4,\"A\",1\r\n",
+             {u"1|1|AnyBettor"_s, u"2|2|SMITH"_s, u"3|2 Bad Bettor Number|JONES"_s,
+              u"4|1500000000|RICH"_s, u"5|3 Bad Bettor Number|"_s, u"6|999 Bad Bettor Number|"_s,
+              u"7| Null Bettor Number|NIL"_s, u"8|4 Bad Bettor Number|A"_s},
+             {}},
+            {Listing::Horses,
+             "1,1,\"1 \",\"Rex\"\r\n1,0,\"2 \",\"Ada\"\r\n2,x,\"3 \",\"Max\"\r\n3,0,\"4 \"\r\n",
+             {u"1|1|Rex|1"_s, u"2| Bad Horse Number|Ada|2"_s, u"3| Bad Horse Number|Max|3"_s,
+              u"4| Bad Horse Number||4"_s},
+             u"The horse file has only 1 of 21 posts, 3 damaged lines."_s},
+            {Listing::Horses, {}, {}, u"The horse file has only 0 of 21 posts."_s}};
+        Event event;
+        for (const auto &[listing, bytes, rows, damage] : files) {
+            event.write(listing == Listing::Bettors ? u"Bettors"_s : u"Horses Race1"_s, bytes);
+            const RecordList list = event.list(listing);
+            QCOMPARE(list.damage, damage);
+            QCOMPARE(list.rows.size(), rows.size());
+            for (qsizetype i = 0; i < rows.size(); ++i) {
+                QCOMPARE(joined(list.rows[i]), rows[i]);
+                QCOMPARE(list.rows[i].isDamaged, rows[i].contains(" Number"_L1));
+            }
         }
     }
 
