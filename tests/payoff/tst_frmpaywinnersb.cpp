@@ -454,7 +454,9 @@ void tst_frmpaywinnersb::refusedSlipsAreListed()
 void tst_frmpaywinnersb::anotherRace()
 {
     calculateAndPayEve();
-    event->write(u"Horses Race2"_s, "1,0,\"8 \",\"OTHER\"\r\n");
+    HorseTable card;
+    card.post(1) = {1, 0, u"8"_s, u"OTHER"_s};
+    event->write(u"Horses Race2"_s, horseRecords(card));
     event->write(u"Bets Race2"_s, "5,1,1,2\r\n");
     choose(2);
     QCOMPARE(text(u"txtbanner"_s), u"Kentucky Derby Race2"_s);

@@ -65,7 +65,10 @@ private slots:
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         m_event = std::make_unique<TestEvent>();
         m_event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"ZOE\"\r\n3,\"ANN\"\r\n");
-        m_event->write(u"Horses Race1"_s, "1,0,\"1 \",\"BRAVO\"\r\n2,0,\"2 \",\"ALFA\"\r\n");
+        HorseTable card;
+        card.post(1) = {1, 0, u"1"_s, u"BRAVO"_s};
+        card.post(2) = {2, 0, u"2"_s, u"ALFA"_s};
+        m_event->write(u"Horses Race1"_s, horseRecords(card));
         m_event->write(u"Horses Race2"_s, "1,0,\"1 \",\"COCO\"\r\n");
         m_event->write(u"Bets Race1"_s, "2,1,1,5\r\n3,2,2,20\r\nbad\r\n");
         m_event->write(u"Multibets Race1"_s, "1,2,0,\"EX\",4,2\r\n");
