@@ -50,6 +50,15 @@ void saveHorses(Session &session, int race, const QByteArray &records)
     });
 }
 
+// A page may hold numbers, commas and even END, but no card begins with a tag.
+bool isPage(const QByteArray &text)
+{
+    QByteArray start = text.trimmed();
+    if (start.startsWith("\xef\xbb\xbf"))
+        start = start.sliced(3).trimmed();
+    return start.startsWith('<');
+}
+
 } // namespace
 
 QString downloadAddress(Session &session)
@@ -70,10 +79,10 @@ QString downloadAddress(Session &session)
 
 PublishedCard readDownload(const QByteArray &text)
 {
-    // An error page may hold numbers and commas, but no card begins with a tag.
-    if (text.trimmed().startsWith('<'))
+    if (isPage(text))
         return {};
-    return parsePostboard(postboardRecord(text));
+    const PublishedCard card = parsePostboard(postboardRecord(text));
+    return card.closedRaces > 0 ? card : PublishedCard();
 }
 
 QString saveDownload(Session &session, const QByteArray &text)

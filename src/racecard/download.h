@@ -11,7 +11,8 @@ inline constexpr int downloadChunk = 1024; // bytes read at a time
 // program was built with.
 QString downloadAddress(Session &session);
 
-// Reads the downloaded text. Without a single horse in it (an error page, say) it is no card.
+// Reads the downloaded text. It is a card only when at least one race in it is closed by END; of
+// anything else, such as a sign-in page, no entries are returned.
 PublishedCard readDownload(const QByteArray &text);
 
 // Keeps the downloaded text as "postboard" in the event directory, reads it back and rewrites the

@@ -3,6 +3,7 @@
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -16,14 +17,22 @@ struct CardField
     bool endsEntry = false; // the line ends behind it, and lines do not break within an entry
 };
 
-bool isEnd(const CardField &field)
+bool isEnd(const QString &field)
 {
-    return field.text == "END"_L1;
+    return field.trimmed() == "END"_L1;
 }
 
 bool isLeftOut(const QString &post)
 {
-    return post == "AE"_L1 || post == "MTO"_L1;
+    const QString word = post.trimmed();
+    return word == "AE"_L1 || word == "MTO"_L1;
+}
+
+QString withoutLeftBlanks(QString text)
+{
+    while (text.startsWith(u' '))
+        text.remove(0, 1);
+    return text;
 }
 
 QList<QStringList> linesOf(const QByteArray &file, int &damagedLines)
@@ -45,7 +54,7 @@ QList<QStringList> linesOf(const QByteArray &file, int &damagedLines)
         }
         lines.append(QStringList());
         for (const RecordField &field : fields)
-            lines.last().append(fieldText(field).trimmed());
+            lines.last().append(fieldText(field));
     }
     return lines;
 }
@@ -59,7 +68,7 @@ bool holdsEntryPerLine(const QList<QStringList> &lines)
     for (const QStringList &line : lines) {
         if (line.size() == 3)
             ++entries;
-        else if (line.size() != 1 || line.first() != "END"_L1)
+        else if (line.size() != 1 || !isEnd(line.first()))
             ++others;
     }
     return entries > 0 && entries >= others;
@@ -70,7 +79,7 @@ bool holdsEntryPerLine(const QList<QStringList> &lines)
 bool beginsWithHeading(const QList<QStringList> &lines, bool entryPerLine)
 {
     const QString &first = lines.first().first();
-    if (first == "END"_L1)
+    if (isEnd(first))
         return false;
     if (!isNumeric(first) && !isLeftOut(first))
         return true;
@@ -78,9 +87,9 @@ bool beginsWithHeading(const QList<QStringList> &lines, bool entryPerLine)
         return lines.first().size() % 3 == 1;
     qsizetype fieldsOfFirstRace = 0;
     for (const QStringList &line : lines) {
-        const qsizetype end = line.indexOf(u"END"_s);
-        fieldsOfFirstRace += end < 0 ? line.size() : end;
-        if (end >= 0)
+        const auto end = std::ranges::find_if(line, isEnd);
+        fieldsOfFirstRace += end - line.begin();
+        if (end != line.end())
             break;
     }
     return fieldsOfFirstRace % 3 == 1;
@@ -180,10 +189,11 @@ PublishedCard parsePostboard(const QByteArray &file)
     std::size_t race = 0;
     QStringList entry;
     for (const CardField &field : fields) {
-        if (isEnd(field) && entry.size() < 2) {
+        if (isEnd(field.text) && entry.size() < 2) {
             card.damaged += int(entry.size());
             entry.clear();
             card.openRace = 0;
+            ++card.closedRaces;
             if (++race == raceCount)
                 break;
             continue;
@@ -192,7 +202,7 @@ PublishedCard parsePostboard(const QByteArray &file)
         entry.append(field.text);
         if (entry.size() == 3) {
             if (!isLeftOut(entry[0]))
-                takeEntry(card, card.races[race], entry[0], entry[1], entry[2]);
+                takeEntry(card, card.races[race], entry[0], withoutLeftBlanks(entry[1]), entry[2]);
             entry.clear();
         } else if (field.endsEntry) {
             ++card.damaged;

@@ -16,6 +16,7 @@ struct PublishedCard
     // Posts that are not on the card carry the name "zzz".
     std::array<HorseTable, raceCount> races;
     int entries = 0;     // horses taken
+    int closedRaces = 0; // races that end with END
     int damaged = 0;     // lines and entries that could not be read
     int openRace = 0;    // the race in which the text ends without END, 0 when it ends after one
     QStringList refused; // one message an entry whose post position is out of range

@@ -196,8 +196,9 @@ void tst_download::silence()
 void tst_download::failures()
 {
     for (const QByteArray &answer :
-         {page(card, "404 Not Found"), page("<html>\n1,2,\"sign in\"\n</html>"),
-          page("\"0\",\"1\",\"ZERO\"\r\n\"come back later\"")}) {
+         {page(card, "404 Not Found"), page("\xef\xbb\xbf \n<html>\n1,2,\"sign in\"\nEND\n</html>"),
+          page("\"0\",\"1\",\"ZERO\"\r\n\"END\""), page("5 servers are down"),
+          page("1,1,\"sign in\"\r\n")}) {
         TestEvent event;
         const WebServer server(answer);
         giveAddress(event, server.address());

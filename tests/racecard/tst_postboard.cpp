@@ -58,6 +58,8 @@ void tst_postboard::card_data()
         "\"2026\"\n\"1\",\"1\",\"Alpha\"\n\"2\",\"2\",\"Beta\"\n\"END\"\n", two);
     row("one field a line", "\"1\"\n\"1\"\n\"Alpha\"\n\"2\"\n\"2\"\n\"Beta\"\n\"END\"\n", two);
     row("bare numbers and blanks", " 1 , 1 ,\"Alpha\"\n\n 2,2,\"Beta\"\nEND\n", two);
+    row("only the left blanks of a number go", "\" 1\",\" 1A \",\" Al  pha \"\n\" END \"\n",
+        {u"1/1:1A   Al  pha /0"_s});
     row("a comma in a name", "\"1\",\"1\",\"Alpha, Beta\"\n", {u"1/1:1 Alpha, Beta/0"_s});
     row("also-eligible and main-track-only are left out",
         "\"AE\",\"9\",\"Gamma\"\n\"1\",\"1\",\"Alpha\"\n\"MTO\",\"8\",\"Delta\"\n"
