@@ -6,7 +6,7 @@
 #include "common/event/roles.h"
 #include "common/event/session.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
 
 #include <QGridLayout>
@@ -295,8 +295,16 @@ void frmbettorsb::takeOut(const QString &name, int number)
                     + " still has bets: "_L1 + races);
         }
     }
-    if (refund != 0 || session.settings.receiptsPrint())
-        printOrList(m_context, bettorRefundSlip(name, refund), session.settings.receiptsPrint());
+    const PrintTask task{
+        .label = u"Refund Bets"_s,
+        .style = ErrorStyle::NumberAndDescription,
+        .gate = PrintGate::Receipts,
+    };
+    const Slip slip = bettorRefundSlip(name, refund);
+    if (refund != 0)
+        addNote(printOrList(this, m_context, task, slip, u"The refund list"_s).note);
+    else if (session.settings.receiptsPrint())
+        addNote(printSlip(this, m_context, task, slip).note);
 }
 
 void frmbettorsb::clearAll()

@@ -3,8 +3,8 @@
 #include "common/event/session.h"
 #include "common/print/copies.h"
 #include "ui/controls.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -55,14 +55,20 @@ void frmlistb::print()
 {
     const int copies = listingCopies(
         askText(this, u"Enter number of forms to print"_s, u"Print Bets by Bettor"_s, u"1"_s));
-    QStringList lines;
-    for (int row = 0; row < List1->count(); ++row)
-        lines.append(List1->item(row)->text());
-    Session &session = m_context.session;
-    trapErrors(this, session, ErrorStyle::NumberAndDescription, u"Print Bets by Bettor"_s, [&] {
-        for (const Slip &slip : listingSlips(lines, copies, session.settings.receiptsPrint()))
-            m_context.printer.print(slip);
-        if (copies > 0)
-            lblnote->setText(u"Copies printed: "_s + QString::number(copies));
-    });
+    if (copies == 0)
+        return;
+    Slip listing{u"Courier New"_s, 8};
+    for (int row = 0; row < List1->count(); ++row) {
+        const QListWidgetItem *line = List1->item(row);
+        if (line->data(Qt::UserRole).toBool())
+            listing.startBlock();
+        listing.addLine(line->text());
+    }
+    PrintTask task{u"Print Bets by Bettor"_s, ErrorStyle::NumberAndDescription,
+                   u"Copies printed: "_s};
+    if (m_context.session.settings.receiptsPrint())
+        return lblnote->setText(printCopies(this, m_context, task, listing, copies).note);
+    // Without receipts the copies are not separated; what is printed is printed at once.
+    task.done += QString::number(copies);
+    lblnote->setText(printSlip(this, m_context, task, copiesInOneJob(listing, copies)).note);
 }

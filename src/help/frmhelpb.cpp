@@ -3,8 +3,8 @@
 #include "common/event/session.h"
 #include "help/helptext.h"
 #include "ui/controls.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -181,15 +181,8 @@ void frmhelpb::save()
 
 void frmhelpb::print()
 {
-    Session &session = m_context.session;
-    if (!session.settings.mayPrint()) {
-        lblnote->setText(u"Nothing was printed: no printer is attached."_s);
-        return;
-    }
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Help print"_s, [&] {
-        m_context.printer.print(helpSlip(txthelp->toPlainText()));
-        lblnote->setText(u"Help text printed."_s);
-    });
+    const PrintTask task{u"Help print"_s, ErrorStyle::DescriptionAndLabel, u"Help text printed."_s};
+    lblnote->setText(printSlip(this, m_context, task, helpSlip(txthelp->toPlainText())).note);
 }
 
 bool frmhelpb::mayLeave()

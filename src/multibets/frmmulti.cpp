@@ -11,9 +11,8 @@
 #include "multibets/parts/typebuttons.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -258,21 +257,25 @@ void frmmulti::makeBet()
         return;
     m_prior += m_preview.pending;
     m_grandTotal += m_preview.total;
-    showNote("Bets saved: "_L1 + QString::number(m_preview.pending.size()));
+    const QString note = "Bets saved: "_L1 + QString::number(m_preview.pending.size());
+    showNote(note);
     m_preview = {}; // the list stays and shows what was saved
     showTotals();
     showPriorBets();
-    if (m_context.session.settings.receiptsPrint())
-        printReceipt();
+    if (const QString receipt = printReceipt(); !receipt.isEmpty())
+        showNote(note + u"; "_s + receipt);
 }
 
-void frmmulti::printReceipt()
+// Returns what the note has to say of the receipt.
+QString frmmulti::printReceipt()
 {
     const Settings &settings = m_context.session.settings;
-    trapErrors(this, m_context.session, ErrorStyle::DescriptionOnly, u"Print Receipt"_s, [&] {
-        m_context.printer.print(
-            multibetReceipt(settings.banner, m_bettorName, m_prior, receiptPoints(settings)));
-    });
+    if (!settings.receiptsPrint())
+        return {};
+    const Printed receipt =
+        printSlip(this, m_context, {u"Print Receipt"_s},
+                  multibetReceipt(settings.banner, m_bettorName, m_prior, receiptPoints(settings)));
+    return receipt.isComplete ? receipt.note : u"The receipt was not printed."_s;
 }
 
 void frmmulti::showPriorBets()
@@ -301,15 +304,18 @@ void frmmulti::deletePriorBets()
         return;
     const Slip slip = multibetRefundSlip(m_bettorName, session.settings.raceName(), refunded,
                                          receiptPoints(session.settings));
-    bool unchanged = true;
-    trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
-        unchanged = removeMultibets(session, m_bettor, removed, [&] {
-            printOrList(m_context, slip, session.settings.receiptsPrint());
-        });
-    });
+    bool isRemoved = false;
+    const bool done = trapErrors(this, ErrorStyle::DescriptionOnly,
+                                 [&] { isRemoved = removeMultibets(session, m_bettor, removed); });
+    const qsizetype left = m_prior.size() - removed.size();
     loadPriorBets();
-    if (!unchanged)
-        showNote(u"The bets on file have changed: the list is new, nothing was deleted"_s);
+    if (done && !isRemoved)
+        return showNote(u"The bets on file have changed: the list is new, nothing was deleted"_s);
+    // Bets that left the file are owed to the bettor, even when the backup file failed.
+    if (!done && m_prior.size() > left)
+        return;
+    const PrintTask task{.label = u"Refund Bets"_s, .gate = PrintGate::Receipts};
+    showNote(printOrList(this, m_context, task, slip, u"The refund list"_s).note);
 }
 
 void frmmulti::switchReceipts()
@@ -330,7 +336,7 @@ void frmmulti::printBlankSheets()
 {
     const CopiesQuestion question{
         u"Enter number of copies to print"_s, {}, u"Print Bet Sheet"_s, u"Bet sheets printed: "_s};
-    const QString note = printCopies(this, m_context, question, blankMultibetSheet());
+    const QString note = printAskedCopies(this, m_context, question, blankMultibetSheet());
     if (!note.isNull())
         showNote(note);
 }

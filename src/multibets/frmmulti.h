@@ -28,7 +28,7 @@ private:
     void preview();
     void clearPreview();
     void makeBet();
-    void printReceipt();
+    QString printReceipt();
     void deletePriorBets();
     void switchReceipts();
     void printBlankSheets();

@@ -243,7 +243,7 @@ void frmpaymulti::showSettlement(const MultibetSettlement &settled)
 {
     const bool refund = settled.outcome == MultibetSettlement::Outcome::Refund;
     const bool won = settled.outcome == MultibetSettlement::Outcome::Winners;
-    txttotal->setText(refund ? u"Refund Total"_s : u"$1 Combination Pays"_s);
+    txttotal->setText(refund ? u"Refund Total"_s : u"$1 Ticket Pays"_s);
     txtpay->setText(formatMoney(refund ? settled.pool : settled.payPerDollar, dollars));
     txtpool->setText(won ? formatMoney(settled.pool, twoDigitDollars) : u"$0.00"_s);
     txthouse->setText(won ? formatMoney(settled.houseCut, twoDigitDollars) : u"$0.00"_s);
@@ -256,8 +256,8 @@ void frmpaymulti::printList()
     const MultibetResult result{m_types->type(), listLines(lstbets), txthouse->text(),
                                 txttpay->text(), txtpool->text(),    txtpay->text()};
     const QString note =
-        printCopies(this, m_context, listCopiesQuestion(),
-                    multibetWinnersSlip(m_context.session.settings.banner, result));
+        printAskedCopies(this, m_context, listCopiesQuestion(),
+                         multibetWinnersSlip(m_context.session.settings.banner, result));
     if (!note.isNull())
         lblnote->setText(note);
 }

@@ -65,8 +65,8 @@ void frmsummmulti::fill()
 
 void frmsummmulti::printSummary()
 {
-    const QString note =
-        printCopies(this, m_context, listCopiesQuestion(), multibetSummarySlip(listLines(lstsumm)));
+    const QString note = printAskedCopies(this, m_context, listCopiesQuestion(),
+                                          multibetSummarySlip(listLines(lstsumm)));
     if (!note.isNull())
         lblnote->setText(note);
 }

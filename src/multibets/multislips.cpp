@@ -72,6 +72,7 @@ Slip blankMultibetSheet()
     Slip slip{sansSerif.toString(), 8, false, {}, 0};
     slip.evenPitch = true;
     for (int block = 0; block < blocksAPage; ++block) {
+        slip.startBlock();
         slip.addLine(u"NAME ______________________________    RACE ______    TOTAL $ __________"_s);
         slip.addLine(QString());
         for (const QStringView row : sheetRows)
@@ -97,7 +98,7 @@ Slip multibetWinnersSlip(const QString &banner, const MultibetResult &result)
     const std::pair<QString, QString> figures[] = {{u"House Cut "_s, result.houseCut},
                                                    {u"Total Paid"_s, result.paid},
                                                    {u"Total Pool"_s, result.pool},
-                                                   {u"$1 Combination Pays "_s, result.ticketPays}};
+                                                   {u"$1 Ticket Pays "_s, result.ticketPays}};
     for (const auto &[label, value] : figures) {
         slip.addLine(QString());
         slip.addLine(zonedLine(label, value));

@@ -4,9 +4,8 @@
 #include "common/print/format.h"
 #include "payoff/parts/combinationgrid.h"
 #include "payoff/settlerace.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -400,25 +399,21 @@ void frmpaywinnersb::showPaidTotals()
                               formatMoney(m_ledger.owedRounded(), "Currency")));
 }
 
-bool frmpaywinnersb::printSlips()
+QString frmpaywinnersb::printSlips()
 {
     const Slip slip = winnerSlips(m_ledger.slips());
     if (slip.lines.isEmpty())
-        return true;
-    Session &session = m_context.session;
-    const bool printed = trapErrors(this, session, ErrorStyle::DescriptionOnly, u"Pay winners"_s,
-                                    [&] { m_context.printer.print(slip); });
-    if (!printed)
-        showListing(m_context, slipText(slip));
-    return printed;
+        return {};
+    return printOrList(this, m_context, {u"Pay winners"_s}, slip, u"The list of payoff slips"_s)
+        .note;
 }
 
 void frmpaywinnersb::leave()
 {
     m_ledger.closeRace(m_context.session.bettors);
     QStringList notes = m_ledger.unpaidNotes();
-    if (!printSlips())
-        notes.append(u"The payoff slips are in the list window."_s);
+    if (const QString note = printSlips(); !note.isEmpty())
+        notes.append(note);
     m_context.session.payoffs = {};
     m_calculator.close();
     m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s));

@@ -43,7 +43,7 @@ private:
     void showPaidTotals();
 
     void leave();
-    bool printSlips();
+    QString printSlips(); // returns a note
 
     ScreenContext m_context;
 

@@ -9,6 +9,10 @@ using namespace Qt::StringLiterals;
 
 using enum Combination;
 
+namespace {
+constexpr int linesAWinner = 6;
+}
+
 Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
                    int roundingIndex)
 {
@@ -55,5 +59,8 @@ QList<SlipLine> winnerSlipLines(const QString &bettor, const QString &bannerAndR
 
 Slip winnerSlips(const QList<SlipLine> &lines)
 {
-    return {u"Courier New"_s, 8, false, lines, 0};
+    Slip slip{u"Courier New"_s, 8, false, lines, 0};
+    for (int start = 0; start < lines.size(); start += linesAWinner)
+        slip.blockStarts.append(start);
+    return slip;
 }

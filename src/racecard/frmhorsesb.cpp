@@ -4,6 +4,7 @@
 #include "common/event/labelled.h"
 #include "common/event/racefiles.h"
 #include "common/event/session.h"
+#include "common/print/copies.h"
 #include "common/print/format.h"
 #include "racecard/download.h"
 #include "racecard/fetch.h"
@@ -11,9 +12,8 @@
 #include "racecard/parts/waiting.h"
 #include "racecard/scratch.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QButtonGroup>
 #include <QLabel>
@@ -199,8 +199,10 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
     if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
             const Slip refunds = scratchRefunds(session, post, name);
             const std::size_t listed = session.bets.rows.size();
-            if (!printOrList(m_context, refunds, session.settings.mayPrint()))
-                notes.append(u"The refund list is in its own window."_s);
+            const PrintTask task{u"Print Refunds"_s, ErrorStyle::DescriptionAndLabel};
+            const Printed list = printOrList(this, m_context, task, refunds, u"The refund list"_s);
+            if (!list.note.isEmpty())
+                notes.append(list.note);
             removeBetsOn(session, post, listed);
             if (const QString later = betsNote(session.pools, post); !later.isEmpty())
                 notes.append(later + " that came meanwhile and are not refunded."_L1);
@@ -244,6 +246,8 @@ void frmhorsesb::download()
             return showMessage(this, u"Internet not available"_s);
         for (const QString &message : card.refused.first(qMin(card.refused.size(), mostRefusals)))
             showMessage(this, message, u"Horses"_s);
+        if (const qsizetype more = card.refused.size() - mostRefusals; more > 0)
+            notes.append("Further invalid post positions: "_L1 + QString::number(more));
         replaced = true;
         notes.append(saveDownload(session, fetched.body));
         showMessage(this, u"Download successful. Check track program for last minute changes."_s);
@@ -257,22 +261,16 @@ void frmhorsesb::download()
 
 void frmhorsesb::printBetSheets()
 {
-    Session &session = m_context.session;
-    const int sheets = betSheetCount(
+    const int sheets = copiesAsked(
         askText(this, u"Enter number of forms to print"_s, u"Print Bet Sheets"_s, u"1"_s));
     if (sheets == 0)
         return;
-    if (!session.settings.receiptsPrint())
-        return lblnote->setText(u"Receipt printing is off: no bet sheet was printed."_s);
-    trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Print Bet Sheets"_s, [&] {
-        const Slip sheet = betSheetSlip(
-            horsesOf(rows()), session.settings.banner + u' ' + session.settings.raceName(),
-            session.settings.betSheetMessage);
-        for (int printed = 1; printed <= sheets; ++printed) {
-            m_context.printer.print(sheet);
-            lblnote->setText(u"Bet sheets printed: "_s + QString::number(printed));
-        }
-    });
+    const Settings &settings = m_context.session.settings;
+    const Slip sheet = betSheetSlip(horsesOf(rows()), settings.banner + u' ' + settings.raceName(),
+                                    settings.betSheetMessage);
+    const PrintTask task{u"Print Bet Sheets"_s, ErrorStyle::DescriptionAndLabel,
+                         u"Bet sheets printed: "_s, PrintGate::Receipts};
+    lblnote->setText(printCopies(this, m_context, task, sheet, sheets).note);
 }
 
 void frmhorsesb::returnToMenu()

@@ -2,16 +2,18 @@
 
 #include "common/print/format.h"
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+// Columns are as wide as an average letter, not as a W: a name of the widest letters ends in the
+// same column as all others and still keeps apart from a number of the widest ones. The rule is 79
+// columns long.
 constexpr int nameWidth = 14;
-constexpr int nameColumn = 6;
-constexpr std::array<int, 4> barColumns{28, 41, 54, 67};
+constexpr int nameColumn = 17;
+constexpr std::array<int, 4> barColumns{32, 44, 56, 68};
 
 SlipLine barsBehind(SlipLine line)
 {
@@ -23,7 +25,7 @@ SlipLine barsBehind(SlipLine line)
 SlipLine headingLine()
 {
     const std::array<QString, 4> captions{u"    Win"_s, u"    Place"_s, u"    Show"_s, u"TOTAL"_s};
-    SlipLine line{{1, u"Number"_s}, {8, u"  Horse Name"_s}};
+    SlipLine line{{1, u"Number"_s}, {nameColumn, u"  Horse Name"_s}};
     for (std::size_t i = 0; i < captions.size(); ++i) {
         line.append({barColumns[i], u"|"_s});
         line.append({barColumns[i] + 2, captions[i]});
@@ -32,11 +34,6 @@ SlipLine headingLine()
 }
 
 } // namespace
-
-int betSheetCount(const QString &answer)
-{
-    return int(std::clamp(numericValue(answer), 0.0, 1000.0));
-}
 
 Slip betSheetSlip(const HorseTable &horses, const QString &event, const QString &message)
 {

@@ -4,8 +4,8 @@
 #include "repair/parts/recordgrid.h"
 #include "repair/savedcopies.h"
 #include "ui/controls.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -325,6 +325,6 @@ void frmfixb::print()
     QList<QStringList> rows;
     for (int row = 0; row < m_order->rowCount(); ++row)
         rows << m_model->list().rows[m_order->mapToSource(m_order->index(row, 0)).row()].cells;
-    trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription, u"Print"_s,
-               [&] { m_context.printer.print(recordListSlip(m_model->list(), rows)); });
+    const PrintTask task{u"Print"_s, ErrorStyle::NumberAndDescription, u"Printed"_s};
+    lblnote->setText(printSlip(this, m_context, task, recordListSlip(m_model->list(), rows)).note);
 }

@@ -5,8 +5,9 @@
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
 #include "ui/controls.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
+#include "ui/slippainter.h"
 
 #include <QBuffer>
 #include <QButtonGroup>
@@ -247,20 +248,14 @@ void frmreportb::changeFont()
 
 void frmreportb::print()
 {
-    Session &session = m_context.session;
-    if (!session.settings.mayPrint())
-        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
-    const int points = fontPoints(session.settings.fontIndex);
+    const int points = fontPoints(m_context.session.settings.fontIndex);
     const Slip slip = reportSlip(m_lines, points);
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, u"Print Reports"_s, [&] {
-        m_context.printer.print(slip);
-        QString note = u"Printed"_s;
-        if (slip.pointSize < points) {
-            note += " at "_L1 + QString::number(slip.pointSize)
-                    + " points, so that the lines fit the paper"_L1;
-        }
-        lblnote->setText(note);
-    });
+    PrintTask task{u"Print Reports"_s, ErrorStyle::DescriptionOnly, u"Printed"_s};
+    if (slip.pointSize < points) {
+        task.done += " at "_L1 + QString::number(slip.pointSize)
+                     + " points, so that the lines fit the paper"_L1;
+    }
+    lblnote->setText(printSlip(this, m_context, task, slip).note);
 }
 
 void frmreportb::saveAs(const QString &filter, const QString &suffix, const QString &label,

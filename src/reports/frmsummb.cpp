@@ -4,9 +4,8 @@
 #include "reports/betlistings.h"
 #include "reports/summaryslip.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -180,15 +179,11 @@ void frmsummb::showRow(int row, const SummaryRow &shown, bool isTotal)
 
 void frmsummb::printSummary()
 {
-    Session &session = m_context.session;
     if (!read())
         return;
-    if (!session.settings.mayPrint())
-        return lblnote->setText(u"Nothing was printed: no printer is attached"_s);
-    trapErrors(this, session, ErrorStyle::DescriptionOnly, u"Print Summary"_s, [&] {
-        m_context.printer.print(summarySlip(m_summary, session.settings.bannerAndRace()));
-        lblnote->setText(u"Printed"_s);
-    });
+    const Slip slip = summarySlip(m_summary, m_context.session.settings.bannerAndRace());
+    const PrintTask task{u"Print Summary"_s, ErrorStyle::DescriptionOnly, u"Printed"_s};
+    lblnote->setText(printSlip(this, m_context, task, slip).note);
 }
 
 void frmsummb::leave()

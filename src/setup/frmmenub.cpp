@@ -8,7 +8,7 @@
 #include "setup/menurules.h"
 #include "setup/restore.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
 
 #include <QGridLayout>
@@ -291,10 +291,16 @@ bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool p
 {
     Session &session = m_context.session;
     keepTwins(session, file);
-    if (printWanted
-        && !printOrList(m_context, raceRefunds(session, file, stakes),
-                        session.settings.receiptsPrint()))
-        addNote(u"The refund list is in its own window."_s);
+    if (printWanted) {
+        const PrintTask task{
+            .label = u"Print Refunds"_s,
+            .style = ErrorStyle::DescriptionAndLabel,
+            .gate = PrintGate::Receipts,
+        };
+        addNote(printOrList(this, m_context, task, raceRefunds(session, file, stakes),
+                            u"The refund list"_s)
+                    .note);
+    }
     if (!deleteTwins(session, file, stakes)) {
         showMessage(this,
                     u"Another computer changed the bets meanwhile. Nothing was cleared: "
@@ -384,5 +390,6 @@ void frmmenub::endNetwork()
 
 void frmmenub::addNote(const QString &note)
 {
-    lblnote->setText(lblnote->text().isEmpty() ? note : QString(lblnote->text() + u'\n' + note));
+    if (!note.isEmpty())
+        lblnote->setText(lblnote->text().isEmpty() ? note : lblnote->text() + u'\n' + note);
 }

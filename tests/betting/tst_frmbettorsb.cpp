@@ -176,6 +176,8 @@ void tst_frmbettorsb::refundWithoutPaper()
         BoxRobot robot;
         event.list();
         robot.expect("Delete "_L1 + name, u"Bettors"_s);
+        if (printerFails)
+            robot.expect(u"482 Printer error"_s, u"Refund Bets"_s);
         event.removeName(name);
         QVERIFY(robot.allCame());
         QCOMPARE(event.names().size(), 2);

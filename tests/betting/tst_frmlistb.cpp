@@ -1,7 +1,7 @@
 #include "common/files/fileerror.h"
 #include "kit/testkit.h"
-#include "ui/listwindow.h"
 #include "ui/mainwindow.h"
+#include "ui/printing.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +24,12 @@ QWidget *openListing(TestEvent &event)
 {
     event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n");
     event.open(u"frmbettorsb"_s);
-    showListing({event.session, event.navigator(), event.printer},
-                {u" 2  5.00"_s, u"SMITH & <b>SONS</b>"_s});
+    Slip listing;
+    listing.addLine(u" 2  5.00"_s);
+    listing.addPageBreak();
+    listing.startBlock();
+    listing.addLine(u"SMITH & <b>SONS</b>"_s);
+    showListing({event.session, event.navigator(), event.printer}, listing);
     QCoreApplication::processEvents();
     return child<QWidget>(event.navigator().window(), u"frmlistb"_s);
 }
@@ -64,6 +68,8 @@ void tst_frmlistb::copies()
     QStringList printed;
     for (const Slip &slip : event.slips) {
         QVERIFY(slip.fontName == u"Courier New"_s && slip.pointSize == 8);
+        for (int line = 1; line < slip.lines.size(); line += 2)
+            QVERIFY(slip.blockStarts.contains(line));
         printed += slipText(slip);
     }
     QStringList expected;

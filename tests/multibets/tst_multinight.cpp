@@ -116,7 +116,7 @@ void tst_multinight::night()
              (QStringList{u"NO WINNERS - REFUND"_s, u" "_s, u"BOB $1.50"_s}));
     clickButton(screen, u"cmdexacta"_s); // the finish stays; line 3 does not count
     clickButton(screen, u"cmdenterwin"_s);
-    QCOMPARE(figures(), u"$1 Combination Pays $0.90 $08.00 $00.80 $7.20"_s);
+    QCOMPARE(figures(), u"$1 Ticket Pays $0.90 $08.00 $00.80 $7.20"_s);
     robot.expectInput(u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s, u"2"_s);
     clickButton(screen, u"cmdprint"_s);
     QVERIFY(robot.allCame());
@@ -125,7 +125,7 @@ void tst_multinight::night()
     QCOMPARE(slipText(event.slips[1]).join(u'|'),
              u"Kentucky Derby EXACTA  List of Winners/Refunds||ANN $1.80|BOB $5.40||"
              "House Cut     $00.80||Total Paid    $7.20||Total Pool    $08.00||"
-             "$1 Combination Pays              $0.90"_s);
+             "$1 Ticket Pays              $0.90"_s);
 
     // Back on the multibet screen, and to the summary.
     event.slips.clear();

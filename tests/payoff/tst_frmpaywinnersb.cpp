@@ -447,6 +447,8 @@ void tst_frmpaywinnersb::refusedSlipsAreListed()
     clickButton(screen, u"cmdreturn"_s);
     expectNothingMore();
     QCOMPARE(navigator->currentName(), u"frmmenub"_s);
+    QVERIFY(labelText(navigator->current(), u"lblnote"_s)
+                .endsWith("The list of payoff slips is in its own window."_L1));
     const auto *list = navigator->window()->findChild<QListWidget *>(u"List1"_s);
     QVERIFY(list && list->item(0)->text().startsWith("Bettor Name: EVE"_L1));
 }

@@ -1,5 +1,9 @@
+#include "kit/printserver.h"
 #include "kit/testkit.h"
 #include "racecard/papersheets.h"
+#include "ui/slippainter.h"
+
+#include <QPdfWriter>
 
 using namespace Qt::StringLiterals;
 
@@ -9,7 +13,7 @@ class tst_papersheets : public QObject
 
 private slots:
     void sheet();
-    void count();
+    void widestLetters();
     void printed();
 };
 
@@ -34,15 +38,15 @@ void tst_papersheets::sheet()
         u"Bet Sheet for Derby  Race3"_s,
         u" "_s,
         rule,
-        u"Number   Horse Name        |     Win    |     Place  |     Show   | TOTAL"_s,
+        u"Number            Horse Name   |     Win   |     Place |     Show  | TOTAL"_s,
         rule,
-        u"   1     SEABISCUIT        |            |            |            |"_s,
+        u"   1                SEABISCUIT |           |           |           |"_s,
         rule,
-        u"  1A A NAME OF TWEN        |            |            |            |"_s,
+        u"  1A            A NAME OF TWEN |           |           |           |"_s,
         rule,
-        u"  21           LAST        |            |            |            |"_s,
+        u"  21                      LAST |           |           |           |"_s,
         rule,
-        u" TOTAL BET                 |            |            |            |"_s,
+        u" TOTAL BET                     |           |           |           |"_s,
         rule,
         u" "_s,
         u" "_s,
@@ -58,13 +62,25 @@ void tst_papersheets::sheet()
     QCOMPARE(slip.pointSize, 8.0);
 }
 
-void tst_papersheets::count()
+// Whatever the letters, number and name stay apart and the bars under each other.
+void tst_papersheets::widestLetters()
 {
-    const std::pair<QString, int> answers[] = {
-        {u"2.9"_s, 2}, {{}, 0},      {u"three"_s, 0},
-        {u"0.5"_s, 0}, {u"-3"_s, 0}, {u"99999999999"_s, 1000}}; // a slip of the finger
-    for (const auto &[answer, sheets] : answers)
-        QCOMPARE(betSheetCount(answer), sheets);
+    HorseTable horses;
+    horses.post(1) = {1, 0, u"WWWW"_s, QString(14, u'W')};
+    horses.post(2) = {2, 0, u"1"_s, u"i"_s};
+    QTemporaryDir folder;
+    const QString file = folder.filePath(u"sheet.pdf"_s);
+    {
+        QPdfWriter paper(file);
+        QCOMPARE(paintSlip(betSheetSlip(horses, u"Derby  Race3"_s, {}), paper), 1);
+    }
+    const QString words = pdfText(file, {u"-bbox"_s});
+    QVERIFY(words.contains(u">WWWW<"_s) && words.contains(u">WWWWWWWWWWWWWW<"_s));
+    static const QRegularExpression bar(uR"_(xMin="([^"]+)"[^>]*>\|<)_"_s);
+    QMap<QString, int> bars;
+    for (const auto &match : bar.globalMatch(words))
+        ++bars[match.captured(1)];
+    QCOMPARE(bars.values(), (QList<int>{4, 4, 4, 4}));
 }
 
 // Each sheet is a job of its own; without receipts nothing goes to paper.
@@ -91,8 +107,7 @@ void tst_papersheets::printed()
     event.session.settings.setReceiptPrinting(false);
     QVERIFY(print(u"3"_s));
     QCOMPARE(event.slips.size(), 3);
-    QCOMPARE(labelText(screen, u"lblnote"_s),
-             u"Receipt printing is off: no bet sheet was printed."_s);
+    QCOMPARE(labelText(screen, u"lblnote"_s), u"Nothing was printed: receipt printing is off."_s);
 }
 
 TRELAWN_TEST(tst_papersheets)

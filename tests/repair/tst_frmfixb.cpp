@@ -78,6 +78,11 @@ private slots:
         const QStringList printed = slipText(event.slips.last());
         QCOMPARE(printed.size(), 6);
         QVERIFY(printed[4].startsWith("2          1"_L1));
+        event.session.settings.printerAttached = false;
+        clickButton(screen, u"cmdprint"_s);
+        QCOMPARE(event.slips.size(), 1);
+        QCOMPARE(labelText(screen, u"lblnote"_s),
+                 u"Nothing was printed: no printer is attached."_s);
 
         clickButton(screen, u"cmdupdate"_s);
         for (const auto &twin : {u"Bets Race2"_s, u"Betsbackup Race2"_s})

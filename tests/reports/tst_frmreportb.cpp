@@ -164,7 +164,7 @@ private slots:
         clickButton(m_screen, u"cmdprint"_s);
         QCOMPARE(m_event->slips.size(), 2);
         QCOMPARE(labelText(m_screen, u"lblnote"_s),
-                 u"Nothing was printed: no printer is attached"_s);
+                 u"Nothing was printed: no printer is attached."_s);
         QVERIFY(robot.allCame());
     }
 

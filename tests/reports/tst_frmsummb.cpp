@@ -130,7 +130,8 @@ private slots:
         m_event->session.settings.printerAttached = false;
         clickButton(screen, u"cmdprint"_s);
         QCOMPARE(m_event->slips.size(), 1);
-        QCOMPARE(labelText(screen, u"lblnote"_s), u"Nothing was printed: no printer is attached"_s);
+        QCOMPARE(labelText(screen, u"lblnote"_s),
+                 u"Nothing was printed: no printer is attached."_s);
         clickButton(screen, u"cmdreturn"_s);
         QCOMPARE(m_event->navigator().currentName(), u"frmsheetb"_s);
 

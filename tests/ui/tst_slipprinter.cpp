@@ -1,29 +1,25 @@
-#include "common/files/fileerror.h"
+#include "kit/printserver.h"
 #include "kit/testkit.h"
-#include "ui/listwindow.h"
-#include "ui/mainwindow.h"
+#include "ui/slippainter.h"
 
 #include <QFontInfo>
 #include <QFontMetricsF>
-#include <QListWidget>
 #include <QPdfWriter>
-#include <QProcess>
 
 using namespace Qt::StringLiterals;
 
-// Slips on paper: the lines, the columns, the pages, and what happens without a printer.
+// Slips on paper: the lines, the columns and the pages.
 class tst_slipprinter : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void zones();
     void columnsOnPaper();
     void pages();
+    void blocks();
+    void wideLines();
     void refusedDevice();
-    void noPrinter();
-    void listInsteadOfPaper();
     void substitutes();
 
 private:
@@ -31,12 +27,6 @@ private:
 
     QTemporaryDir m_folder;
 };
-
-void tst_slipprinter::initTestCase()
-{
-    // No print server answers here, so that no test ever prints.
-    qputenv("CUPS_SERVER", "/nonexistent");
-}
 
 // Paints the slip and reads the words back from the paper; a form feed ends each page.
 QStringList tst_slipprinter::print(const Slip &slip, int &pages) const
@@ -47,11 +37,7 @@ QStringList tst_slipprinter::print(const Slip &slip, int &pages) const
         device.setPageSize(QPageSize(QPageSize::Letter));
         pages = paintSlip(slip, device);
     }
-    QProcess reader;
-    reader.start(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s});
-    if (!reader.waitForFinished() || reader.exitCode() != 0)
-        qFatal("pdftotext: %s", reader.readAllStandardError().constData());
-    return QString::fromUtf8(reader.readAllStandardOutput()).split(u'\n');
+    return pdfText(file).split(u'\n');
 }
 
 void tst_slipprinter::zones()
@@ -108,42 +94,60 @@ void tst_slipprinter::pages()
     QCOMPARE(sheets.last().split(u'\n').value(2).trimmed(), u"Total"_s);
 }
 
+// A block stays on one page unless it is longer than a page.
+void tst_slipprinter::blocks()
+{
+    Slip slip{u"Courier New"_s, 20, false, {}, 1};
+    slip.addLine(u"Heading"_s);
+    const QString names = u"ABCDEF"_s;
+    constexpr int lengths[] = {12, 12, 12, 12, 50, 3};
+    for (const int length : lengths) {
+        slip.startBlock();
+        const QString name = names.sliced(slip.blockStarts.size() - 1, 1);
+        for (int i = 1; i <= length; ++i)
+            slip.addLine(name + QString::number(i));
+        slip.addLine(QString());
+    }
+    int pages = 0;
+    const QStringList sheets = print(slip, pages).join(u'\n').split(u'\f');
+    const auto pageOf = [&](const QString &word) {
+        for (int page = 0; page < sheets.size(); ++page) {
+            if (sheets[page].simplified().split(u' ').contains(word))
+                return page;
+        }
+        return -1;
+    };
+    for (int i : {0, 1, 2, 3, 5}) {
+        const QString name = names.sliced(i, 1);
+        QVERIFY(pageOf(name + u'1') >= 0);
+        QCOMPARE(pageOf(name + u'1'), pageOf(name + QString::number(lengths[i])));
+    }
+    QCOMPARE(pageOf(u"C1"_s), pageOf(u"B1"_s) + 1); // two fill a page
+    QVERIFY(pageOf(u"E50"_s) > pageOf(u"E1"_s));
+}
+
+// What is wider than the paper is printed smaller, and what no letters are small enough for goes on
+// in the next line; nothing is cut off.
+void tst_slipprinter::wideLines()
+{
+    for (const int length : {80, 150, 900}) {
+        Slip slip{u"Courier New"_s, 12, false, {}, 0};
+        slip.addLine(QString(length - 4, u'x') + u"LAST"_s);
+        int pages = 0;
+        QStringList lines = print(slip, pages);
+        lines.removeAll(QString());
+        QCOMPARE(lines.join(QString()).remove(u'\f').size(), length);
+        QVERIFY(lines.join(QString()).contains(u"LAST"_s));
+        QCOMPARE(lines.removeAll(u"\f"_s), 1);
+        QCOMPARE(lines.size() > 1, length == 900);
+    }
+}
+
 void tst_slipprinter::refusedDevice()
 {
     QPdfWriter device(m_folder.filePath(u"none/slip.pdf"_s));
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u".*"_s));
     QCOMPARE(paintSlip(Slip(), device), 0);
-}
-
-void tst_slipprinter::noPrinter()
-{
-    try {
-        SlipPrinter().print(Slip());
-        QFAIL("nothing can have been printed");
-    } catch (const FileError &error) {
-        QCOMPARE(int(error.number()), 482);
-        QCOMPARE(error.description(), u"Printer error"_s);
-    }
-}
-
-// What may not be printed, or cannot be, is shown.
-void tst_slipprinter::listInsteadOfPaper()
-{
-    for (const auto &[mayPrint, works] : {std::pair{true, true}, {true, false}, {false, true}}) {
-        const bool onPaper = mayPrint && works;
-        TestEvent event(false);
-        if (!works)
-            event.printer.setDestination({});
-        Slip refunds;
-        refunds.addLine(zonedLine(u"ANNA"_s, u"$5.00"_s));
-        QCOMPARE(printOrList({event.session, event.navigator(), event.printer}, refunds, mayPrint),
-                 onPaper);
-        QCOMPARE(event.slips.size(), onPaper ? 1 : 0);
-        const auto *list = event.navigator().window()->findChild<QListWidget *>(u"List1"_s);
-        QCOMPARE(list == nullptr, onPaper);
-        if (list)
-            QCOMPARE(list->item(0)->text(), slipText(refunds).front());
-    }
 }
 
 // Named fonts keep their widths on a system that lacks them.

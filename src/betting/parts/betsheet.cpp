@@ -12,9 +12,8 @@
 #include "common/print/format.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -32,6 +31,11 @@ namespace {
 QString dollars(float amount)
 {
     return formatMoney(amount, "$#,##0.00");
+}
+
+QString withBlank(const QString &sentence)
+{
+    return sentence.isEmpty() ? QString() : QString(u' ' + sentence);
 }
 
 QString betCount(std::size_t bets)
@@ -323,12 +327,10 @@ void BetSheet::finishPlacement(const Placement &placement)
     QString result = betCount(placement.plan.bets.size()) + u" of "_s
                      + dollars(placement.plan.total()) + u" placed for "_s + m_bettorName + u'.';
     if (session.settings.receiptsPrint()) {
-        const bool printed = trapped([&] {
-            labelled(session, u"Bet receipt"_s,
-                     [&] { m_context.printer.print(betReceipt(session.settings, m_prior)); });
-        });
-        if (!printed)
-            result += u" The receipt was not printed."_s;
+        const Printed receipt =
+            printSlip(this, m_context, {u"Bet receipt"_s, ErrorStyle::NumberAndDescription},
+                      betReceipt(session.settings, m_prior));
+        result += receipt.isComplete ? withBlank(receipt.note) : u" The receipt was not printed."_s;
     }
     clearEntries();
     m_bettor = 0;
@@ -357,22 +359,22 @@ void BetSheet::deletePrior()
         note(u"The race's bets changed meanwhile: nothing was deleted. Select the bets again."_s);
     } else {
         note(betCount(std::size_t(selected.size())) + u" deleted, refund "_s
-             + dollars(deleted.refund) + u" to "_s + m_prior.name + u'.');
-        printRefund(deleted);
+             + dollars(deleted.refund) + u" to "_s + m_prior.name + u'.'
+             + withBlank(printRefund(deleted)));
     }
     listPriorBets(m_prior.bettor, m_prior.name);
 }
 
-void BetSheet::printRefund(const DeletedBets &deleted)
+// The bets are gone; their list must not be.
+QString BetSheet::printRefund(const DeletedBets &deleted)
 {
-    Session &session = m_context.session;
-    if (!session.settings.receiptsPrint())
-        return;
-    const Slip slip = priorBetsRefund(session.settings, m_prior.name, deleted);
-    const bool printed = trapped(
-        [&] { labelled(session, u"Refund Bets"_s, [&] { m_context.printer.print(slip); }); });
-    if (!printed)
-        showListing(m_context, slipText(slip)); // the bets are gone; their list must not be
+    const Settings &settings = m_context.session.settings;
+    if (!settings.receiptsPrint())
+        return {};
+    const PrintTask task{u"Refund Bets"_s, ErrorStyle::NumberAndDescription};
+    return printOrList(this, m_context, task, priorBetsRefund(settings, m_prior.name, deleted),
+                       u"The refund list"_s)
+        .note;
 }
 
 void BetSheet::switchReceipts()

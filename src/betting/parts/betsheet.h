@@ -82,7 +82,7 @@ private:
     void finishPlacement(const Placement &placement);
     void stopAtNegative(const PlacementPlan &plan);
     void deletePrior();
-    void printRefund(const DeletedBets &deleted);
+    QString printRefund(const DeletedBets &deleted);
     void switchReceipts();
     void showReceiptSetting();
 

@@ -151,10 +151,8 @@ void appendMultibets(Session &session, std::span<const Multibet> bets)
                 u"Append Bets"_s, u"Append Bets"_s);
 }
 
-bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed,
-                     const std::function<void()> &beforeRewrite)
+bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed)
 {
-    bool announced = !beforeRewrite;
     const auto withoutRemoved = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
         const MultibetTable bets = parseMultibets(bytes.toStdString());
         const QList<Multibet> own = multibetsOf(bets, bettor);
@@ -164,9 +162,6 @@ bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &
                 return {};
             dropped[std::size_t(bet.place)] = true;
         }
-        if (!std::exchange(announced, true))
-            beforeRewrite();
-
         QByteArray kept;
         std::size_t place = 0;
         for (const MultibetRow &row : bets.rows) {

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <array>
-#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -75,7 +74,6 @@ struct PlacedMultibet
 };
 
 // Reads the file again and rewrites it and its twin without exactly these bets of the bettor, after
-// a copy of both went to Saved; \a beforeRewrite runs first. When a place now holds another bet,
-// nothing is changed and the result is false. All other lines stay byte for byte.
-bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed,
-                     const std::function<void()> &beforeRewrite = {});
+// a copy of both went to Saved. When a place now holds another bet, nothing is changed and the
+// result is false. All other lines stay byte for byte.
+bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed);

@@ -1,5 +1,6 @@
 #include "common/files/hostsystem.h"
 
+#include <QLibrary>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -114,5 +115,19 @@ bool hasNativeDrives()
     return true;
 #else
     return false;
+#endif
+}
+
+bool printSystemTookJob()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    // Qt's print plugin has loaded this library; it keeps the answer for each thread.
+    using LastError = int (*)();
+    const auto lastError =
+        reinterpret_cast<LastError>(QLibrary::resolve(u"cups"_s, 2, "cupsLastError"));
+    constexpr int firstFailure = 0x100; // below it stand the kinds of success
+    return lastError && lastError() >= 0 && lastError() < firstFailure;
+#else
+    return true;
 #endif
 }

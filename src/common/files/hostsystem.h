@@ -36,3 +36,7 @@ QString mountedShare(const QString &computer, const QString &share);
 
 // True where C:\ and \\NAME\ paths are the system's own and need no mapping.
 bool hasNativeDrives();
+
+// Whether the print system accepted the job that this thread handed it last. True where the system
+// has no answer to ask for.
+bool printSystemTookJob();

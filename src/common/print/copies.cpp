@@ -2,7 +2,13 @@
 
 #include "common/print/format.h"
 
-using namespace Qt::StringLiterals;
+#include <algorithm>
+#include <limits>
+
+int copiesAsked(const QString &answer)
+{
+    return int(std::clamp(numericValue(answer), 0.0, double(std::numeric_limits<int>::max())));
+}
 
 int listingCopies(const QString &answer)
 {
@@ -12,14 +18,13 @@ int listingCopies(const QString &answer)
     return value < 1 || value > 100 ? 1 : int(value);
 }
 
-QList<Slip> listingSlips(const QStringList &lines, int copies, bool separated)
+Slip copiesInOneJob(const Slip &listing, int copies)
 {
-    QList<Slip> slips;
-    for (int copy = 0; copy < copies; ++copy) {
-        if (separated || slips.isEmpty())
-            slips.append(Slip{u"Courier New"_s, 8, false, {}, 0});
-        for (const QString &line : lines)
-            slips.last().addLine(line);
+    Slip all = listing;
+    for (int copy = 1; copy < copies; ++copy) {
+        for (const int start : listing.blockStarts)
+            all.blockStarts.append(start + int(all.lines.size()));
+        all.lines += listing.lines;
     }
-    return slips;
+    return all;
 }

@@ -21,12 +21,18 @@ struct Slip
     QString fontName; // "Courier New", "MS Sans Serif"
     double pointSize = 8;
     bool bold = false;
-    QList<SlipLine> lines;
+    QList<SlipLine> lines = {};
     int headingLines = 0;   // the first lines, repeated at the top of every further page
     bool evenPitch = false; // every character takes the same width, whatever the font
+    // The lines, in rising order, at which a block begins that no page's end may part. Each reaches
+    // to the next, the last to the end.
+    QList<int> blockStarts = {};
 
     void addLine(const QString &text) { lines.append(SlipLine{{1, text}}); }
     void addLine(const SlipLine &line) { lines.append(line); }
+
+    // Lets a block begin at the next line.
+    void startBlock() { blockStarts.append(int(lines.size())); }
 
     // Ends the page: what follows starts on a new one.
     void addPageBreak();

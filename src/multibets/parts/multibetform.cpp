@@ -3,7 +3,6 @@
 #include "multibets/parts/typebuttons.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
-#include "ui/listwindow.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

@@ -5,8 +5,8 @@
 #include "multibets/legs.h"
 #include "multibets/parts/typebuttons.h"
 #include "ui/controls.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
-#include "ui/slipprinter.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -90,21 +90,14 @@ QStringList listLines(const QListWidget *list)
     return lines;
 }
 
-QString printCopies(QWidget *screen, const ScreenContext &context, const CopiesQuestion &question,
-                    const Slip &slip)
+QString printAskedCopies(QWidget *screen, const ScreenContext &context,
+                         const CopiesQuestion &question, const Slip &slip)
 {
-    Session &session = context.session;
-    const int copies = listingCopies(askText(screen, question.text, question.title, u"1"_s));
+    const int copies = copiesAsked(askText(screen, question.text, question.title, u"1"_s));
     if (copies == 0)
         return {};
-    if (!session.settings.mayPrint())
-        return u"Nothing was printed: no printer is attached"_s;
-    const bool printed =
-        trapErrors(screen, session, ErrorStyle::DescriptionOnly, question.operation, [&] {
-            for (int copy = 0; copy < copies; ++copy)
-                context.printer.print(slip);
-        });
-    return printed ? question.printed + QString::number(copies) : QString();
+    const PrintTask task{question.operation, ErrorStyle::DescriptionOnly, question.printed};
+    return printCopies(screen, context, task, slip, copies).note;
 }
 
 CopiesQuestion listCopiesQuestion()

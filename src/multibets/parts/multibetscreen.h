@@ -62,8 +62,8 @@ struct CopiesQuestion
 };
 
 // Asks for the number of copies and prints them. Returns the note to show, null for none.
-QString printCopies(QWidget *screen, const ScreenContext &context, const CopiesQuestion &question,
-                    const Slip &slip);
+QString printAskedCopies(QWidget *screen, const ScreenContext &context,
+                         const CopiesQuestion &question, const Slip &slip);
 
 // The question before a list of multibets is printed.
 CopiesQuestion listCopiesQuestion();

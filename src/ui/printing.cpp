@@ -1,0 +1,96 @@
+#include "ui/printing.h"
+
+#include "common/event/session.h"
+#include "ui/prompts.h"
+#include "ui/slipprinter.h"
+
+#include <QListWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Why the gate is closed; empty when it is open.
+QString closedBy(PrintGate gate, const Settings &settings)
+{
+    if (!settings.mayPrint())
+        return u"Nothing was printed: no printer is attached."_s;
+    if (gate == PrintGate::Receipts && !settings.receiptsPrint())
+        return u"Nothing was printed: receipt printing is off."_s;
+    return {};
+}
+
+QString joined(const QString &first, const QString &second)
+{
+    return first.isEmpty() || second.isEmpty() ? first + second : QString(first + u' ' + second);
+}
+
+QString pausedNote(SlipPrinter::Job job)
+{
+    return job == SlipPrinter::Job::Waiting
+               ? u"The printer is paused: it prints when it is resumed."_s
+               : QString();
+}
+
+} // namespace
+
+Printed printSlip(QWidget *screen, const ScreenContext &context, const PrintTask &task,
+                  const Slip &slip)
+{
+    if (const QString reason = closedBy(task.gate, context.session.settings); !reason.isEmpty())
+        return {false, reason};
+    auto job = SlipPrinter::Job::Printed;
+    if (!trapErrors(screen, context.session, task.style, task.label,
+                    [&] { job = context.printer.print(slip); }))
+        return {};
+    return {true, joined(task.done, pausedNote(job))};
+}
+
+Printed printCopies(QWidget *screen, const ScreenContext &context, const PrintTask &task,
+                    const Slip &slip, int copies)
+{
+    if (const QString reason = closedBy(task.gate, context.session.settings); !reason.isEmpty())
+        return {false, reason};
+    int printed = 0;
+    auto job = SlipPrinter::Job::Printed;
+    trapErrors(screen, context.session, task.style, task.label, [&] {
+        for (; printed < copies; ++printed)
+            job = context.printer.print(slip);
+    });
+    QString note = task.done + QString::number(printed);
+    if (printed < copies)
+        note += " of "_L1 + QString::number(copies);
+    return {printed == copies, joined(note, pausedNote(job))};
+}
+
+Printed printOrList(QWidget *screen, const ScreenContext &context, const PrintTask &task,
+                    const Slip &slip, const QString &listed)
+{
+    Printed result = printSlip(screen, context, task, slip);
+    if (!result.isComplete) {
+        showListing(context, slip);
+        result.note = joined(result.note, listed + u" is in its own window."_s);
+    }
+    return result;
+}
+
+void showListing(const ScreenContext &context, const Slip &slip)
+{
+    QWidget *window = context.navigator.openBeside(u"frmlistb"_s);
+    auto *list = window->findChild<QListWidget *>(u"List1"_s);
+    for (int i = 0; i < int(slip.lines.size()); ++i) {
+        if (Slip::isPageBreak(slip.lines[i]))
+            continue;
+        list->addItem(lineText(slip.lines[i]));
+        if (slip.blockStarts.contains(i))
+            list->item(list->count() - 1)->setData(Qt::UserRole, true);
+    }
+}
+
+void showListing(const ScreenContext &context, const QStringList &lines)
+{
+    Slip slip;
+    for (const QString &line : lines)
+        slip.addLine(line);
+    showListing(context, slip);
+}
