@@ -126,18 +126,14 @@ void PrintServer::setDefaultQueue(const QString &queue)
 
 QStringList PrintServer::papers(qsizetype jobs) const
 {
-    const QDir folder(path(u"paper"_s), u"*.pdf"_s, QDir::Time | QDir::Reversed);
-    const auto files = [&] {
-        QDir fresh(folder);
-        fresh.refresh();
-        return fresh.entryInfoList();
-    };
+    const QDir folder(path(u"paper"_s));
+    const auto files = [&] { return folder.entryList({u"*.pdf"_s}); };
     if (!QTest::qWaitFor([&] { return files().size() >= jobs; }))
         qFatal("%lld of %lld jobs were printed", qint64(files().size()), qint64(jobs));
-    QStringList texts;
-    for (const QFileInfo &file : files())
-        texts.append(pdfText(file.filePath()));
-    return texts;
+    QMap<int, QString> texts; // by the number of the job
+    for (const QString &file : files())
+        texts.insert(file.chopped(4).toInt(), pdfText(folder.filePath(file)));
+    return texts.values();
 }
 
 qsizetype PrintServer::waitingJobs(const QString &queue)
