@@ -1,103 +1,29 @@
 #include "kit/testkit.h"
 
-#include "common/event/eventfiles.h"
-#include "common/event/init.h"
-#include "common/files/fileerror.h"
 #include "kit/faultywrites.h"
 #include "screens.h"
 #include "ui/controls.h"
 #include "ui/look.h"
-#include "ui/mainwindow.h"
 
-#include <QDialog>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QInputDialog>
-#include <QLabel>
-#include <QListWidget>
-#include <QLocale>
-#include <QMessageBox>
-#include <QRadioButton>
-#include <QTimer>
+namespace {
 
-using namespace Qt::StringLiterals;
-
-BoxRobot::BoxRobot()
+struct Expected
 {
-    qApp->installEventFilter(this);
-}
+    QString text;
+    QString title;
+    Answer answer;
+    bool input = false;
+    QString typed = {};
+    bool kept = false;
+};
 
-BoxRobot::~BoxRobot()
-{
-    qApp->removeEventFilter(this);
-}
+// What all robots share.
+QList<Expected> queue;
+QStringList faults;
+int robots = 0;
 
-void BoxRobot::expect(const QString &text, const QString &title, Answer answer)
+void answerMessage(QMessageBox *box, const Expected &expected)
 {
-    m_queue.append({text, title, answer, false, {}, false});
-}
-
-void BoxRobot::expectInput(const QString &text, const QString &title, const QString &typed)
-{
-    m_queue.append({text, title, typed.isNull() ? Answer::Cancel : Answer::Ok, true, typed, false});
-}
-
-void BoxRobot::expectInputKept(const QString &text, const QString &title)
-{
-    m_queue.append({text, title, Answer::Ok, true, {}, true});
-}
-
-bool BoxRobot::allCame()
-{
-    for (const Expected &expected : std::as_const(m_queue))
-        m_faults << "did not come: "_L1 + expected.title + ": "_L1 + expected.text;
-    for (const QString &fault : std::as_const(m_faults))
-        qInfo("%s", qPrintable(fault));
-    const bool good = m_faults.isEmpty();
-    m_queue.clear();
-    m_faults.clear();
-    return good;
-}
-
-bool BoxRobot::eventFilter(QObject *object, QEvent *event)
-{
-    if (event->type() == QEvent::Show) {
-        auto *dialog = qobject_cast<QDialog *>(object);
-        if (dialog && dialog->isModal()) {
-            QMetaObject::invokeMethod(
-                this, [this, dialog] { answer(dialog); }, Qt::QueuedConnection);
-        }
-    }
-    return QObject::eventFilter(object, event);
-}
-
-void BoxRobot::answer(QWidget *widget)
-{
-    auto *box = qobject_cast<QMessageBox *>(widget);
-    auto *input = qobject_cast<QInputDialog *>(widget);
-    if (!box && !input)
-        return;
-    const QString text = box ? box->text() : input->labelText();
-    const QString title = widget->windowTitle();
-    auto *dialog = qobject_cast<QDialog *>(widget);
-    if (m_queue.isEmpty()) {
-        m_faults << "unexpected: "_L1 + title + ": "_L1 + text;
-        return dialog->reject();
-    }
-    const Expected expected = m_queue.takeFirst();
-    if (expected.text != text || expected.title != title || expected.input != (input != nullptr)) {
-        m_faults << "expected: "_L1 + expected.title + ": "_L1 + expected.text + " but came: "_L1
-                        + title + ": "_L1 + text;
-    }
-    if (input) {
-        if (expected.kept)
-            return input->accept();
-        if (expected.typed.isNull())
-            return input->reject();
-        input->setTextValue(expected.typed);
-        return input->accept();
-    }
     static const QMap<Answer, QMessageBox::StandardButton> buttons{
         {Answer::Ok, QMessageBox::Ok},
         {Answer::Yes, QMessageBox::Yes},
@@ -105,8 +31,102 @@ void BoxRobot::answer(QWidget *widget)
         {Answer::Cancel, QMessageBox::Cancel}};
     if (QAbstractButton *button = box->button(buttons.value(expected.answer)))
         return button->click();
-    m_faults << "no such button on: "_L1 + title + ": "_L1 + text;
+    faults << "no such button on: "_L1 + expected.title + ": "_L1 + expected.text;
     box->reject();
+}
+
+void answerInput(QInputDialog *input, const Expected &expected)
+{
+    if (!expected.kept && expected.typed.isNull())
+        return input->reject();
+    if (!expected.kept)
+        input->setTextValue(expected.typed);
+    input->accept();
+}
+
+void answerBox(QDialog *dialog)
+{
+    auto *box = qobject_cast<QMessageBox *>(dialog);
+    auto *input = qobject_cast<QInputDialog *>(dialog);
+    if (!box && !input)
+        return;
+    const QString text = box ? box->text() : input->labelText();
+    const QString title = dialog->windowTitle();
+    if (queue.isEmpty()) {
+        faults << "unexpected: "_L1 + title + ": "_L1 + text;
+        return dialog->reject();
+    }
+    const Expected expected = queue.takeFirst();
+    if (expected.text != text || expected.title != title || expected.input != (input != nullptr)) {
+        faults << "expected: "_L1 + expected.title + ": "_L1 + expected.text + " but came: "_L1
+                      + title + ": "_L1 + text;
+    }
+    if (box)
+        answerMessage(box, expected);
+    else
+        answerInput(input, expected);
+}
+
+class BoxWatcher : public QObject
+{
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (auto *dialog = qobject_cast<QDialog *>(object);
+            dialog && event->type() == QEvent::Show && dialog->isModal()) {
+            QMetaObject::invokeMethod(
+                dialog, [dialog] { answerBox(dialog); }, Qt::QueuedConnection);
+        }
+        return false;
+    }
+};
+
+BoxWatcher *boxWatcher = nullptr;
+
+} // namespace
+
+BoxRobot::BoxRobot()
+{
+    if (robots++ > 0)
+        return;
+    boxWatcher = new BoxWatcher;
+    qApp->installEventFilter(boxWatcher);
+}
+
+BoxRobot::~BoxRobot()
+{
+    if (--robots > 0)
+        return;
+    delete boxWatcher;
+    if (!allCame())
+        QTest::qFail("other boxes came than expected", __FILE__, __LINE__);
+}
+
+void BoxRobot::expect(const QString &text, const QString &title, Answer answer)
+{
+    queue.append({text, title, answer});
+}
+
+void BoxRobot::expectInput(const QString &text, const QString &title, const QString &typed)
+{
+    queue.append({text, title, Answer::Ok, true, typed});
+}
+
+void BoxRobot::expectInputKept(const QString &text, const QString &title)
+{
+    queue.append({text, title, Answer::Ok, true, {}, true});
+}
+
+bool BoxRobot::allCame()
+{
+    for (const Expected &expected : std::as_const(queue))
+        faults << "did not come: "_L1 + expected.title + ": "_L1 + expected.text;
+    for (const QString &fault : std::as_const(faults))
+        qInfo("%s", qPrintable(fault));
+    const bool good = faults.isEmpty();
+    queue.clear();
+    faults.clear();
+    return good;
 }
 
 namespace {
@@ -177,6 +197,38 @@ void TestEvent::write(const QString &fileName, const QByteArray &bytes) const
 bool TestEvent::exists(const QString &fileName) const
 {
     return QFileInfo::exists(path(fileName));
+}
+
+static QString twinOf(const QString &fileName)
+{
+    const qsizetype blank = fileName.indexOf(u' ');
+    QString twin = fileName;
+    return twin.insert(blank < 0 ? twin.size() : blank, u"backup"_s);
+}
+
+void TestEvent::writeTwins(const QString &fileName, const QByteArray &bytes) const
+{
+    write(fileName, bytes);
+    write(twinOf(fileName), bytes);
+}
+
+QByteArray TestEvent::readTwins(const QString &fileName) const
+{
+    const QByteArray main = read(fileName);
+    const QByteArray twin = read(twinOf(fileName));
+    return main == twin ? main : "the main file: " + main + "its twin: " + twin;
+}
+
+void TestEvent::block(const QString &fileName) const
+{
+    if ((exists(fileName) && !QFile::remove(path(fileName))) || !QDir().mkdir(path(fileName)))
+        qFatal("cannot block %s", qPrintable(fileName));
+}
+
+void TestEvent::unblock(const QString &fileName) const
+{
+    if (!QDir().rmdir(path(fileName)))
+        qFatal("cannot unblock %s", qPrintable(fileName));
 }
 
 QStringList TestEvent::saved() const

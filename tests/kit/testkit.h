@@ -1,32 +1,37 @@
 #pragma once
 
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
+#include "common/event/racefiles.h"
 #include "common/event/session.h"
+#include "common/files/fileerror.h"
+#include "ui/mainwindow.h"
 #include "ui/navigator.h"
 #include "ui/slipprinter.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>
 
-// What the tests share: an event in a temporary folder, answers to boxes, slips that were printed.
+// What the tests share: an event in a temporary folder, answers to boxes, slips that were printed,
+// tables of cases. It brings in Qt Test, Qt Widgets and the headers that nearly every test needs.
+
+using namespace Qt::StringLiterals;
 
 // How a test answers a box.
 enum class Answer { Ok, Yes, No, Cancel };
 
 // Answers real message and input boxes from a queue, in order, and demands the exact texts. An
-// unexpected or a missing box fails the test.
-class BoxRobot : public QObject
+// unexpected box, or one that did not come until the robot's end, fails the test. All robots share
+// one queue, so that two computers' events can be played in one test.
+class BoxRobot
 {
-    Q_OBJECT
-
 public:
     BoxRobot();
-    ~BoxRobot() override;
+    ~BoxRobot();
+    Q_DISABLE_COPY_MOVE(BoxRobot)
 
     // A message box or question with exactly this text and title.
     void expect(const QString &text, const QString &title, Answer answer = Answer::Ok);
@@ -37,26 +42,9 @@ public:
     // An input box whose text is accepted as it stands there.
     void expectInputKept(const QString &text, const QString &title);
 
-    // True when all expected boxes came and no other; call it through QVERIFY at each step's end.
+    // True when all expected boxes came and no other. A test that goes on calls it through QVERIFY
+    // where it matters that a box came before the next step.
     bool allCame();
-
-protected:
-    bool eventFilter(QObject *object, QEvent *event) override;
-
-private:
-    struct Expected
-    {
-        QString text;
-        QString title;
-        Answer answer;
-        bool input;
-        QString typed;
-        bool kept = false;
-    };
-    void answer(QWidget *dialog);
-
-    QList<Expected> m_queue;
-    QStringList m_faults;
 };
 
 // A session whose drives lie in a temporary folder, with Init drive C: and the event directory
@@ -67,6 +55,7 @@ class TestEvent
 public:
     explicit TestEvent(bool withFiles = true);
 
+    BoxRobot boxes;
     Session session;
     SlipPrinter printer; // hands its slips to `slips`
     QList<Slip> slips;
@@ -76,6 +65,14 @@ public:
     QByteArray read(const QString &fileName) const;
     void write(const QString &fileName, const QByteArray &bytes) const;
     bool exists(const QString &fileName) const;
+
+    // A record file and its twin: both are written; what both hold, or what tells them apart.
+    void writeTwins(const QString &fileName, const QByteArray &bytes) const;
+    QByteArray readTwins(const QString &fileName) const;
+
+    // Puts a folder where the file was, so that nothing can open it; and takes it away again.
+    void block(const QString &fileName) const;
+    void unblock(const QString &fileName) const;
 
     // The names of the copies in the folder Saved.
     QStringList saved() const;
@@ -124,6 +121,51 @@ std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList
 
 // Ends the program through the window's close box; true when that ended it.
 bool closeBoxEnds(Navigator &navigator);
+
+// A table of cases: each row is a name and the columns.
+//
+//     Rows<QString, QString> rows;
+//     rows("half a cent", u"0.005"_s, u"$0.01"_s);
+//     for (const auto &[row, typed, shown] : rows)
+//
+// When a test function ends in mid-table, the table tells in which row.
+template<typename... Columns>
+class Rows
+{
+public:
+    using Row = std::tuple<const char *, Columns...>;
+    Rows() = default;
+    ~Rows()
+    {
+        if (m_begun && m_current < m_rows.size())
+            qInfo("in the row: %s", std::get<0>(m_rows[m_current]));
+    }
+    Q_DISABLE_COPY_MOVE(Rows)
+
+    void operator()(const char *name, Columns... columns) { m_rows.push_back({name, columns...}); }
+
+    struct Iterator
+    {
+        Rows &rows;
+        const Row &operator*() const { return rows.m_rows[rows.m_current]; }
+        void operator++() { ++rows.m_current; }
+        bool operator!=(std::default_sentinel_t) const
+        {
+            return rows.m_current < rows.m_rows.size();
+        }
+    };
+    Iterator begin()
+    {
+        m_begun = true;
+        return {*this};
+    }
+    std::default_sentinel_t end() const { return {}; }
+
+private:
+    std::vector<Row> m_rows;
+    size_t m_current = 0;
+    bool m_begun = false;
+};
 
 // The number of the file error that the work fails with, 0 when it does not fail.
 int errorOf(const std::function<void()> &work);

@@ -1,124 +1,117 @@
 #include "kit/testkit.h"
 
-using namespace Qt::StringLiterals;
-
 // The calculator for slips bet under AnyBettor.
 class tst_frmanyb : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void slip();
-    void people();
-    void besideThePayScreen();
+    // Payoffs of $3.20 and so on per $1; no show money on the show horse.
+    void init()
+    {
+        event = std::make_unique<TestEvent>(false);
+        RacePayoffs &payoffs = event->session.payoffs;
+        payoffs.race = 1;
+        payoffs.finishers = {4, 2, 7};
+        payoffs.perDollar[Combination::WinWin] = 3.2F;
+        payoffs.perDollar[Combination::WinPlace] = 2.5F;
+        payoffs.perDollar[Combination::WinShow] = 1.1F;
+        payoffs.perDollar[Combination::PlacePlace] = 2;
+        payoffs.perDollar[Combination::PlaceShow] = 1.6F;
+        for (const int post : {2, 4, 7})
+            event->session.horses.post(post).name = u"HORSE %1"_s.arg(post);
+        screen = event->open(u"frmanyb"_s);
+    }
+
+    void slip()
+    {
+        // The amounts: win, place, show; place, show; show. The totals: of the rows and of the
+        // slip.
+        const std::pair<QStringList, QString> slips[] = {
+            {{u"1"_s, u"2"_s, u"3"_s, u"10"_s, u"20"_s, u"0"_s}, u"$11.50 $52.00 $0.00 $63.50"_s},
+            {{u""_s, u"x"_s, u"1.50"_s, u""_s, u""_s, u""_s}, u"$1.65 $0.00 $0.00 $1.65"_s},
+            {{u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"5"_s}, u"$0.00 $0.00 $0.00 $0.00"_s},
+            // $48.375 in four decimals, though the product is a little less
+            {{u""_s, u""_s, u"43.9772734"_s, u""_s, u""_s, u""_s}, u"$48.38 $0.00 $0.00 $48.38"_s},
+            {{u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s}, u"$3,200.00 $0.00 $0.00 $3,200.00"_s}};
+        const QString fields[] = {u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
+                                  u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
+        for (const auto &[amounts, totals] : slips) {
+            for (int i = 0; i < 6; ++i)
+                typeInto(screen, fields[i], amounts[i]);
+            clickButton(screen, u"cmdcalc"_s);
+            QCOMPARE(shown(u"txtwintotal"_s) + u' ' + shown(u"txtplacetotal"_s) + u' '
+                         + shown(u"txtshowtotal"_s) + u' ' + shown(u"txttotaltotal"_s),
+                     totals);
+        }
+        for (const auto &[field, horse] : {std::pair{u"txtwinhorse"_s, u"HORSE 4"_s},
+                                           std::pair{u"txtplacehorse"_s, u"HORSE 2"_s},
+                                           std::pair{u"txtshowhorse"_s, u"HORSE 7"_s}})
+            QCOMPARE(shown(field), horse);
+    }
+
+    // Two people; the first with two slips, rounded together.
+    void people()
+    {
+        event->session.settings.roundingIndex = 5;
+        clickButton(screen, u"cmdclear"_s);
+        QCOMPARE(shown(u"txtfactor"_s), u"1.00"_s);
+        for (const auto &bet : {u"1"_s, u"2"_s}) {
+            calculate(bet);
+            clickButton(screen, u"cmdadd"_s);
+        }
+        QCOMPARE(shown(u"txttotalbet"_s), u"$9.60"_s);
+        QCOMPARE(shown(u"txttotaldue"_s), u"$10.00"_s);
+        clickButton(screen, u"cmdadd"_s); // the same slip does not count twice
+        QCOMPARE(shown(u"txttotalbet"_s), u"$9.60"_s);
+        clickButton(screen, u"cmdpay"_s);
+        for (const auto &field :
+             {u"txttotalbet"_s, u"txttotaldue"_s, u"txtwintotal"_s, u"txttotaltotal"_s})
+            QCOMPARE(shown(field), u"$0.00"_s);
+        QCOMPARE(shown(u"txtwinwin"_s), u"0"_s);
+        calculate(u"3"_s);
+        clickButton(screen, u"cmdadd"_s);
+        clickButton(screen, u"cmdpay"_s);
+        QCOMPARE(shown(u"txttotalpaid"_s), u"$19.20"_s);
+        QCOMPARE(shown(u"txtpaidr"_s), u"$20.00"_s);
+        clickButton(screen, u"cmdclear"_s);
+        QCOMPARE(shown(u"txttotalpaid"_s), u"$0.00"_s);
+        QCOMPARE(shown(u"txtpaidr"_s), u"$0.00"_s);
+    }
+
+    // Beside another screen it is a window of its own, takes the payoffs as they are now, and its
+    // return button closes it alone.
+    void besideThePayScreen()
+    {
+        event->open(u"frmlistb"_s);
+        screen = event->navigator().openBeside(u"frmanyb"_s);
+        QVERIFY(screen->isWindow());
+        event->session.payoffs.perDollar[Combination::WinWin] = 4;
+        calculate(u"2"_s);
+        QCOMPARE(shown(u"txttotaltotal"_s), u"$8.00"_s);
+        event->session.payoffs = {};
+        clickButton(screen, u"cmdcalc"_s);
+        QCOMPARE(shown(u"txttotaltotal"_s), u"$0.00"_s);
+        QCOMPARE(shown(u"txtwinhorse"_s), QString());
+        QVERIFY(!labelText(screen, u"lblnote"_s).isEmpty());
+        QSignalSpy destroyed(screen, &QObject::destroyed);
+        clickButton(screen, u"cmdreturn"_s);
+        QTRY_COMPARE(destroyed.size(), 1);
+        QCOMPARE(event->current()->objectName(), u"frmlistb"_s);
+    }
 
 private:
     QString shown(const QString &name) const { return fieldText(screen, name); }
-    void calculate(const QString &winOnWinner);
+
+    void calculate(const QString &winOnWinner)
+    {
+        typeInto(screen, u"txtwinwin"_s, winOnWinner);
+        clickButton(screen, u"cmdcalc"_s);
+    }
 
     std::unique_ptr<TestEvent> event;
     QWidget *screen = nullptr;
 };
-
-// Payoffs of $3.20 and so on per $1; no show money on the show horse.
-void tst_frmanyb::init()
-{
-    event = std::make_unique<TestEvent>(false);
-    RacePayoffs &payoffs = event->session.payoffs;
-    payoffs.race = 1;
-    payoffs.finishers = {4, 2, 7};
-    payoffs.perDollar[Combination::WinWin] = 3.2F;
-    payoffs.perDollar[Combination::WinPlace] = 2.5F;
-    payoffs.perDollar[Combination::WinShow] = 1.1F;
-    payoffs.perDollar[Combination::PlacePlace] = 2;
-    payoffs.perDollar[Combination::PlaceShow] = 1.6F;
-    for (const int post : {2, 4, 7})
-        event->session.horses.post(post).name = u"HORSE %1"_s.arg(post);
-    screen = event->open(u"frmanyb"_s);
-}
-
-void tst_frmanyb::calculate(const QString &winOnWinner)
-{
-    typeInto(screen, u"txtwinwin"_s, winOnWinner);
-    clickButton(screen, u"cmdcalc"_s);
-}
-
-void tst_frmanyb::slip()
-{
-    // The amounts: win, place, show; place, show; show. The totals: of the rows and of the slip.
-    const std::pair<QStringList, QString> slips[] = {
-        {{u"1"_s, u"2"_s, u"3"_s, u"10"_s, u"20"_s, u"0"_s}, u"$11.50 $52.00 $0.00 $63.50"_s},
-        {{u""_s, u"x"_s, u"1.50"_s, u""_s, u""_s, u""_s}, u"$1.65 $0.00 $0.00 $1.65"_s},
-        {{u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"0"_s, u"5"_s}, u"$0.00 $0.00 $0.00 $0.00"_s},
-        // $48.375 in four decimals, though the product is a little less
-        {{u""_s, u""_s, u"43.9772734"_s, u""_s, u""_s, u""_s}, u"$48.38 $0.00 $0.00 $48.38"_s},
-        {{u"1000"_s, u""_s, u""_s, u""_s, u""_s, u""_s}, u"$3,200.00 $0.00 $0.00 $3,200.00"_s}};
-    const QString fields[] = {u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
-                              u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
-    for (const auto &[amounts, totals] : slips) {
-        for (int i = 0; i < 6; ++i)
-            typeInto(screen, fields[i], amounts[i]);
-        clickButton(screen, u"cmdcalc"_s);
-        QCOMPARE(shown(u"txtwintotal"_s) + u' ' + shown(u"txtplacetotal"_s) + u' '
-                     + shown(u"txtshowtotal"_s) + u' ' + shown(u"txttotaltotal"_s),
-                 totals);
-    }
-    for (const auto &[field, horse] :
-         {std::pair{u"txtwinhorse"_s, u"HORSE 4"_s}, std::pair{u"txtplacehorse"_s, u"HORSE 2"_s},
-          std::pair{u"txtshowhorse"_s, u"HORSE 7"_s}})
-        QCOMPARE(shown(field), horse);
-}
-
-// Two people; the first with two slips, rounded together.
-void tst_frmanyb::people()
-{
-    event->session.settings.roundingIndex = 5;
-    clickButton(screen, u"cmdclear"_s);
-    QCOMPARE(shown(u"txtfactor"_s), u"1.00"_s);
-    for (const auto &bet : {u"1"_s, u"2"_s}) {
-        calculate(bet);
-        clickButton(screen, u"cmdadd"_s);
-    }
-    QCOMPARE(shown(u"txttotalbet"_s), u"$9.60"_s);
-    QCOMPARE(shown(u"txttotaldue"_s), u"$10.00"_s);
-    clickButton(screen, u"cmdadd"_s); // the same slip does not count twice
-    QCOMPARE(shown(u"txttotalbet"_s), u"$9.60"_s);
-    clickButton(screen, u"cmdpay"_s);
-    for (const auto &field :
-         {u"txttotalbet"_s, u"txttotaldue"_s, u"txtwintotal"_s, u"txttotaltotal"_s})
-        QCOMPARE(shown(field), u"$0.00"_s);
-    QCOMPARE(shown(u"txtwinwin"_s), u"0"_s);
-    calculate(u"3"_s);
-    clickButton(screen, u"cmdadd"_s);
-    clickButton(screen, u"cmdpay"_s);
-    QCOMPARE(shown(u"txttotalpaid"_s), u"$19.20"_s);
-    QCOMPARE(shown(u"txtpaidr"_s), u"$20.00"_s);
-    clickButton(screen, u"cmdclear"_s);
-    QCOMPARE(shown(u"txttotalpaid"_s), u"$0.00"_s);
-    QCOMPARE(shown(u"txtpaidr"_s), u"$0.00"_s);
-}
-
-// Beside another screen it is a window of its own, takes the payoffs as they are now, and its
-// return button closes it alone.
-void tst_frmanyb::besideThePayScreen()
-{
-    event->open(u"frmlistb"_s);
-    screen = event->navigator().openBeside(u"frmanyb"_s);
-    QVERIFY(screen->isWindow());
-    event->session.payoffs.perDollar[Combination::WinWin] = 4;
-    calculate(u"2"_s);
-    QCOMPARE(shown(u"txttotaltotal"_s), u"$8.00"_s);
-    event->session.payoffs = {};
-    clickButton(screen, u"cmdcalc"_s);
-    QCOMPARE(shown(u"txttotaltotal"_s), u"$0.00"_s);
-    QCOMPARE(shown(u"txtwinhorse"_s), QString());
-    QVERIFY(!labelText(screen, u"lblnote"_s).isEmpty());
-    QSignalSpy destroyed(screen, &QObject::destroyed);
-    clickButton(screen, u"cmdreturn"_s);
-    QTRY_COMPARE(destroyed.size(), 1);
-    QCOMPARE(event->current()->objectName(), u"frmlistb"_s);
-}
 
 TRELAWN_TEST(tst_frmanyb)
 #include "tst_frmanyb.moc"

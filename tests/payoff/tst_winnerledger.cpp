@@ -1,17 +1,76 @@
 #include "kit/testkit.h"
 #include "payoff/winnerledger.h"
 
-using namespace Qt::StringLiterals;
-
 class tst_winnerledger : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void totals_data();
-    void totals();
-    void namesTheUnpaid();
-    void paymentsOfClosedRacesStay();
+    // Owed before anybody is paid, and paid when everybody is, to the cent.
+    void totals()
+    {
+        Rows<int, float, int, double, double> rows;
+        rows("each total is rounded for itself", 3, 1.13F, 3, 3.39, 3.75);
+        rows("many winners at .01 are owed what they are paid", 1626, 92.81F, 1, 150909.06,
+             150909.06);
+        rows("many winners at .10", 1626, 92.81F, 2, 150909.06, 150892.8);
+        for (const auto &[row, winners, stake, index, owed, rounded] : rows) {
+            WinnerLedger ledger;
+            start(ledger, 1, winners, stake, index);
+            QCOMPARE(ledger.owed(), owed);
+            QCOMPARE(ledger.owedRounded(), rounded);
+            for (int i = 0; i < winners; ++i) {
+                QCOMPARE(ledger.unpaidCount(), winners - i);
+                ledger.pay(std::size_t(i));
+            }
+            QCOMPARE(ledger.paid(), owed);
+            QCOMPARE(ledger.paidRounded(), rounded);
+        }
+    }
+
+    void namesTheUnpaid()
+    {
+        const std::tuple<int, QList<int>, QString> races[] = {
+            {3, {1}, u"Not paid in Race7: A, C"_s},
+            {2, {0, 1}, {}},
+            {3, {}, u"Not paid in Race7: A, B, C"_s},
+            {5, {0}, u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s}};
+        for (const auto &[winnerCount, paid, note] : races) {
+            WinnerLedger ledger;
+            start(ledger, 7, winnerCount);
+            for (const int index : paid)
+                ledger.pay(std::size_t(index));
+            ledger.closeRace(bettors);
+            QCOMPARE(ledger.unpaidNotes().join(u';'), note);
+            // Paid later, the race is no longer named.
+            start(ledger, 7, 1);
+            ledger.pay(0);
+            ledger.closeRace(bettors);
+            QVERIFY(ledger.unpaidNotes().isEmpty());
+        }
+    }
+
+    // Until the race is begun again, or its payments are forgotten.
+    void paymentsOfClosedRacesStay()
+    {
+        WinnerLedger ledger;
+        for (const int race : {1, 2}) {
+            start(ledger, race, 2);
+            QVERIFY(!ledger.wasPaid(race));
+            ledger.pay(0);
+            ledger.addSlip({{{race, {}}}});
+            QVERIFY(ledger.wasPaid(race));
+            ledger.closeRace(bettors);
+        }
+        QVERIFY(ledger.wasPaid(1) && ledger.wasPaid(2) && !ledger.wasPaid(3));
+        QCOMPARE(ledger.slips().size(), 2);
+        start(ledger, 2, 2);
+        QVERIFY(ledger.wasPaid(1) && !ledger.wasPaid(2));
+        QCOMPARE(ledger.slips().size(), 1);
+        ledger.forgetPayments(1);
+        QVERIFY(!ledger.wasPaid(1) && ledger.slips().isEmpty());
+        QCOMPARE(ledger.unpaidNotes(), QStringList{u"Not paid in Race1: B"_s});
+    }
 
 private:
     // A winner has a win ticket of this many dollars, which pays $1 for $1.
@@ -29,83 +88,6 @@ private:
     const BettorTable bettors =
         BettorTable::parse("1,\"A\"\r\n2,\"B\"\r\n3,\"C\"\r\n5,\"E\"\r\n", 9);
 };
-
-void tst_winnerledger::totals_data()
-{
-    QTest::addColumn<int>("winners");
-    QTest::addColumn<float>("stake");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<double>("owed");
-    QTest::addColumn<double>("rounded");
-    QTest::newRow("each total is rounded for itself") << 3 << 1.13F << 3 << 3.39 << 3.75;
-    QTest::newRow("many winners at .01 are owed what they are paid")
-        << 1626 << 92.81F << 1 << 150909.06 << 150909.06;
-    QTest::newRow("many winners at .10") << 1626 << 92.81F << 2 << 150909.06 << 150892.8;
-}
-
-// Owed before anybody is paid, and paid when everybody is, to the cent.
-void tst_winnerledger::totals()
-{
-    QFETCH(int, winners);
-    QFETCH(float, stake);
-    QFETCH(int, index);
-    QFETCH(double, owed);
-    QFETCH(double, rounded);
-    WinnerLedger ledger;
-    start(ledger, 1, winners, stake, index);
-    QCOMPARE(ledger.owed(), owed);
-    QCOMPARE(ledger.owedRounded(), rounded);
-    for (int i = 0; i < winners; ++i) {
-        QCOMPARE(ledger.unpaidCount(), winners - i);
-        ledger.pay(std::size_t(i));
-    }
-    QCOMPARE(ledger.paid(), owed);
-    QCOMPARE(ledger.paidRounded(), rounded);
-}
-
-void tst_winnerledger::namesTheUnpaid()
-{
-    const std::tuple<int, QList<int>, QString> races[] = {
-        {3, {1}, u"Not paid in Race7: A, C"_s},
-        {2, {0, 1}, {}},
-        {3, {}, u"Not paid in Race7: A, B, C"_s},
-        {5, {0}, u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s}};
-    for (const auto &[winnerCount, paid, note] : races) {
-        WinnerLedger ledger;
-        start(ledger, 7, winnerCount);
-        for (const int index : paid)
-            ledger.pay(std::size_t(index));
-        ledger.closeRace(bettors);
-        QCOMPARE(ledger.unpaidNotes().join(u';'), note);
-        // Paid later, the race is no longer named.
-        start(ledger, 7, 1);
-        ledger.pay(0);
-        ledger.closeRace(bettors);
-        QVERIFY(ledger.unpaidNotes().isEmpty());
-    }
-}
-
-// Until the race is begun again, or its payments are forgotten.
-void tst_winnerledger::paymentsOfClosedRacesStay()
-{
-    WinnerLedger ledger;
-    for (const int race : {1, 2}) {
-        start(ledger, race, 2);
-        QVERIFY(!ledger.wasPaid(race));
-        ledger.pay(0);
-        ledger.addSlip({{{race, {}}}});
-        QVERIFY(ledger.wasPaid(race));
-        ledger.closeRace(bettors);
-    }
-    QVERIFY(ledger.wasPaid(1) && ledger.wasPaid(2) && !ledger.wasPaid(3));
-    QCOMPARE(ledger.slips().size(), 2);
-    start(ledger, 2, 2);
-    QVERIFY(ledger.wasPaid(1) && !ledger.wasPaid(2));
-    QCOMPARE(ledger.slips().size(), 1);
-    ledger.forgetPayments(1);
-    QVERIFY(!ledger.wasPaid(1) && ledger.slips().isEmpty());
-    QCOMPARE(ledger.unpaidNotes(), QStringList{u"Not paid in Race1: B"_s});
-}
 
 TRELAWN_TEST(tst_winnerledger)
 #include "tst_winnerledger.moc"

@@ -1,18 +1,6 @@
 #include "kit/testkit.h"
 #include "payoff/winnerslips.h"
 
-using namespace Qt::StringLiterals;
-
-class tst_winnerslips : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void payment_data();
-    void payment();
-    void slip();
-};
-
 namespace {
 
 CombinationAmounts six(std::array<float, 6> values)
@@ -24,57 +12,50 @@ CombinationAmounts six(std::array<float, 6> values)
 
 } // namespace
 
-void tst_winnerslips::payment_data()
+class tst_winnerslips : public QObject
 {
-    using Six = std::array<float, 6>;
-    QTest::addColumn<Six>("stakes");
-    QTest::addColumn<Six>("payoffs");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QList<double>>("expected"); // win, place and show horse, total, rounded
-    const auto row = [](const char *rule, const Six &stakes, const Six &payoffs, int index,
-                        const QList<double> &expected) {
-        QTest::newRow(rule) << stakes << payoffs << index << expected;
-    };
-    row("each kind goes to its horse", {1, 2, 4, 8, 16, 32}, {1, 1, 1, 1, 1, 1}, 1,
-        {7, 24, 32, 63, 63});
-    row("7.13 becomes 7.25 with .25", {2}, {3.565F}, 3, {7.13, 0, 0, 7.13, 7.25});
-    row("the total is rounded, not its parts", {1, 1, 1}, {0.4F, 0.4F, 0.4F}, 5,
-        {1.2, 0, 0, 1.2, 1});
-    row("parts are brought to four decimals before they are summed", {1, 0, 0, 1, 0, 1},
-        {0.33334F, 0, 0, 0.33334F, 0, 0.33334F}, 1, {0.3333, 0.3333, 0.3333, 0.9999, 0.9999});
-}
+    Q_OBJECT
 
-void tst_winnerslips::payment()
-{
-    using Six = std::array<float, 6>;
-    QFETCH(Six, stakes);
-    QFETCH(Six, payoffs);
-    QFETCH(int, index);
-    QFETCH(QList<double>, expected);
-    const Payment p = paymentFor(six(stakes), six(payoffs), index);
-    const auto [win, place, show] = p.horseTotals;
-    const QList<double> got{win, place, show, p.total, p.rounded};
-    for (int i = 0; i < 5; ++i)
-        QVERIFY2(std::abs(got[i] - expected[i]) < 1e-9, qPrintable(QString::number(got[i])));
-}
+private slots:
+    void payment()
+    {
+        using Six = std::array<float, 6>;
+        Rows<Six, Six, int, QList<double>> rows;
+        rows("each kind goes to its horse", {1, 2, 4, 8, 16, 32}, {1, 1, 1, 1, 1, 1}, 1,
+             {7, 24, 32, 63, 63});
+        rows("7.13 becomes 7.25 with .25", {2}, {3.565F}, 3, {7.13, 0, 0, 7.13, 7.25});
+        rows("the total is rounded, not its parts", {1, 1, 1}, {0.4F, 0.4F, 0.4F}, 5,
+             {1.2, 0, 0, 1.2, 1});
+        rows("parts are brought to four decimals before they are summed", {1, 0, 0, 1, 0, 1},
+             {0.33334F, 0, 0, 0.33334F, 0, 0.33334F}, 1, {0.3333, 0.3333, 0.3333, 0.9999, 0.9999});
+        for (const auto &[row, stakes, payoffs, index, expected] : rows) {
+            const Payment p = paymentFor(six(stakes), six(payoffs), index);
+            const auto [win, place, show] = p.horseTotals;
+            const QList<double> got{win, place, show, p.total, p.rounded};
+            for (int i = 0; i < 5; ++i)
+                QVERIFY2(std::abs(got[i] - expected[i]) < 1e-9,
+                         qPrintable(QString::number(got[i])));
+        }
+    }
 
-void tst_winnerslips::slip()
-{
-    const Payment payment =
-        paymentFor(six({2, 4, 6, 1000, 0, 3}), six({3.2F, 2.5F, 2, 1.5F, 1.6F, 2.5F}), 3);
-    // A long name keeps its distance, a horse without a number its place.
-    const QString name(50, u'N');
-    const Slip slip =
-        winnerSlips(winnerSlipLines(name, u"Derby Race3"_s, {u"1A"_s, u"7"_s, {}}, payment));
-    const QStringList expected{
-        u"Bettor Name: "_s + name + u"  Derby Race3"_s,
-        u"                        Bet       Paid      Bet       Paid      Bet       Paid"_s,
-        u"1A                      $2.00     $6.40     $4.00     $10.00    $6.00     $12.00"_s,
-        u"7                                           $1,000.00 $1,500.00 $0.00     $0.00"_s,
-        u"                                                                $3.00     $7.50"_s,
-        u""_s};
-    QCOMPARE(slipText(slip), expected);
-}
+    void slip()
+    {
+        const Payment payment =
+            paymentFor(six({2, 4, 6, 1000, 0, 3}), six({3.2F, 2.5F, 2, 1.5F, 1.6F, 2.5F}), 3);
+        // A long name keeps its distance, a horse without a number its place.
+        const QString name(50, u'N');
+        const Slip slip =
+            winnerSlips(winnerSlipLines(name, u"Derby Race3"_s, {u"1A"_s, u"7"_s, {}}, payment));
+        const QStringList expected{
+            u"Bettor Name: "_s + name + u"  Derby Race3"_s,
+            u"                        Bet       Paid      Bet       Paid      Bet       Paid"_s,
+            u"1A                      $2.00     $6.40     $4.00     $10.00    $6.00     $12.00"_s,
+            u"7                                           $1,000.00 $1,500.00 $0.00     $0.00"_s,
+            u"                                                                $3.00     $7.50"_s,
+            u""_s};
+        QCOMPARE(slipText(slip), expected);
+    }
+};
 
 TRELAWN_TEST(tst_winnerslips)
 #include "tst_winnerslips.moc"

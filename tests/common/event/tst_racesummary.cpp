@@ -3,8 +3,6 @@
 #include "reports/betlistings.h"
 #include "reports/summaryslip.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr char threeHorses[] = "1,1,\"1 \",\"ALFA\"\r\n"
@@ -45,42 +43,37 @@ class tst_racesummary : public QObject
     Q_OBJECT
 
 private slots:
-    void summary_data()
-    {
-        QTest::addColumn<QByteArray>("bets");
-        QTest::addColumn<QStringList>("rows");
-        QTest::addColumn<QString>("note");
-
-        const QString none = u"|$0.00|$0.00|$0.00|$0.00|"_s;
-        // Win pool 40: (40 - 25) / 25 = 3/5 for the entry, (40 - 15) / 15 = 1.67 shows 8/5.
-        QTest::newRow("the horses of an entry share their odds")
-            << QByteArray("2,1,1,5\r\n2,2,1,20\r\n3,3,1,15\r\n3,3,2,2.5\r\n3,1,3,1000\r\n")
-            << QStringList{u"1|ALFA (entry 1)|$5.00|$0.00|$1,000.00|$1,005.00|3/5"_s,
-                           u"1A|BRAVO (entry 1)|$20.00|$0.00|$0.00|$20.00|3/5"_s,
-                           u"3|COCO|$15.00|$2.50|$0.00|$17.50|8/5"_s,
-                           u"|TOTALS|$40.00|$2.50|$1,000.00|$1,042.50|"_s}
-            << QString();
-        QTest::newRow("money on a post without a horse is not hidden")
-            << QByteArray("2,4,1,5\r\n")
-            << QStringList{u"1|ALFA (entry 1)"_s + none, u"1A|BRAVO (entry 1)"_s + none,
-                           u"3|COCO"_s + none, u"Post 4|(no horse)|$5.00|$0.00|$0.00|$5.00|1/9"_s,
-                           u"|TOTALS|$5.00|$0.00|$0.00|$5.00|"_s}
-            << QString();
-        QTest::newRow("what Pay Winners refuses is counted apart")
-            << QByteArray("4,1,1,5\r\n2,22,1,5\r\n2,1,4,5\r\n2,1,1,1000.5\r\n2,1\r\n2,1,1,5\r\n")
-            << QStringList{u"1|ALFA (entry 1)|$5.00|$0.00|$0.00|$5.00|1/9"_s,
-                           u"1A|BRAVO (entry 1)|$0.00|$0.00|$0.00|$0.00|1/9"_s, u"3|COCO"_s + none,
-                           u"|TOTALS|$5.00|$0.00|$0.00|$5.00|"_s}
-            << u"5 bad records are not counted: see Fix Files"_s;
-    }
-
     void summary()
     {
-        QFETCH(QByteArray, bets);
-        const Races made = raceWith(bets);
-        const RaceSummary summary = summarizeRace(made.race, made.bettors);
-        QTEST(cellsOf(summary), "rows");
-        QTEST(summary.note(), "note");
+        const QString none = u"|$0.00|$0.00|$0.00|$0.00|"_s;
+
+        Rows<QByteArray, QStringList, QString> rows;
+        // Win pool 40: (40 - 25) / 25 = 3/5 for the entry, (40 - 15) / 15 = 1.67 shows
+        // 8/5.
+        rows("the horses of an entry share their odds",
+             QByteArray("2,1,1,5\r\n2,2,1,20\r\n3,3,1,15\r\n3,3,2,2.5\r\n3,1,3,1000\r\n"),
+             QStringList{u"1|ALFA (entry 1)|$5.00|$0.00|$1,000.00|$1,005.00|3/5"_s,
+                         u"1A|BRAVO (entry 1)|$20.00|$0.00|$0.00|$20.00|3/5"_s,
+                         u"3|COCO|$15.00|$2.50|$0.00|$17.50|8/5"_s,
+                         u"|TOTALS|$40.00|$2.50|$1,000.00|$1,042.50|"_s},
+             QString());
+        rows("money on a post without a horse is not hidden", QByteArray("2,4,1,5\r\n"),
+             QStringList{u"1|ALFA (entry 1)"_s + none, u"1A|BRAVO (entry 1)"_s + none,
+                         u"3|COCO"_s + none, u"Post 4|(no horse)|$5.00|$0.00|$0.00|$5.00|1/9"_s,
+                         u"|TOTALS|$5.00|$0.00|$0.00|$5.00|"_s},
+             QString());
+        rows("what Pay Winners refuses is counted apart",
+             QByteArray("4,1,1,5\r\n2,22,1,5\r\n2,1,4,5\r\n2,1,1,1000.5\r\n2,1\r\n2,1,1,5\r\n"),
+             QStringList{u"1|ALFA (entry 1)|$5.00|$0.00|$0.00|$5.00|1/9"_s,
+                         u"1A|BRAVO (entry 1)|$0.00|$0.00|$0.00|$0.00|1/9"_s, u"3|COCO"_s + none,
+                         u"|TOTALS|$5.00|$0.00|$0.00|$5.00|"_s},
+             u"5 bad records are not counted: see Fix Files"_s);
+        for (const auto &[row, bets, lines, note] : rows) {
+            const Races made = raceWith(bets);
+            const RaceSummary summary = summarizeRace(made.race, made.bettors);
+            QCOMPARE(cellsOf(summary), lines);
+            QCOMPARE(summary.note(), note);
+        }
     }
 
     // On paper each figure stands under its heading, however long the names are.
