@@ -1,12 +1,6 @@
-#include "common/event/racefiles.h"
 #include "kit/testkit.h"
 #include "repair/recordlist.h"
 #include "repair/savedcopies.h"
-
-#include <QDir>
-#include <QElapsedTimer>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -145,12 +139,10 @@ private slots:
     {
         Event event;
         const QByteArray file = "2,1,1,5\r\njunk \"line\r\n2,1,1,5\r\n2,2,1,1\r\n";
-        for (const auto &twin : {u"Bets Race1"_s, u"Betsbackup Race1"_s})
-            event.write(twin, file);
+        event.writeTwins(u"Bets Race1"_s, file);
         const RecordList list = event.list(Listing::Bets);
         QVERIFY(removeRecord(event.session, list, list.rows[2]));
-        for (const auto &twin : {u"Bets Race1"_s, u"Betsbackup Race1"_s})
-            QCOMPARE(event.read(twin), "2,1,1,5\r\njunk \"line\r\n2,2,1,1\r\n"_qba);
+        QCOMPARE(event.readTwins(u"Bets Race1"_s), "2,1,1,5\r\njunk \"line\r\n2,2,1,1\r\n"_qba);
         QVERIFY(!removeRecord(event.session, list, list.rows[2]));
         QVERIFY(removeRecord(event.session, list, list.rows[1]));
         QCOMPARE(event.read(u"Bets Race1"_s), "2,1,1,5\r\n2,2,1,1\r\n"_qba);
