@@ -23,6 +23,8 @@ private slots:
         screen = event->open(u"frmanyb"_s);
     }
 
+    void cleanup() { event.reset(); }
+
     void slip()
     {
         // The amounts: win, place, show; place, show; show. The totals: of the rows and of the

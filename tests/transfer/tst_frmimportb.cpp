@@ -68,6 +68,8 @@ private slots:
         screen = event->open(u"frmimportb"_s);
     }
 
+    void cleanup() { event.reset(); }
+
     // Choosing never touches the event directory, and lists record files alone.
     void choosesFolder()
     {
