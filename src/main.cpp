@@ -1,4 +1,5 @@
 #include "common/event/session.h"
+#include "common/files/openprograms.h"
 #include "screens.h"
 #include "ui/look.h"
 #include "ui/navigator.h"
@@ -15,6 +16,8 @@ int main(int argc, char *argv[])
     applyLook(application);
 
     Session session;
+    const OpenProgram open(session.paths.dataFolder());
+    session.files.othersAreOpen = open.othersAreOpen();
     SlipPrinter printer;
     Navigator navigator(session, printer, allScreens());
     navigator.open(u"frminitb"_s);

@@ -1,84 +1,45 @@
 #include "betting/bettorlist.h"
 
-#include "common/event/eventfiles.h"
 #include "common/event/labelled.h"
 #include "common/event/racefiles.h"
+#include "common/event/twinfiles.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
-
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// The old bytes of a record file; a missing file held nothing.
-QByteArray oldRecords(const QString &path)
+// Puts what changed in the list since it was read into the list that another program wrote
+// meanwhile: names that are new get the next free numbers, deleted ones go.
+QString mergeChanges(BettorTable &own, const BettorTable &asRead, const QByteArray &foreign,
+                     int bettorLimit)
 {
-    try {
-        return readRecordFile(path);
-    } catch (const FileError &error) {
-        if (error.number() == ErrorNumber::FileNotFound)
-            return {};
-        throw;
-    }
-}
-
-QSet<QByteArray> linesOf(const QByteArray &bytes)
-{
-    QSet<QByteArray> lines;
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    while (nextRecordLine(rest, line)) {
-        if (!isBlankLine(line))
-            lines.insert(QByteArray(line.data(), qsizetype(line.size())));
-    }
-    return lines;
-}
-
-// Replaces a file of bettors; when a record of the old one is missing from the new one, a copy goes
-// to Saved, whoever wrote that record.
-void replaceBettors(Session &session, const QString &path, const QByteArray &old,
-                    const QByteArray &records)
-{
-    if (!linesOf(records).contains(linesOf(old)))
-        keepInSaved(session, path);
-    replaceRecordFile(path, records);
-}
-
-void saveBackup(Session &session)
-{
-    const QString twin = twinFile(session, RecordFile::Bettors, 0);
-    const QByteArray old = oldRecords(twin);
-    const QByteArray records = session.bettors.backupRecords();
-    // An empty list must not take the last full copy with it.
-    if (!records.isEmpty() || old.isEmpty())
-        replaceBettors(session, twin, old, records);
-}
-
-// Puts the names that are new in the session's list into the list that another computer wrote.
-QString mergeNewNames(Session &session, const BettorTable &asRead, const QByteArray &foreign)
-{
-    BettorTable merged = BettorTable::parse(foreign, session.settings.bettorLimit);
-    if (merged.records() == asRead.records())
+    BettorTable merged = BettorTable::parse(foreign, bettorLimit);
+    if (foreign.isEmpty() || merged.records() == asRead.records())
         return {};
+    for (int slot = 1; slot <= asRead.slotCount(); ++slot) {
+        const Bettor &bettor = asRead.slot(slot);
+        if (bettor.isBettor() && own.nameOf(bettor.number).isNull()
+            && merged.nameOf(bettor.number) == bettor.name)
+            markBettorDeleted(merged, bettor.name);
+    }
     QStringList moved;
-    const BettorTable &own = session.bettors;
     for (int slot = 1; slot <= own.slotCount(); ++slot) {
         const Bettor &bettor = own.slot(slot);
         if (!bettor.isBettor() || asRead.slotOf(bettor.name) != 0
             || merged.slotOf(bettor.name) != 0)
             continue;
-        if (!noPlaceReason(merged, session.settings.bettorLimit).isEmpty())
+        if (!noPlaceReason(merged, bettorLimit).isEmpty())
             merged.nextNumber = merged.highestNumber() + 1;
-        if (!noPlaceReason(merged, session.settings.bettorLimit).isEmpty())
+        if (!noPlaceReason(merged, bettorLimit).isEmpty())
             throw FileError(ErrorNumber::SubscriptOutOfRange);
         const int number = addBettor(merged, bettor.name);
         if (number != bettor.number)
             moved.append(bettor.name + " is now number "_L1 + QString::number(number));
     }
-    session.bettors = merged;
+    own = merged;
     return moved.isEmpty()
                ? QString()
                : QString("Other computers added bettors too: "_L1 + moved.join(", "_L1));
@@ -140,16 +101,6 @@ QString takeOutBets(Session &session, int number, float &refund)
     return note;
 }
 
-bool betsAreOut(const Session &session, int number)
-{
-    try {
-        const QString path = mainFile(session, RecordFile::Bets, session.settings.currentRace);
-        return betTotal(parseBets(readRecordFile(path).toStdString()), number) == 0;
-    } catch (const FileError &) {
-        return false; // what cannot be read cannot be called taken out
-    }
-}
-
 QString racesWithBets(const Session &session, int number, bool withCurrentRace)
 {
     QStringList races;
@@ -158,7 +109,8 @@ QString racesWithBets(const Session &session, int number, bool withCurrentRace)
             continue;
         const QString name = raceName(race).trimmed();
         try {
-            const QByteArray bytes = oldRecords(mainFile(session, RecordFile::Bets, race));
+            const QByteArray bytes =
+                readIfThere(mainFile(session, RecordFile::Bets, race)).value_or(QByteArray());
             if (const float total = betTotal(parseBets(bytes.toStdString()), number); total != 0)
                 races.append(name + u' ' + formatMoney(total, "$#,##0.00"));
         } catch (const FileError &error) {
@@ -170,17 +122,21 @@ QString racesWithBets(const Session &session, int number, bool withCurrentRace)
 
 QString saveBettors(Session &session, const BettorTable &asRead)
 {
-    return labelled(session, u"Bettors output"_s, [&] {
-        const EventLock lock(session);
-        const QString main = mainFile(session, RecordFile::Bettors, 0);
-        const QByteArray oldMain = oldRecords(main);
-        QString note;
-        if (session.settings.networkMode == 1)
-            note = mergeNewNames(session, asRead, oldMain);
-        replaceBettors(session, main, oldMain, session.bettors.records());
-        labelled(session, u"Bettorsbackup output"_s, [&] { saveBackup(session); });
-        return note;
-    });
+    QString note;
+    BettorTable saved = session.bettors;
+    const auto merged = [&](const QByteArray &found) {
+        saved = session.bettors;
+        note = mergeChanges(saved, asRead, found, session.settings.bettorLimit);
+        TwinRecords records(saved.records(), saved.backupRecords());
+        // An empty list must not take the last full copy with it.
+        if (records.twin->isEmpty())
+            records.twin.reset();
+        return records;
+    };
+    changeTwins(session, RecordFile::Bettors, 0, merged, u"Bettors output"_s, u"Bettors output"_s,
+                u"Bettorsbackup output"_s);
+    session.bettors = saved;
+    return note;
 }
 
 void clearBettorList(Session &session)

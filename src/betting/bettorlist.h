@@ -27,17 +27,14 @@ float betTotal(const BetTable &bets, int number);
 // note of what was moved to Saved, or an empty text; \a refund is set before a file is changed.
 QString takeOutBets(Session &session, int number, float &refund);
 
-// True when the current race's Bets hold no bet of the bettor; never throws.
-bool betsAreOut(const Session &session, int number);
-
 // The races in which the bettor number has bets, "Race5 $12.00, Race8 $4.00"; empty when it has
 // none. A race whose bets cannot be read is named too.
 QString racesWithBets(const Session &session, int number, bool withCurrentRace);
 
 // Writes Bettors and Bettorsbackup from the list (labels "Bettors output", "Bettorsbackup output").
-// A file that loses a record is copied to Saved first. In network mode the file is read again:
-// what other computers wrote since the list was \a asRead stays, and names that are new here take
-// the next free numbers after them. Returns a note of new numbers, or an empty text.
+// A file that loses a record is copied to Saved first. The file is read again: what other programs
+// wrote since the list was \a asRead stays, and names that are new here take the next free numbers
+// after them. Returns a note of new numbers, or an empty text.
 QString saveBettors(Session &session, const BettorTable &asRead);
 
 // Starts Bettors and Bettorsbackup anew with AnyBettor alone and reads them back. What they held

@@ -277,12 +277,13 @@ void frmbettorsb::takeOut(const QString &name, int number)
 {
     Session &session = m_context.session;
     float refund = 0;
-    const bool done = trapErrors(this, ErrorStyle::NumberAndDescription,
-                                 [&] { addNote(takeOutBets(session, number, refund)); });
-    // Bets that left the file are owed to the bettor, even when the backup file failed.
-    if (!done && (refund == 0 || !betsAreOut(session, number)))
+    std::optional<FileError> twinFailed;
+    if (!trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
+            twinFailed = errorOfTwin([&] { addNote(takeOutBets(session, number, refund)); });
+        }))
         return;
-    if (done) {
+    // Bets that left the file are owed to the bettor, even when the backup file failed.
+    if (!twinFailed) {
         markBettorDeleted(session.bettors, name);
         if (m_addedNames.removeAll(name) == 0)
             ++m_deletedNames;
@@ -305,6 +306,8 @@ void frmbettorsb::takeOut(const QString &name, int number)
         addNote(printOrList(this, m_context, task, slip, u"The refund list"_s).note);
     else if (session.settings.receiptsPrint())
         addNote(printSlip(this, m_context, task, slip).note);
+    if (twinFailed)
+        showFileError(this, *twinFailed, ErrorStyle::NumberAndDescription);
 }
 
 void frmbettorsb::clearAll()

@@ -1,6 +1,6 @@
 #include "betting/placement.h"
 
-#include "common/event/racefiles.h"
+#include "common/event/twinfiles.h"
 
 #include <QStringList>
 
@@ -11,7 +11,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr BetType betTypes[] = {BetType::Win, BetType::Place, BetType::Show};
+
+// The rows of the bets, the last ones of several that are equal. As a rule they are the file's last
+// rows; after a failure some may stand further up.
+std::vector<std::size_t> lastRowsOf(const BetTable &table, const std::vector<Bet> &bets)
+{
+    std::vector<std::size_t> rows(bets.size());
+    std::set<std::size_t> taken;
+    for (std::size_t bet = bets.size(); bet-- > 0;) {
+        std::size_t row = table.rows.size();
+        while (row-- > 0 && (taken.contains(row) || table.rows[row].bet != bets[bet])) {
+        }
+        taken.insert(row);
+        rows[bet] = row;
+    }
+    return rows;
 }
+
+} // namespace
 
 EntryFate fateOf(float dollars)
 {
@@ -103,15 +120,25 @@ Placement placeBets(Session &session, const BetEntries &entries, int bettor)
 {
     // No operation ever raises a bettor's own count of bets, so that limit stays a safeguard.
     constexpr int betsOfBettor = 0;
-    Placement placement;
-    placement.note = LoadRaceBets(session);
     const int betLimit = session.settings.betLimit;
-    placement.plan = planPlacement(entries, bettor, betsOfBettor, betLimit);
-    placement.firstRow = session.bets.rows.size();
-    const std::size_t placed = placement.plan.bets.size();
-    placement.raceIsFull = placed > 0 && placement.firstRow + placed > std::size_t(betLimit);
+    Placement placement;
+    const auto newLines = [&](const QByteArray &bytes) {
+        const std::size_t onFile = parseBets(bytes.toStdString()).rows.size();
+        placement.plan = planPlacement(entries, bettor, betsOfBettor, betLimit);
+        const std::vector<Bet> &bets = placement.plan.bets;
+        placement.raceIsFull = !bets.empty() && onFile + bets.size() > std::size_t(betLimit);
+        QByteArray lines;
+        for (const Bet &bet : bets)
+            lines += betLine(bet);
+        return placement.raceIsFull ? QByteArray() : lines;
+    };
+    const QByteArray now =
+        appendTwins(session, RecordFile::Bets, session.settings.currentRace, newLines,
+                    u"Bets input"_s, u"Bets Append"_s, u"Betsbackup Append"_s);
+    session.bets = parseBets(now.toStdString());
+    session.pools = poolsOf(session.bets);
     if (!placement.raceIsFull)
-        AppendBet(session, placement.plan.bets);
+        placement.rows = lastRowsOf(session.bets, placement.plan.bets);
     return placement;
 }
 

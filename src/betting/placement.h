@@ -59,13 +59,13 @@ PlacementPlan planPlacement(const BetEntries &entries, int bettor, int betsOfBet
 struct Placement
 {
     PlacementPlan plan;
-    std::size_t firstRow = 0; // of the placed bets in the race's bet table
-    bool raceIsFull = false;  // nothing was written: the race's bet limit leaves no room
-    QString note;             // what loading the bets had to report
+    std::vector<std::size_t> rows; // of the placed bets in the race's bet table
+    bool raceIsFull = false;       // nothing was written: the race's bet limit leaves no room
 };
 
-// Loads the race's bets and appends the planned ones to Bets and Betsbackup. Throws FileError; then
-// no bet was placed.
+// Appends the planned bets to Bets and Betsbackup and loads the race's bets. Throws FileError; then
+// no bet was placed, unless the error's aftermath is Unsure: bets may be on file, and placing the
+// same entries again places those alone that are not.
 Placement placeBets(Session &session, const BetEntries &entries, int bettor);
 
 // What the cashier should know about the entries before placing them; empty when they are plain.

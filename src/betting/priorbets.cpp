@@ -81,11 +81,16 @@ DeletedBets deletePriorBets(Session &session, const QList<PriorBet> &selected)
         return prior.row < rows.size() && !rows[prior.row].damaged
                && rows[prior.row].bet == prior.bet;
     };
-    LoadRaceBets(session);
+    // A bet without a bettor does not outlive the rewrite.
+    const auto isDropped = [&](const BetRow &row) {
+        return doomed.contains(rowOf(row)) || session.bets.isBetOf(row, 0);
+    };
     DeletedBets deleted;
-    deleted.listWasStale = !removeBets(
-        session, [&](const BetRow &row) { return doomed.contains(rowOf(row)); },
-        [&] { return std::ranges::all_of(selected, isThere); }, u"Bets"_s, u"Betsbackup"_s);
+    deleted.twinError = errorOfTwin([&] {
+        deleted.listWasStale = !removeBets(
+            session, isDropped, [&] { return std::ranges::all_of(selected, isThere); }, u"Bets"_s,
+            u"Betsbackup"_s);
+    });
     if (deleted.listWasStale)
         return deleted;
     for (const PriorBet &prior : selected) {

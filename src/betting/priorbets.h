@@ -1,10 +1,13 @@
 #pragma once
 
 #include "common/event/session.h"
+#include "common/files/fileerror.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 // A saved bet of the bettor as the bet sheet lists it.
 struct PriorBet
@@ -41,6 +44,7 @@ struct DeletedBets
     bool listWasStale = false; // a remembered row is another bet by now; nothing was deleted
     QStringList lines;         // of the deleted bets, as they stood in the list
     float refund = 0;          // dollars
+    std::optional<FileError> twinError; // the bets left Bets, but Betsbackup could not be rewritten
 };
 
 // Reads the race's bets again and rewrites Bets and Betsbackup without exactly these bets (labels

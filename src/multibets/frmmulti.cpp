@@ -305,17 +305,21 @@ void frmmulti::deletePriorBets()
     const Slip slip = multibetRefundSlip(m_bettorName, session.settings.raceName(), refunded,
                                          receiptPoints(session.settings));
     bool isRemoved = false;
-    const bool done = trapErrors(this, ErrorStyle::DescriptionOnly,
-                                 [&] { isRemoved = removeMultibets(session, m_bettor, removed); });
-    const qsizetype left = m_prior.size() - removed.size();
+    std::optional<FileError> twinFailed;
+    const bool done = trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
+        twinFailed = errorOfTwin([&] { isRemoved = removeMultibets(session, m_bettor, removed); });
+        isRemoved |= twinFailed.has_value();
+    });
     loadPriorBets();
-    if (done && !isRemoved)
+    if (!done)
+        return;
+    if (!isRemoved)
         return showNote(u"The bets on file have changed: the list is new, nothing was deleted"_s);
     // Bets that left the file are owed to the bettor, even when the backup file failed.
-    if (!done && m_prior.size() > left)
-        return;
     const PrintTask task{.label = u"Refund Bets"_s, .gate = PrintGate::Receipts};
     showNote(printOrList(this, m_context, task, slip, u"The refund list"_s).note);
+    if (twinFailed)
+        showFileError(this, *twinFailed, ErrorStyle::DescriptionOnly);
 }
 
 void frmmulti::switchReceipts()

@@ -1,6 +1,6 @@
 #include "racecard/download.h"
 
-#include "common/event/eventfiles.h"
+#include "common/event/filebatch.h"
 #include "common/event/init.h"
 #include "common/event/labelled.h"
 #include "common/files/fileerror.h"
@@ -24,32 +24,6 @@ QString racesWithBets(const Session &session)
     return races.join(u", "_s);
 }
 
-QByteArray contentOrNothing(const QString &path)
-{
-    try {
-        return readRecordFile(path);
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-    }
-    return {};
-}
-
-// Replaces the horses of a race unless they are these already.
-void saveHorses(Session &session, int race, const QByteArray &records)
-{
-    const QByteArray here = labelled(session, u"Horses input"_s, [&] {
-        return contentOrNothing(mainFile(session, RecordFile::Horses, race));
-    });
-    if (here == records)
-        return;
-    labelled(session, u"Horses output"_s, [&] {
-        const QString path = mainFile(session, RecordFile::Horses, race);
-        keepInSaved(session, path);
-        replaceRecordFile(path, records);
-    });
-}
-
 // A page may hold numbers, commas and even END, but no card begins with a tag.
 bool isPage(const QByteArray &text)
 {
@@ -64,8 +38,9 @@ bool isPage(const QByteArray &text)
 QString downloadAddress(Session &session)
 {
     const QByteArray bytes = labelled(session, u"Download input"_s, [&] {
-        return contentOrNothing(
-            session.paths.toHost(defaultEventDirectory(session.settings) + u"Download"_s));
+        return readIfThere(
+                   session.paths.toHost(defaultEventDirectory(session.settings) + u"Download"_s))
+            .value_or(QByteArray());
     });
     std::string_view rest = view(bytes);
     std::string_view line;
@@ -87,16 +62,21 @@ PublishedCard readDownload(const QByteArray &text)
 
 QString saveDownload(Session &session, const QByteArray &text)
 {
-    const auto postboard = [&] {
+    const QString postboard = labelled(session, u"postboard output"_s, [&] {
         return session.paths.toHost(session.settings.eventDirectory + u"postboard"_s);
-    };
-    labelled(session, u"postboard output"_s,
-             [&] { replaceRecordFile(postboard(), postboardRecord(text)); });
-    const PublishedCard card = parsePostboard(
-        labelled(session, u"postboard input"_s, [&] { return readRecordFile(postboard()); }));
-
-    for (int race = 1; race <= raceCount; ++race)
-        saveHorses(session, race, horseRecords(card.races[std::size_t(race - 1)]));
+    });
+    const PublishedCard card = parsePostboard(postboardRecord(text));
+    FileBatch batch(session, u"postboard output"_s);
+    batch.replaceFile(postboard, postboardRecord(text), u"postboard output"_s);
+    for (int race = 1; race <= raceCount; ++race) {
+        const QByteArray records = horseRecords(card.races[std::size_t(race - 1)]);
+        const auto here = labelled(session, u"Horses input"_s, [&] {
+            return readIfThere(mainFile(session, RecordFile::Horses, race));
+        });
+        if (here != records)
+            batch.replaceMain(RecordFile::Horses, race, records, u"Horses output"_s);
+    }
+    batch.commit();
 
     QStringList notes;
     if (card.openRace > 0)

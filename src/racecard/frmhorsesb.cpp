@@ -65,14 +65,12 @@ void frmhorsesb::load()
     session.horses = HorseTable();
     session.bets = BetTable();
     session.pools = PoolTable();
-    m_readWhole = false;
     m_poolsEmptied = false;
     m_loaded = HorseTable();
     m_saved = CardRows();
     showRows(m_saved);
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         const QString damage = loadHorses(session, u"Horses input"_s);
-        m_readWhole = damage.isEmpty();
         m_loaded = session.horses;
         m_saved = rowsOf(session.horses);
         showRows(m_saved);
@@ -133,8 +131,6 @@ void frmhorsesb::clearHorses()
         row.pool.clear();
     showRows(empty);
     trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Horses output"_s, [&] {
-        keepTwinsInSaved(session, RecordFile::Horses, session.settings.currentRace);
-        m_readWhole = true;
         session.horses = HorseTable();
         saveHorses(session);
         m_loaded = session.horses;
@@ -179,7 +175,6 @@ bool frmhorsesb::mayReplaceCard()
     if (!reasons.isEmpty())
         reasons.prepend(u"The card was changed since it was loaded:"_s);
     if (const QString damage = now.damage(); !damage.isEmpty()) {
-        m_readWhole = false;
         reasons.prepend(damage + " Copies of file and twin will go to Saved."_L1);
     }
     if (reasons.isEmpty())
@@ -313,13 +308,6 @@ void frmhorsesb::save()
 {
     Session &session = m_context.session;
     session.horses = horsesOf(rows());
-    if (!m_readWhole) {
-        // What could not be read is not lost by writing over it.
-        labelled(session, u"Horses output"_s, [&] {
-            keepTwinsInSaved(session, RecordFile::Horses, session.settings.currentRace);
-        });
-        m_readWhole = true;
-    }
     saveHorses(session);
     m_loaded = session.horses;
     m_saved = rowsOf(session.horses);

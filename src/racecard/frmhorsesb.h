@@ -39,6 +39,5 @@ private:
     ScreenContext m_context;
     HorseTable m_loaded;         // the card as it was last read or written here
     CardRows m_saved;            // the rows as the files hold them
-    bool m_readWhole = false;    // the race's Horses file was read and is whole
     bool m_poolsEmptied = false; // CLEAR HORSES emptied the pool boxes; nothing was typed since
 };

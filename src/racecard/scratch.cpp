@@ -5,11 +5,8 @@
 #include "common/event/multibetrecords.h"
 #include "common/event/multibettypes.h"
 #include "common/event/racefiles.h"
-#include "common/files/recordfile.h"
 #include "common/print/format.h"
 #include "common/print/refundlist.h"
-
-#include <QFileInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -91,10 +88,9 @@ MultibetCount multibetsOn(Session &session, int post)
     labelled(session, u"Multibets Input"_s, [&] {
         const int race = session.settings.currentRace;
         for (int racesLater = 0; racesLater < 3 && racesLater < race; ++racesLater) {
-            const QString path = mainFile(session, RecordFile::Multibets, race - racesLater);
-            if (QFileInfo::exists(path))
-                countMultibets(parseMultibets(readRecordFile(path).toStdString()), racesLater, post,
-                               count);
+            const QByteArray bets = readMainOrNothing(session, RecordFile::Multibets,
+                                                      race - racesLater, u"Multibets Input"_s);
+            countMultibets(parseMultibets(bets.toStdString()), racesLater, post, count);
         }
     });
     return count;

@@ -1,6 +1,7 @@
 #include "repair/recordlist.h"
 
 #include "common/event/labelled.h"
+#include "common/event/twinfiles.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
@@ -113,7 +114,7 @@ QByteArray readAs(Session &session, const QString &label, RecordFile file, int r
     return labelled(session, label, [&] {
         const QString path = backup ? twinFile(session, file, race) : mainFile(session, file, race);
         list.missingFile = QFileInfo(path).fileName();
-        QByteArray bytes = readRecordFile(path);
+        QByteArray bytes = backup ? readRecordFile(path) : readMainFile(session, file, race, label);
         list.missingFile.clear();
         return bytes;
     });

@@ -1,5 +1,6 @@
 #include "repair/savedcopies.h"
 
+#include "common/event/filebatch.h"
 #include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
@@ -93,10 +94,8 @@ void putBackCopy(Session &session, const QString &copyName)
             throw FileError(ErrorNumber::BadFileName);
         return readRecordFile(savedFolder(session) + u'/' + copyName);
     });
-    labelled(session, u"Saved output"_s, [&] {
-        const EventLock lock(session);
-        keepTwinsInSaved(session, origin->file, origin->race);
-        rewriteTwins(session, origin->file, origin->race, bytes, origin->name + " output"_L1,
-                     origin->name + " backup output"_L1);
-    });
+    FileBatch batch(session, u"Saved output"_s);
+    batch.replaceTwins(origin->file, origin->race, bytes, origin->name + " output"_L1,
+                       origin->name + " backup output"_L1);
+    batch.commit();
 }

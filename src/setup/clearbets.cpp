@@ -1,33 +1,17 @@
 #include "setup/clearbets.h"
 
-#include "common/event/labelled.h"
 #include "common/event/multibetrecords.h"
+#include "common/event/twinfiles.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// The current race's file; a missing one is empty.
-QByteArray fileOrNothing(const Session &session, RecordFile file)
-{
-    try {
-        return readRecordFile(mainFile(session, file, session.settings.currentRace));
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-    }
-    return {};
-}
-
-} // namespace
-
 RaceStakes straightStakes(Session &session)
 {
-    const QByteArray bytes = labelled(session, u"Bets input"_s,
-                                      [&] { return fileOrNothing(session, RecordFile::Bets); });
+    const QByteArray bytes =
+        readMainOrNothing(session, RecordFile::Bets, session.settings.currentRace, u"Bets input"_s);
     const BetTable bets = parseBets(bytes.toStdString());
     RaceStakes stakes;
     stakes.byBettor = totalsByBettor(bets, [](const BetRow &) { return true; });
@@ -41,8 +25,8 @@ RaceStakes straightStakes(Session &session)
 RaceStakes multibetStakes(Session &session)
 {
     RaceStakes stakes;
-    stakes.records = labelled(session, u"Multibets Input"_s,
-                              [&] { return fileOrNothing(session, RecordFile::Multibets); });
+    stakes.records = readMainOrNothing(session, RecordFile::Multibets, session.settings.currentRace,
+                                       u"Multibets Input"_s);
     const MultibetTable bets = parseMultibets(stakes.records.toStdString());
     for (const MultibetRow &row : bets.rows) {
         if (row.damaged) {
@@ -67,25 +51,11 @@ Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stak
     return refundSlip(list);
 }
 
-void keepTwins(Session &session, RecordFile file)
+bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes)
 {
-    labelled(session, recordFileName(file) + u" Saved"_s,
-             [&] { keepTwinsInSaved(session, file, session.settings.currentRace); });
-}
-
-bool deleteTwins(Session &session, RecordFile file, const RaceStakes &stakes)
-{
-    const int race = session.settings.currentRace;
-    const bool deleted = labelled(session, recordFileName(file) + u" Output"_s, [&] {
-        const EventLock lock(session);
-        if (fileOrNothing(session, file) != stakes.records)
-            return false;
-        deleteRecordFile(mainFile(session, file, race));
-        labelled(session, recordFileName(file) + u"backup Output"_s,
-                 [&] { deleteRecordFile(twinFile(session, file, race)); });
-        return true;
-    });
-    if (!deleted)
+    const QString name = recordFileName(file);
+    if (!deleteTwins(session, file, session.settings.currentRace, stakes.records,
+                     name + u" Output"_s, name + u"backup Output"_s))
         return false;
     if (file == RecordFile::Bets) {
         session.bets = BetTable();

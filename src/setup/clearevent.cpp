@@ -1,26 +1,21 @@
 #include "setup/clearevent.h"
 
-#include "common/event/eventfiles.h"
-#include "common/event/labelled.h"
+#include "common/event/filebatch.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Every race's copies come before the first rewrite: a disk that is full for the copies clears
-// nothing.
-int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records,
-                    const QString &baseName)
+// All races or none: nothing changes until every copy is kept and every new file is on the disk.
+int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records)
 {
-    const QString label = baseName + " output-Setup"_L1;
-    int kept = 0;
-    labelled(session, label, [&] {
-        for (int race = 1; race <= raceCount; ++race)
-            kept += keepTwinsInSaved(session, file, race);
-    });
-    for (int race = 1; race <= raceCount; ++race)
-        rewriteTwins(session, file, race, records, label, baseName + "backup output-Setup"_L1);
-    return kept;
+    const QString name = recordFileName(file);
+    FileBatch batch(session, name + " output-Setup"_L1);
+    for (int race = 1; race <= raceCount; ++race) {
+        batch.replaceTwins(file, race, records, name + " output-Setup"_L1,
+                           name + "backup output-Setup"_L1);
+    }
+    return batch.commit();
 }
 
 } // namespace
@@ -28,7 +23,7 @@ int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records
 int clearAllBets(Session &session)
 {
     makeEventFolder(session);
-    const int kept = rewriteAllRaces(session, RecordFile::Bets, {}, u"Bets"_s);
+    const int kept = rewriteAllRaces(session, RecordFile::Bets, {});
     session.bets = BetTable();
     session.pools = PoolTable();
     session.settings.betsCleared = u"yes"_s;
@@ -37,8 +32,7 @@ int clearAllBets(Session &session)
 
 int clearAllHorses(Session &session)
 {
-    const int kept =
-        rewriteAllRaces(session, RecordFile::Horses, horseRecords(HorseTable()), u"Horses"_s);
+    const int kept = rewriteAllRaces(session, RecordFile::Horses, horseRecords(HorseTable()));
     session.horses = HorseTable();
     return kept;
 }

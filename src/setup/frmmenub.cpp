@@ -286,11 +286,19 @@ void frmmenub::clearMultibets(bool printWanted)
     }
 }
 
-// The copies come first: once the list of refunds is out, the bets must be able to go.
+// The list of refunds follows the deletion: nobody is paid for bets that are still on file.
 bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted)
 {
     Session &session = m_context.session;
-    keepTwins(session, file);
+    bool deleted = true;
+    const auto twinFailed = errorOfTwin([&] { deleted = clearRaceFile(session, file, stakes); });
+    if (!deleted) {
+        showMessage(this,
+                    u"Another computer changed the bets meanwhile. Nothing was cleared: "
+                    "clear again"_s,
+                    u"Clear bets"_s);
+        return false;
+    }
     if (printWanted) {
         const PrintTask task{
             .label = u"Print Refunds"_s,
@@ -301,16 +309,11 @@ bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool p
                             u"The refund list"_s)
                     .note);
     }
-    if (!deleteTwins(session, file, stakes)) {
-        showMessage(this,
-                    u"Another computer changed the bets meanwhile. Nothing was cleared: "
-                    "discard the list of refunds and clear again"_s,
-                    u"Clear bets"_s);
-        return false;
-    }
     if (stakes.damaged > 0)
         addNote(u"Damaged lines that could not be refunded, kept in Saved: "_s
                 + QString::number(stakes.damaged));
+    if (twinFailed)
+        throw FileError(*twinFailed);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "setup/restore.h"
 
+#include "common/event/filebatch.h"
 #include "common/event/labelled.h"
 #include "common/files/recordfile.h"
 
@@ -38,15 +39,22 @@ std::array<RestoreChoice, 4> restoreChoices()
 QString restoreFromTwin(Session &session, RecordFile file)
 {
     const int race = session.settings.currentRace;
+    const QString label = recordFileName(file) + u" output"_s;
+    FileBatch batch(session, label);
     const QByteArray twin = labelled(session, recordFileName(file) + u"backup input"_s,
                                      [&] { return readRecordFile(twinFile(session, file, race)); });
-    return labelled(session, recordFileName(file) + u" output"_s, [&] {
-        const QString main = mainFile(session, file, race);
-        const bool existed = QFileInfo::exists(main);
-        const int before = existed ? recordCount(readRecordFile(main)) : 0;
-        keepInSaved(session, main);
-        replaceRecordFile(main, twin);
-        return QString(QFileInfo(main).fileName() + u": "_s + QString::number(before)
-                       + u" records before, "_s + QString::number(recordCount(twin)) + u" now"_s);
-    });
+    const QString main = mainFile(session, file, race);
+    const QString name = QFileInfo(main).fileName();
+    const QString now = QString::number(recordCount(twin)) + u" now"_s;
+    QByteArray before;
+    try {
+        before = readIfThere(main).value_or(QByteArray());
+    } catch (const FileError &) {
+        // Being unreadable is what a file is restored for.
+        labelled(session, label, [&] { replaceUnreadable(main, twin); });
+        return name + u" could not be read before: "_s + now;
+    }
+    batch.replaceMain(file, race, twin, label);
+    batch.commit();
+    return name + u": "_s + QString::number(recordCount(before)) + u" records before, "_s + now;
 }

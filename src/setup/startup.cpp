@@ -70,6 +70,9 @@ QString resetEventDirectory(Session &session, bool initWasDamaged)
     QStringList notes;
     if (last.compare(settings.eventDirectory, Qt::CaseInsensitive) != 0)
         notes += "Last event directory: "_L1 + last;
+    if (session.files.othersAreOpen)
+        notes +=
+            u"TRELAWN is open more than once on this computer: what one window shows may be old."_s;
     if (initWasDamaged) {
         const QString copy = labelled(session, u"Init open-Setup"_s,
                                       [&] { return keepInSaved(session, initFile(session)); });

@@ -24,6 +24,6 @@ bool readOrCreateInit(Session &session);
 void sizeTables(Session &session);
 
 // Sets the event directory of a start and rewrites Init; of a damaged Init a copy goes to Saved
-// first. Returns a note that names the directory of the last run when it was another one, and the
-// copy; or an empty text.
+// first. Returns a note that names the directory of the last run when it was another one, tells
+// that the program is open twice, and names the copy; or an empty text.
 QString resetEventDirectory(Session &session, bool initWasDamaged);

@@ -1,6 +1,6 @@
 #include "transfer/importevent.h"
 
-#include "common/event/eventfiles.h"
+#include "common/event/filebatch.h"
 #include "common/event/labelled.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/roles.h"
@@ -34,7 +34,7 @@ std::optional<QByteArray> readForeign(Session &session, const QString &folder, R
     try {
         return labelled(session, u"Import input"_s, [&] {
             const QString name = QFileInfo(mainFile(session, file, race)).fileName();
-            return readRecordFile(session.paths.toHost(folder + name));
+            return readRecordFile(session.paths.toHost(folder + name), Links::Refused);
         });
     } catch (const FileError &error) {
         if (error.number() != ErrorNumber::FileNotFound)
@@ -326,36 +326,6 @@ QString roomRefusal(const Session &session, const ImportedRace &race, int bets)
     return "No room for the bets of"_L1 + raceName(race.race);
 }
 
-// Copies of all files go to Saved before the first of them changes.
-void writeImport(Session &session, const ImportPlan &plan, const TransferProgress &progress)
-{
-    if (!plan.bettorLines.isEmpty())
-        keepTwinsInSaved(session, RecordFile::Bettors, 0);
-    for (const ImportedRace &race : plan.races) {
-        const auto i = std::size_t(race.race - 1);
-        if (!plan.cards[i].isEmpty())
-            keepTwinsInSaved(session, RecordFile::Horses, race.race);
-        if (!plan.betLines[i].isEmpty())
-            keepTwinsInSaved(session, RecordFile::Bets, race.race);
-        tell(progress, 2 * raceCount + race.race, 3 * raceCount + 1);
-    }
-
-    QList<NamedBytes> files;
-    if (!plan.bettorLines.isEmpty())
-        addTwinsWithLines(files, session, RecordFile::Bettors, 0, plan.bettorLines);
-    for (const ImportedRace &race : plan.races) {
-        const auto i = std::size_t(race.race - 1);
-        if (!plan.cards[i].isEmpty()) {
-            files.append({mainFile(session, RecordFile::Horses, race.race), plan.cards[i]});
-            files.append({twinFile(session, RecordFile::Horses, race.race), plan.cards[i]});
-        }
-        if (!plan.betLines[i].isEmpty())
-            addTwinsWithLines(files, session, RecordFile::Bets, race.race, plan.betLines[i]);
-    }
-    replaceRecordFiles(files);
-    tell(progress, 3 * raceCount + 1, 3 * raceCount + 1);
-}
-
 } // namespace
 
 QStringList ImportPlan::racesOnFile() const
@@ -445,7 +415,8 @@ ImportPlan planImport(Session &session, const QString &folder, const ImportChoic
 
 QString carryOutImport(Session &session, const ImportPlan &plan, const TransferProgress &progress)
 {
-    const auto lock = labelled(session, u"Import output"_s, [&] { return EventLock(session); });
+    const QString label = u"Import output"_s;
+    FileBatch batch(session, label);
     if (!plan.bettorLines.isEmpty()
         && readMainFile(session, RecordFile::Bettors, 0, u"Bettors input"_s) != plan.bettorsHere)
         return u"The bettor list has changed meanwhile. Import again."_s;
@@ -453,7 +424,19 @@ QString carryOutImport(Session &session, const ImportPlan &plan, const TransferP
         if (const QString full = roomRefusal(session, race, race.bets); !full.isEmpty())
             return full;
     }
-    labelled(session, u"Import output"_s, [&] { writeImport(session, plan, progress); });
+    if (!plan.bettorLines.isEmpty())
+        batch.append(RecordFile::Bettors, 0, plan.bettorLines, label);
+    for (const ImportedRace &race : plan.races) {
+        const auto i = std::size_t(race.race - 1);
+        if (!plan.cards[i].isEmpty())
+            batch.replaceTwins(RecordFile::Horses, race.race, plan.cards[i], label, label);
+        if (!plan.betLines[i].isEmpty())
+            batch.append(RecordFile::Bets, race.race, plan.betLines[i], label);
+    }
+    batch.commit([&](int done, int total) {
+        tell(progress, 2 * raceCount + done * raceCount / total, 3 * raceCount + 1);
+    });
+    tell(progress, 3 * raceCount + 1, 3 * raceCount + 1);
     return {};
 }
 

@@ -1,7 +1,8 @@
 #include "transfer/thumbdrive.h"
 
-#include "common/event/eventfiles.h"
+#include "common/event/filebatch.h"
 #include "common/event/labelled.h"
+#include "common/event/tornend.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
@@ -19,13 +20,41 @@ QString onDrive(const Session &session, const QString &drive, RecordFile file, i
     return session.paths.toHost(drive + u'\\' + name);
 }
 
+// Bettors and the Horses of all races.
+struct EventLists
+{
+    QByteArray bettors;
+    QList<QByteArray> horses;
+};
+
 // Reads a record file of the event on the drive as the operation \a label. A drive that is not
 // there fails the transfer itself, before its first operation.
 QByteArray readOnDrive(Session &session, const QString &drive, RecordFile file, int race,
                        const QString &label)
 {
     const QString path = onDrive(session, drive, file, race);
-    return labelled(session, label, [&] { return readRecordFile(path); });
+    return labelled(session, label, [&] {
+        const QByteArray bytes = readRecordFile(path, Links::Refused);
+        if (!fileEnd(bytes, {}).isWhole())
+            tell(session, QFileInfo(path).fileName()
+                              + u" on the drive ends without a line end: check its last record."_s);
+        return bytes;
+    });
+}
+
+// Throws 62 for lists that were cut short or hold something else.
+void demandWhole(Session &session, const EventLists &lists)
+{
+    const auto demand = [&](const QString &label, bool whole) {
+        labelled(session, label, [&] {
+            if (!whole)
+                throw FileError(ErrorNumber::InputPastEnd);
+        });
+    };
+    demand(u"Bettors input"_s,
+           BettorTable::parse(lists.bettors, 0).nameOf(anyBettorNumber) == anyBettorName());
+    for (const QByteArray &horses : lists.horses)
+        demand(u"Horses input"_s, parseHorses(horses).records == postCount);
 }
 
 void tell(const TransferProgress &progress, int done, int total)
@@ -34,13 +63,7 @@ void tell(const TransferProgress &progress, int done, int total)
         progress(done, total);
 }
 
-// Bettors and the Horses of all races, from wherever `read` takes them.
-struct EventLists
-{
-    QByteArray bettors;
-    QList<QByteArray> horses;
-};
-
+// The lists from wherever `read` takes them.
 template<typename Read>
 EventLists readLists(const Read &read, const TransferProgress &progress)
 {
@@ -97,16 +120,16 @@ void saveHorsesAndBettors(Session &session, const QString &drive, const Transfer
         return readMainFile(session, file, race, label);
     };
     const EventLists lists = readLists(read, progress);
-    QList<NamedBytes> files;
-    labelled(session, u"Bettors output"_s, [&] {
-        files.append({onDrive(session, drive, RecordFile::Bettors, 0), lists.bettors});
-    });
-    labelled(session, u"Horses output"_s, [&] {
-        for (int race = 1; race <= raceCount; ++race)
-            files.append(
-                {onDrive(session, drive, RecordFile::Horses, race), lists.horses[race - 1]});
-        replaceRecordFiles(files);
-    });
+    FileBatch batch(session);
+    const auto add = [&](RecordFile file, int race, const QByteArray &bytes, const QString &label) {
+        const QString path =
+            labelled(session, label, [&] { return onDrive(session, drive, file, race); });
+        batch.replaceFile(path, bytes, label);
+    };
+    add(RecordFile::Bettors, 0, lists.bettors, u"Bettors output"_s);
+    for (int race = 1; race <= raceCount; ++race)
+        add(RecordFile::Horses, race, lists.horses[race - 1], u"Horses output"_s);
+    batch.commit();
     tell(progress, 2 * raceCount, 2 * raceCount);
 }
 
@@ -116,59 +139,52 @@ void loadHorsesAndBettors(Session &session, const QString &drive, const Transfer
         return readOnDrive(session, drive, file, race, label);
     };
     const EventLists lists = readLists(read, progress);
-    labelled(session, u"Bettors output"_s,
-             [&] { keepTwinsInSaved(session, RecordFile::Bettors, 0); });
-    rewriteTwins(session, RecordFile::Bettors, 0, lists.bettors, u"Bettors output"_s,
-                 u"Bettorsbackup output"_s);
-    for (int race = 1; race <= raceCount; ++race) {
-        labelled(session, u"Horses output"_s,
-                 [&] { keepTwinsInSaved(session, RecordFile::Horses, race); });
-        rewriteTwins(session, RecordFile::Horses, race, lists.horses[race - 1], u"Horses output"_s,
-                     u"Horsesbackup output"_s);
-        tell(progress, raceCount + race, 2 * raceCount);
-    }
+    demandWhole(session, lists);
+    FileBatch batch(session, u"Bettors output"_s);
+    batch.replaceTwins(RecordFile::Bettors, 0, lists.bettors, u"Bettors output"_s,
+                       u"Bettorsbackup output"_s);
+    for (int race = 1; race <= raceCount; ++race)
+        batch.replaceTwins(RecordFile::Horses, race, lists.horses[race - 1], u"Horses output"_s,
+                           u"Horsesbackup output"_s);
+    batch.commit();
+    tell(progress, 2 * raceCount, 2 * raceCount);
 }
 
 void saveSatelliteBets(Session &session, const QString &drive, const TransferProgress &progress)
 {
-    QList<NamedBytes> files;
+    FileBatch batch(session);
     for (int race = 1; race <= raceCount; ++race) {
         const QString path = onDrive(session, drive, RecordFile::Bets, race);
-        files.append({path, readMainFile(session, RecordFile::Bets, race, u"Bets Input"_s)});
+        batch.replaceFile(path, readMainOrNothing(session, RecordFile::Bets, race, u"Bets Input"_s),
+                          u"Bets Output"_s);
         tell(progress, race, raceCount + 1);
     }
-    labelled(session, u"Bets Output"_s, [&] { replaceRecordFiles(files); });
+    batch.commit();
     tell(progress, raceCount + 1, raceCount + 1);
 }
 
 QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
                                   const TransferProgress &progress)
 {
-    QList<BetTable> incoming;
+    // Held from the comparison to the last file, so that what is told is what was added.
+    FileBatch batch(session, u"Bets Append"_s);
     QList<AddedBets> results;
     for (int race = 1; race <= raceCount; ++race) {
-        incoming += parseBets(
+        const BetTable incoming = parseBets(
             readOnDrive(session, drive, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
-        const BetTable before =
-            parseBets(readMainFile(session, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
+        const BetTable before = parseBets(
+            readMainOrNothing(session, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
         const HorseFile card =
-            parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
-        results += compareBets(before, incoming.last(), card.horses);
+            parseHorses(readMainOrNothing(session, RecordFile::Horses, race, u"Horses input"_s));
+        results += compareBets(before, incoming, card.horses);
         results.last().race = race;
+        if (!incoming.rows.empty())
+            batch.append(RecordFile::Bets, race, QByteArray::fromStdString(wholeLines(incoming)),
+                         u"Bets Append"_s);
         tell(progress, race, 2 * raceCount);
     }
-    labelled(session, u"Bets Append"_s, [&] {
-        QList<NamedBytes> files;
-        for (int race = 1; race <= raceCount; ++race) {
-            const BetTable &bets = incoming[race - 1];
-            if (!bets.rows.empty()) {
-                keepTwinsInSaved(session, RecordFile::Bets, race);
-                addTwinsWithLines(files, session, RecordFile::Bets, race,
-                                  QByteArray::fromStdString(wholeLines(bets)));
-            }
-            tell(progress, raceCount + race, 2 * raceCount);
-        }
-        replaceRecordFiles(files);
+    batch.commit([&](int done, int total) {
+        tell(progress, raceCount + done * raceCount / total, 2 * raceCount);
     });
     return results;
 }

@@ -1,5 +1,7 @@
 #include "ui/navigator.h"
 
+#include "common/event/session.h"
+#include "ui/lockwait.h"
 #include "ui/mainwindow.h"
 
 #include <QAbstractButton>
@@ -24,6 +26,14 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     for (const ScreenEntry &screen : screens)
         m_screens.emplace(screen.name, screen);
     connect(m_window, &MainWindow::closeRequested, this, &Navigator::pressCloseButton);
+    m_session.files.notices = [this](const QString &holder) {
+        return showLockWait(m_window, holder);
+    };
+    m_session.files.tell = [this](const QString &note) {
+        // Once the handler that is reading has shown its own note.
+        QMetaObject::invokeMethod(
+            this, [this, note] { addNote(note); }, Qt::QueuedConnection);
+    };
     auto *help = new QShortcut(Qt::Key_F1, m_window);
     help->setContext(Qt::ApplicationShortcut);
     connect(help, &QShortcut::activated, this, &Navigator::showHelp);
@@ -31,7 +41,17 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
 
 Navigator::~Navigator()
 {
+    m_session.files.notices = {};
+    m_session.files.tell = {};
     delete m_window;
+}
+
+// Adds a line to the notes of the screen in use, unless it is there already.
+void Navigator::addNote(const QString &note)
+{
+    auto *line = current() ? current()->findChild<QLabel *>(u"lblnote"_s) : nullptr;
+    if (line && !line->text().contains(note))
+        line->setText(line->text().isEmpty() ? note : line->text() + u'\n' + note);
 }
 
 bool Navigator::has(const QString &name) const
@@ -56,6 +76,7 @@ void Navigator::open(const QString &name, const QString &note)
     if (name == helpScreen && m_help && m_help->isVisible())
         return showHelp();
     m_previous = currentName();
+    m_session.files.unsure.reset(); // with the sheet that could place them again
     QWidget *screen = make(entry(name));
     m_window->showScreen(screen);
     m_window->setWindowTitle(entry(name).title);

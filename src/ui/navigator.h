@@ -80,6 +80,7 @@ private:
     const ScreenEntry &entry(const QString &name) const;
     QWidget *make(const ScreenEntry &entry);
     void pressCloseButton();
+    void addNote(const QString &note);
 
     Session &m_session;
     SlipPrinter &m_printer;

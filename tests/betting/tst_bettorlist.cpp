@@ -60,6 +60,8 @@ void tst_bettorlist::savedFiles_data()
     same("a deleted slot is no gap", "1,'AnyBettor'|2,'B'|3,'C'", "-B +D",
          "1,'AnyBettor'|3,'C'|4,'D'");
     same("999 with a name is a bettor", "1,'AnyBettor'|999,'Z'", "", "1,'AnyBettor'|999,'Z'");
+    same("changes join those of another program", "1,'AnyBettor'|2,'B'|3,'C'", "-B +M",
+         "1,'AnyBettor'|3,'C'|4,'X'|5,'M'");
     row("an empty list keeps the full backup", "", "", "", "1,'old'");
     same("a damaged line stays", "1,'AnyBettor'|2,'B|3,'C'", "-C", "1,'AnyBettor'|2,'B");
 }
@@ -74,6 +76,7 @@ void tst_bettorlist::savedFiles()
     event.write(u"Bettors"_s, file(before));
     event.write(u"Bettorsbackup"_s, file("1,'old'"));
     loadBettors(event.session, u"Bettors input"_s);
+    const BettorTable asRead = event.session.bettors;
     const QStringList steps = QString::fromUtf8(changes).split(u' ', Qt::SkipEmptyParts);
     for (const QString &step : steps) {
         if (step.startsWith(u'-'))
@@ -81,22 +84,23 @@ void tst_bettorlist::savedFiles()
         else
             addBettor(event.session.bettors, step.mid(1));
     }
-    saveBettors(event.session, event.session.bettors);
+    if (steps.contains(u"-B"_s) && steps.contains(u"+M"_s)) // another program adds somebody
+        event.write(u"Bettors"_s, file(before + "|4,'X'"));
+    saveBettors(event.session, asRead);
     QCOMPARE(event.read(u"Bettors"_s), file(main));
     QCOMPARE(event.read(u"Bettorsbackup"_s), file(twin));
 }
 
 void tst_bettorlist::savedCopies()
 {
-    const std::pair<QByteArray, int> files[] = {{"1,'AnyBettor'|2,'B'", 0},       // nothing is lost
-                                                {"1,'AnyBettor'|2,'B'|3,'C'", 2}, // a bettor goes
-                                                {"1,'AnyBettor'|2,'X'", 2}}; // a record is replaced
+    const std::pair<QByteArray, int> files[] = {{"1,'AnyBettor'|2,'B'", 0}, // nothing is lost
+                                                {"1,'AnyBettor'|2,'B'|3,'C'", 2}}; // a bettor goes
     for (const auto &[onFile, copied] : files) {
         TestEvent event(false);
         event.session.bettors = BettorTable::parse(file("1,'AnyBettor'|2,'B'"), 10);
         event.write(u"Bettors"_s, file(onFile));
         event.write(u"Bettorsbackup"_s, file(onFile));
-        saveBettors(event.session, event.session.bettors);
+        saveBettors(event.session, BettorTable::parse(file(onFile), 10));
         QCOMPARE(event.saved().size(), copied);
         for (const QString &copy : event.saved())
             QCOMPARE(event.read("Saved/"_L1 + copy), file(onFile));

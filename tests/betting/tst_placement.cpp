@@ -1,6 +1,8 @@
 #include "betting/placement.h"
 #include "betting/priorbets.h"
+#include "common/event/eventfiles.h"
 #include "common/event/racefiles.h"
+#include "kit/faultywrites.h"
 #include "kit/testkit.h"
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,7 @@ private slots:
     void notes();
     void betLimit();
     void deletionOfAStaleList();
+    void fileCalls();
 };
 
 void tst_placement::plan_data()
@@ -104,6 +107,28 @@ void tst_placement::deletionOfAStaleList()
     event.write(u"Bets Race1"_s, moved);
     QVERIFY(deletePriorBets(event.session, {prior.bets[1]}).listWasStale);
     QCOMPARE(event.read(u"Bets Race1"_s), moved);
+}
+
+// Each call is a journey where the event is on a slow share.
+void tst_placement::fileCalls()
+{
+    TestEvent event;
+    Session &session = event.session;
+    loadBettors(session, u"Bettors input"_s);
+    BetEntries entries;
+    entries.add(3, BetType::Win, 5);
+    const FileCalls calls(eventFolder(session));
+    loadPriorBets(session, 2, u"ANNA"_s);
+    const int choosing = calls.all();
+    loadBettors(session, u"Bettors input"_s);
+    placeBets(session, entries, 2);
+    const QByteArray counts = QByteArray::number(choosing) + ' '
+                              + QByteArray::number(calls.all() - choosing) + ' '
+                              + QByteArray::number(calls.underLock());
+    qInfo("choosing, placing, under the lock: %s", counts.constData());
+    QVERIFY2(choosing > 0 && choosing <= 8, counts);
+    QVERIFY2(calls.all() - choosing > 10 && calls.all() - choosing <= 25, counts);
+    QVERIFY2(calls.underLock() > 8 && calls.underLock() <= 12, counts);
 }
 
 TRELAWN_TEST(tst_placement)

@@ -4,6 +4,10 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdarg>
+#include <set>
+#include <string>
+#include <string_view>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,6 +23,54 @@ std::atomic<bool> armed = false;
 std::atomic<int> callsLeft = 0; // until the one that fails
 std::atomic<Fault> currentFault = Fault::DiskFull;
 std::atomic<bool> reached = false;
+
+std::atomic<bool> counting = false;
+std::string countedFolder;
+std::set<int> countedHandles;
+int allCalls = 0;
+int lockedCalls = 0;
+bool isLocked = false;
+
+bool isLockFile(std::string_view path)
+{
+    return path.ends_with("Trelawn.lock");
+}
+
+void countCall()
+{
+    ++allCalls;
+    lockedCalls += isLocked ? 1 : 0;
+}
+
+bool isCounted(const char *path)
+{
+    return counting && path && std::string_view(path).starts_with(countedFolder);
+}
+
+void countPath(const char *path)
+{
+    if (isCounted(path))
+        countCall();
+}
+
+void countHandle(int handle)
+{
+    if (counting && countedHandles.contains(handle))
+        countCall();
+}
+
+int openCounted(int folder, const char *path, int flags, mode_t mode)
+{
+    const int handle = int(syscall(SYS_openat, folder, path, flags, mode));
+    if (isCounted(path)) {
+        countCall();
+        if (handle >= 0)
+            countedHandles.insert(handle);
+        if (handle >= 0 && (flags & O_EXCL) && isLockFile(path))
+            isLocked = true;
+    }
+    return handle;
+}
 
 enum class Verdict { Works, Fails, HalfOnly };
 
@@ -70,6 +122,7 @@ int unlessFaulty(bool counted, const auto &call)
 
 ssize_t writeUnlessFaulty(int handle, size_t size, const auto &call)
 {
+    countHandle(handle);
     switch (armed && isOnDisk(handle) ? nextCall(true) : Verdict::Works) {
     case Verdict::Fails:
         return -1;
@@ -111,6 +164,7 @@ ssize_t pwrite64(int handle, const void *bytes, size_t size, off64_t offset)
 // disk hundreds of times would be most of a test's time.
 int fsync(int handle)
 {
+    countHandle(handle);
     return unlessFaulty(armed && isOnDisk(handle), [] { return 0; });
 }
 
@@ -119,9 +173,30 @@ int fdatasync(int handle)
     return fsync(handle);
 }
 
+int ftruncate(int handle, off_t size) noexcept
+{
+    countHandle(handle);
+    return unlessFaulty(armed && isOnDisk(handle),
+                        [=] { return syscall(SYS_ftruncate, handle, size); });
+}
+
+int ftruncate64(int handle, off64_t size) noexcept
+{
+    return ftruncate(handle, size);
+}
+
+// Giving the lock back never fails: its file would keep every later round waiting.
+int unlink(const char *path) noexcept
+{
+    countPath(path);
+    isLocked &= !isLockFile(path);
+    return unlessFaulty(armed && !isLockFile(path), [=] { return syscall(SYS_unlink, path); });
+}
+
 int renameat2(int fromFolder, const char *from, int toFolder, const char *to,
               unsigned flags) noexcept
 {
+    countPath(to);
     return unlessFaulty(
         true, [=] { return syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags); });
 }
@@ -133,8 +208,84 @@ int rename(const char *from, const char *to) noexcept
 
 int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
 {
+    countPath(to);
     return unlessFaulty(true,
                         [=] { return syscall(SYS_linkat, fromFolder, from, toFolder, to, flags); });
+}
+
+int link(const char *from, const char *to) noexcept
+{
+    return linkat(AT_FDCWD, from, AT_FDCWD, to, 0);
+}
+
+int open(const char *path, int flags, ...)
+{
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = (flags & O_CREAT) ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    return openCounted(AT_FDCWD, path, flags, mode);
+}
+
+int open64(const char *path, int flags, ...)
+{
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = (flags & O_CREAT) ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    return openCounted(AT_FDCWD, path, flags, mode);
+}
+
+int close(int handle)
+{
+    countHandle(handle);
+    if (counting)
+        countedHandles.erase(handle);
+    return int(syscall(SYS_close, handle));
+}
+
+ssize_t read(int handle, void *bytes, size_t size)
+{
+    countHandle(handle);
+    return syscall(SYS_read, handle, bytes, size);
+}
+
+ssize_t pread(int handle, void *bytes, size_t size, off_t offset)
+{
+    countHandle(handle);
+    return syscall(SYS_pread64, handle, bytes, size, offset);
+}
+
+int fstat(int handle, struct stat *status) noexcept
+{
+    countHandle(handle);
+    return int(syscall(SYS_fstat, handle, status));
+}
+
+int stat(const char *path, struct stat *status) noexcept
+{
+    countPath(path);
+    return int(syscall(SYS_newfstatat, AT_FDCWD, path, status, 0));
+}
+
+int statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) noexcept
+{
+    countPath(path);
+    if (*path == '\0')
+        countHandle(folder);
+    return int(syscall(SYS_statx, folder, path, flags, mask, status));
+}
+
+int access(const char *path, int mode) noexcept
+{
+    countPath(path);
+    return int(syscall(SYS_faccessat, AT_FDCWD, path, mode));
+}
+
+int mkdir(const char *path, mode_t mode) noexcept
+{
+    countPath(path);
+    return int(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
 }
 
 } // extern "C"
@@ -159,13 +310,39 @@ bool FaultyWrites::wasReached() const
     return reached;
 }
 
+FileCalls::FileCalls(const QString &folder)
+{
+    allCalls = 0;
+    lockedCalls = 0;
+    isLocked = false;
+    countedHandles.clear();
+    countedFolder = folder.toStdString();
+    counting = true;
+}
+
+FileCalls::~FileCalls()
+{
+    counting = false;
+}
+
+int FileCalls::all() const
+{
+    return allCalls;
+}
+
+int FileCalls::underLock() const
+{
+    return lockedCalls;
+}
+
 int failEachWrite(Fault fault, const std::function<void()> &prepare,
                   const std::function<void()> &operation,
                   const std::function<void(const FaultyRound &)> &check)
 {
     for (int nth = 1;; ++nth) {
         prepare();
-        FaultyRound round{nth, {}, false};
+        FaultyRound round;
+        round.nth = nth;
         bool reached = false;
         const auto run = [&] {
             const FaultyWrites faulty(nth, fault);
@@ -173,6 +350,8 @@ int failEachWrite(Fault fault, const std::function<void()> &prepare,
                 operation();
             } catch (const FileError &error) {
                 round.error = error.number();
+                round.aftermath = error.aftermath();
+                round.remark = error.remark();
             }
             reached = faulty.wasReached();
         };

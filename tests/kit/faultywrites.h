@@ -6,8 +6,8 @@
 #include <optional>
 
 // Lets the n-th write, flush or rename of this process fail, to prove what files are like then.
-// Counted are write, pwrite, fsync, fdatasync, rename and linkat on regular files and folders,
-// whoever calls them.
+// Counted are write, pwrite, fsync, fdatasync, ftruncate, unlink, rename and link on regular files
+// and folders, whoever calls them.
 
 enum class Fault {
     DiskFull,     // the call fails with ENOSPC; the calls after it work
@@ -34,7 +34,9 @@ struct FaultyRound
 {
     int nth = 0;                      // the call that failed
     std::optional<ErrorNumber> error; // what the operation threw
-    bool died = false;                // the process ended in mid-operation (Fault::Exit)
+    Aftermath aftermath = Aftermath::AsBefore;
+    QString remark;    // of the error
+    bool died = false; // the process ended in mid-operation (Fault::Exit)
 };
 
 // Lets flushes return at once in this test program. Being called is all it takes: with it the file
@@ -52,3 +54,19 @@ void skipRealFlushes();
 int failEachWrite(Fault fault, const std::function<void()> &prepare,
                   const std::function<void()> &operation,
                   const std::function<void(const FaultyRound &)> &check);
+
+// Counts the calls to the system on files of one folder while it lives, as each of them is a
+// journey over the network where the folder is a share: opening and closing, looking, reading,
+// writing, flushing, renaming, deleting.
+class FileCalls
+{
+public:
+    explicit FileCalls(const QString &folder);
+    ~FileCalls();
+    Q_DISABLE_COPY_MOVE(FileCalls)
+
+    int all() const;
+
+    // Those from the taking of the folder's lock on, to giving it back.
+    int underLock() const;
+};

@@ -165,6 +165,9 @@ TestEvent::TestEvent(bool withFiles)
 {
     failOnQtWarnings();
     setUp(session, m_folder.path());
+    // On a busy computer many test programs may want one lock for long.
+    session.files.times.patience = std::chrono::minutes(1);
+    session.files.times.settle = std::chrono::milliseconds(20);
     printer.setDestination([this](const Slip &slip) { slips.append(slip); });
     if (!withFiles)
         return;

@@ -1,5 +1,4 @@
 #include "common/event/eventfiles.h"
-#include "kit/faultywrites.h"
 #include "kit/testkit.h"
 #include "racecard/download.h"
 #include "racecard/fetch.h"
@@ -114,7 +113,6 @@ private slots:
     void runningEvent();
     void cancel();
     void address();
-    void powerLoss();
 };
 
 void tst_download::initTestCase()
@@ -293,35 +291,6 @@ void tst_download::address()
     giveAddress(event, u"http://example.invalid/club/postboard"_s);
     event.session.settings.eventDirectory = u"D:\\Party\\"_s;
     QCOMPARE(downloadAddress(event.session), u"http://example.invalid/club/postboard"_s);
-}
-
-// The process dies at each write: every race card is the old or the new one, whole, and an old one
-// that was replaced is in Saved.
-void tst_download::powerLoss()
-{
-    TestEvent event;
-    HorseTable horses;
-    horses.post(5) = {5, 0, u"5"_s, u"OLD HORSE"_s};
-    const QByteArray old = horseRecords(horses);
-    saveDownload(event.session, card);
-    const QStringList races{u"Horses Race1"_s, u"Horses Race2"_s};
-    const QByteArrayList replaced{event.read(races[0]), event.read(races[1])};
-    const auto prepare = [&] {
-        QDir(savedFolder(event.session)).removeRecursively();
-        for (const QString &race : races)
-            event.write(race, old);
-    };
-    const auto check = [&](const FaultyRound &) {
-        for (int i = 0; i < races.size(); ++i) {
-            const QByteArray now = event.read(races[i]);
-            QVERIFY(now == old
-                    || (now == replaced[i] && event.savedCopies(races[i]).contains(old)));
-        }
-    };
-    for (const Fault fault : {Fault::Exit, Fault::DiskFull, Fault::DiskGone})
-        QVERIFY(failEachWrite(
-                    fault, prepare, [&] { saveDownload(event.session, card); }, check)
-                > 15);
 }
 
 TRELAWN_TEST(tst_download)

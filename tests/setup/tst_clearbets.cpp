@@ -1,5 +1,4 @@
 #include "common/event/racefiles.h"
-#include "kit/faultywrites.h"
 #include "kit/testkit.h"
 #include "setup/clearbets.h"
 #include "ui/slipprinter.h"
@@ -64,7 +63,6 @@ private slots:
     void clears();
     void firstUseAfterwards();
     void nothingIsLost();
-    void powerLoss();
 };
 
 // Straight bets, multibets and a deleted bettor: everybody's money is on the lists, on paper or
@@ -149,9 +147,8 @@ void tst_clearbets::firstUseAfterwards()
     fill(event, bets, multibets);
     Session &session = event.session;
     LoadRaceBets(session);
-    keepTwins(session, RecordFile::Bets);
-    QVERIFY(!deleteTwins(session, RecordFile::Bets, RaceStakes())); // not what was read
-    QVERIFY(deleteTwins(session, RecordFile::Bets, straightStakes(session)));
+    QVERIFY(!clearRaceFile(session, RecordFile::Bets, RaceStakes())); // not what was read
+    QVERIFY(clearRaceFile(session, RecordFile::Bets, straightStakes(session)));
     QCOMPARE(session.bets.rows.size(), std::size_t(0));
     QCOMPARE(session.pools.amount(totalsRow, totalColumn), 0.0F);
     QCOMPARE(LoadRaceBets(session), QString());
@@ -182,37 +179,6 @@ void tst_clearbets::nothingIsLost()
     QCOMPARE(event.slips.size(), 0);
     QCOMPARE(event.read(u"Bets Race3"_s), bets);
     QCOMPARE(event.read(u"Multibets Race3"_s), multibets);
-}
-
-// Wherever it stops, every record is in the file, in its twin or in Saved.
-void tst_clearbets::powerLoss()
-{
-    TestEvent event;
-    const auto prepare = [&] {
-        QDir(savedFolder(event.session)).removeRecursively();
-        fill(event, bets, multibets);
-    };
-    const auto clear = [&] {
-        keepTwins(event.session, RecordFile::Bets);
-        deleteTwins(event.session, RecordFile::Bets, straightStakes(event.session));
-        keepTwins(event.session, RecordFile::Multibets);
-        deleteTwins(event.session, RecordFile::Multibets, multibetStakes(event.session));
-    };
-    const auto survives = [&](const QString &base, const QByteArray &records) {
-        for (const QString &twin : {u""_s, u"backup"_s}) {
-            const QString file = base + twin + u" Race3"_s;
-            if (event.exists(file) && event.read(file) == records)
-                return true;
-        }
-        return event.savedCopies(base + u" Race3"_s) == QByteArrayList{records}
-               && event.savedCopies(base + u"backup Race3"_s) == QByteArrayList{records};
-    };
-    const auto check = [&](const FaultyRound &round) {
-        QVERIFY2(survives(u"Bets"_s, bets), qPrintable(QString::number(round.nth)));
-        QVERIFY2(survives(u"Multibets"_s, multibets), qPrintable(QString::number(round.nth)));
-    };
-    for (const Fault fault : {Fault::Exit, Fault::DiskFull, Fault::DiskGone})
-        QVERIFY(failEachWrite(fault, prepare, clear, check) >= 12);
 }
 
 TRELAWN_TEST(tst_clearbets)

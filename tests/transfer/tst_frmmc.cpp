@@ -1,6 +1,5 @@
 #include "common/event/betrecords.h"
 #include "common/event/racefiles.h"
-#include "kit/faultywrites.h"
 #include "kit/testkit.h"
 #include "transfer/thumbdrive.h"
 #include "ui/mainwindow.h"
@@ -198,52 +197,6 @@ private slots:
         selectInList(satellite.step(u"cmdsavebets"_s, u"frmsatun"_s), u"lstdrive"_s, u"F:"_s);
         QVERIFY(m_boxes.allCame());
         QCOMPARE(QDir(thumb.path()).entryList(QDir::Files), QStringList());
-    }
-
-    // A disk that fills up, or a drive pulled out, in the middle of any transfer: bets are added to
-    // all races or to none, and what was on the drive stays readable.
-    void survivesEachFailingWrite_data()
-    {
-        QTest::addColumn<int>("fault");
-        QTest::newRow("disk full") << int(Fault::DiskFull);
-        QTest::newRow("drive pulled out") << int(Fault::DiskGone);
-    }
-    void survivesEachFailingWrite()
-    {
-        QFETCH(int, fault);
-        QTemporaryDir thumb;
-        Computer main(thumb.path());
-        Computer satellite(thumb.path());
-        const QByteArray mine = "2,1,1,2\r\n";
-        const QByteArray theirs = "2,2,1,5\r\n";
-        const QStringList names{u"Bets Race1"_s, u"Betsbackup Race1"_s, u"Bets Race9"_s,
-                                u"Betsbackup Race9"_s};
-        for (const QString &name : names)
-            satellite.write(name, theirs);
-        saveSatelliteBets(satellite.session, u"F:"_s);
-        const auto prepare = [&] {
-            for (const QString &name : names)
-                main.write(name, mine);
-        };
-        const int calls = failEachWrite(
-            Fault(fault), prepare, [&] { addSatelliteBets(main.session, u"F:"_s); },
-            [&](const FaultyRound &round) {
-                for (const QString &name : names) {
-                    const QByteArray bytes = main.read(name);
-                    // Once the first rename was made, only a rename that fails can part the races.
-                    if (bytes != mine && bytes != mine + theirs)
-                        qFatal("call %d: %s", round.nth, bytes.constData());
-                }
-            });
-        QVERIFY(calls > 0);
-        QVERIFY(failEachWrite(
-                    Fault(fault), [] {}, [&] { saveSatelliteBets(satellite.session, u"F:"_s); },
-                    [&](const FaultyRound &) {
-                        QFile file(thumb.filePath(u"Bets Race9"_s));
-                        if (!file.open(QIODevice::ReadOnly) || file.readAll() != theirs)
-                            qFatal("the drive lost its bets");
-                    })
-                > 0);
     }
 
     void returnsInTheRoleThatWasTold()

@@ -1,5 +1,4 @@
 #include "common/event/racefiles.h"
-#include "kit/faultywrites.h"
 #include "kit/testkit.h"
 #include "transfer/importevent.h"
 
@@ -178,49 +177,6 @@ private slots:
         QCOMPARE(carryOutImport(event.session, planned),
                  u"The bettor list has changed meanwhile. Import again."_s);
         QCOMPARE(event.read(u"Bettors"_s), "1,\"AnyBettor\"\r\n4,\"LATE\"\r\n"_qba);
-    }
-
-    // Wherever the writing fails, every file is old or new, and no bets come without their bettors.
-    void failingWrites_data()
-    {
-        QTest::addColumn<Fault>("fault");
-        QTest::newRow("disk full") << Fault::DiskFull;
-        QTest::newRow("disk gone") << Fault::DiskGone;
-        QTest::newRow("power cut") << Fault::Exit;
-    }
-    void failingWrites()
-    {
-        QFETCH(Fault, fault);
-        Event event;
-        const QByteArray bettors = event.read(u"Bettors"_s);
-        event.putThere(u"Bets Race1"_s, "2,5,2,2.5\r\n");
-        const QStringList twins{u"Bettors"_s, u"Bettorsbackup"_s, u"Bets Race1"_s,
-                                u"Betsbackup Race1"_s};
-        const QList<QByteArray> before{bettors, bettors, "1,1,1,5\r\n", "1,1,1,5\r\n"};
-        const QList<QByteArray> after{bettors + "4,\"NEW ONE\"\r\n", bettors + "4,\"NEW ONE\"\r\n",
-                                      "1,1,1,5\r\n4,5,2,2.5\r\n", "1,1,1,5\r\n4,5,2,2.5\r\n"};
-        int untouched = 0;
-        const int calls = failEachWrite(
-            fault,
-            [&] {
-                for (qsizetype i = 0; i < twins.size(); ++i)
-                    event.write(twins[i], before[i]);
-            },
-            [&] {
-                event.import({false, true, true});
-            },
-            [&](const FaultyRound &round) {
-                QList<QByteArray> now;
-                for (const QString &twin : twins)
-                    now << event.read(twin);
-                untouched += now == before ? 1 : 0;
-                for (qsizetype i = 0; i < twins.size(); ++i)
-                    QVERIFY2(now[i] == before[i] || now[i] == after[i], now[i]);
-                QVERIFY(now[2] == before[2] || now[0] == after[0]);
-                QVERIFY(round.error || round.died || now == after);
-            });
-        QVERIFY(calls > 12);
-        QVERIFY(untouched >= 8); // the copies and the temporary files come first
     }
 
     // A refusal leaves every file as it was.

@@ -14,15 +14,15 @@
 
 using namespace Qt::StringLiterals;
 
-// Several computers on one shared folder, each a process of its own: this program started again
-// with the part that it plays.
+// Several programs on one event, in a shared folder or a local one, each a process of its own: this
+// program started again with the part that it plays.
 
 namespace {
 
 constexpr int placers = 4;
-constexpr int sheets = 500; // of each placer, spread over the races
+constexpr int sheets = 200; // of each placer, spread over the races
 constexpr int races = 3;
-constexpr int rounds = 60; // of the computer that deletes, scratches and adds bettors
+constexpr int rounds = 30; // of the computer that deletes, scratches and adds bettors
 constexpr int scratchedPost = 20;
 constexpr int newBettorEvery = 50;
 
@@ -76,14 +76,26 @@ void manageRaces(Session &session)
     }
 }
 
-// Arguments: the share's folder, and the number of the placer or 0 for the computer that manages.
+// The programs begin at the same moment in an event whose files are missing.
+void enterEvent(TestEvent &event, const QString &folder, bool isShare)
+{
+    if (isShare) {
+        connectShare(event, folder);
+        startAsSatellite(event.session, u"HOST"_s);
+    } else {
+        event.session.paths = HostPaths(folder);
+        createMissingEventFiles(event.session);
+    }
+}
+
+// Arguments: the folder, the number of the placer or 0 for the computer that manages, and whether
+// the folder is a share.
 int playPart(int argc, char *argv[])
 {
     const QCoreApplication application(argc, argv);
     const int placer = QByteArray(argv[2]).toInt();
     TestEvent event(false);
-    connectShare(event, QString::fromLocal8Bit(argv[1]));
-    startAsSatellite(event.session, u"HOST"_s);
+    enterEvent(event, QString::fromLocal8Bit(argv[1]), QByteArray(argv[3]) == "1");
     if (placer > 0)
         placeSheets(event.session, placer);
     else
@@ -115,19 +127,35 @@ class tst_sharedfolder : public QObject
 private slots:
     // Every placed record is there once, in file and twin, every line whole; every bettor that was
     // added is there, under a number of its own.
+    void noBetIsLost_data()
+    {
+        QTest::addColumn<bool>("isShare");
+        QTest::newRow("several computers") << true;
+        QTest::newRow("several programs on one computer") << false;
+    }
     void noBetIsLost()
     {
+        QFETCH(bool, isShare);
         QTemporaryDir share;
-        TestEvent master;
+        TestEvent master(false);
         connectShare(master, share.path());
         startAsMaster(master.session, u"HOST"_s);
+        if (!isShare) {
+            master.session.settings.eventDirectory = u"C:\\Trelawn\\"_s;
+            master.session.paths = HostPaths(share.path());
+        }
+        for (int race = 1; race <= races; ++race) {
+            QFile::remove(master.path("Bets"_L1 + raceName(race)));
+            QFile::remove(master.path("Betsbackup"_L1 + raceName(race)));
+        }
 
         std::vector<std::unique_ptr<QProcess>> parts;
         for (int placer = 0; placer <= placers; ++placer) {
             parts.push_back(std::make_unique<QProcess>());
             parts.back()->setProcessChannelMode(QProcess::ForwardedChannels);
-            parts.back()->start(QCoreApplication::applicationFilePath(),
-                                {u"part"_s, share.path(), QString::number(placer)});
+            parts.back()->start(
+                QCoreApplication::applicationFilePath(),
+                {u"part"_s, share.path(), QString::number(placer), QString::number(int(isShare))});
         }
         for (const auto &part : parts) {
             QVERIFY(part->waitForFinished(100'000));
@@ -135,6 +163,8 @@ private slots:
             QCOMPARE(part->exitCode(), 0);
         }
 
+        if (isShare)
+            QCOMPARE(decodeShareRecord(master.read(u"res"_s))->computers, placers + 2);
         for (int race = 1; race <= races; ++race) {
             const auto inMain = countBets(master.read(u"Bets"_s + raceName(race)));
             QVERIFY(inMain == countBets(master.read(u"Betsbackup"_s + raceName(race))));

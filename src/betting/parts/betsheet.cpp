@@ -201,6 +201,7 @@ void BetSheet::addEntry(int post, BetType type)
 void BetSheet::clearEntries()
 {
     m_entries.clear();
+    m_context.session.files.unsure.reset();
     m_grid->showEntries(m_entries);
     lbltobeplaced->setText(toBePlacedText(0));
 }
@@ -228,8 +229,11 @@ void BetSheet::place()
     if (!bettorHolds() || !cardHolds())
         return;
     Placement placement;
-    if (!trapped([&] { placement = placeBets(session, m_entries, m_bettor); }))
-        return note(u"No bet was placed."_s);
+    if (!trapped([&] { placement = placeBets(session, m_entries, m_bettor); })) {
+        return note(session.files.unsure ? u"Place these bets again: what is on file is not placed "
+                                           "twice."_s
+                                         : u"No bet was placed."_s);
+    }
     const QString limit = QString::number(session.settings.betLimit);
     if (placement.raceIsFull) {
         return showMessage(
@@ -299,15 +303,15 @@ bool BetSheet::cardHolds()
     return false;
 }
 
-// Adds the placed bets to the prior bets and reloads the race with them.
+// Adds the placed bets to the prior bets.
 void BetSheet::listPlaced(const Placement &placement)
 {
     Session &session = m_context.session;
-    std::size_t row = placement.firstRow;
-    for (const Bet &bet : placement.plan.bets)
-        m_prior.append({row++, bet, placedBetLine(session.horses, bet)});
+    for (std::size_t i = 0; i < placement.rows.size(); ++i) {
+        const Bet &bet = placement.plan.bets[i];
+        m_prior.append({placement.rows[i], bet, placedBetLine(session.horses, bet)});
+    }
     m_priorPanel->showBets(m_prior);
-    trapped([&] { LoadRaceBets(session); });
     showOdds();
 }
 
@@ -341,7 +345,7 @@ void BetSheet::finishPlacement(const Placement &placement)
     else
         m_search->reset();
     m_search->focusSearch();
-    note(placement.note.isEmpty() ? result : result + u' ' + placement.note);
+    note(result);
 }
 
 void BetSheet::deletePrior()
@@ -362,6 +366,8 @@ void BetSheet::deletePrior()
              + dollars(deleted.refund) + u" to "_s + m_prior.name + u'.'
              + withBlank(printRefund(deleted)));
     }
+    if (deleted.twinError)
+        showFileError(this, *deleted.twinError, ErrorStyle::NumberAndDescription);
     listPriorBets(m_prior.bettor, m_prior.name);
 }
 

@@ -1,16 +1,13 @@
 #include "common/event/eventfiles.h"
 
+#include "common/event/eventlock.h"
 #include "common/event/init.h"
 #include "common/event/labelled.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
 #include <QDateTime>
-#include <QDeadlineTimer>
-#include <QFile>
 #include <QFileInfo>
-#include <QRandomGenerator>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -45,37 +42,50 @@ QString moveFullTwinToSaved(Session &session, const QString &twin)
     return QFileInfo(twin).fileName() + " was moved to Saved as "_L1 + copy;
 }
 
-// An empty file that was not there loses nothing to a power failure: it needs no flush.
-void writeNewFile(const QString &path, const QByteArray &records)
+// What a new record file holds.
+QByteArray newRecords(RecordFile file)
 {
-    if (records.isEmpty() && !QFileInfo::exists(path))
-        createRecordFile(path);
-    else
-        replaceRecordFile(path, records);
+    switch (file) {
+    case RecordFile::Horses:
+        return horseRecords(HorseTable());
+    case RecordFile::Bettors:
+        return newBettorRecords();
+    case RecordFile::Bets:
+    case RecordFile::Multibets:
+        break;
+    }
+    return {};
 }
 
-// Creates a missing record file and its twin with the records that a new one holds.
-QString createIfMissing(Session &session, RecordFile file, int race, const QByteArray &records,
-                        const QString &labelBase)
+// Creates a missing record file and its twin for GO TO MENU. The lock is taken when the first one
+// is missing: an event that is whole is never written to.
+QString createIfMissing(Session &session, std::optional<EventLock> &lock, RecordFile file, int race)
 {
-    const QString twinLabel = labelBase + "backup output-Setup"_L1;
-    if (!labelled(session, labelBase + " input-Setup"_L1,
-                  [&] { return isMissing(mainFile(session, file, race)); }))
-        return {};
-    QString note = labelled(session, twinLabel, [&] {
-        return moveFullTwinToSaved(session, twinFile(session, file, race));
+    const QString name = recordFileName(file);
+    return labelled(session, name + " input-Setup"_L1, [&] {
+        if (!isMissing(mainFile(session, file, race)))
+            return QString();
+        if (!lock)
+            lock.emplace(session);
+        return createMissingTwins(session, file, race, name + " output-Setup"_L1,
+                                  name + "backup output-Setup"_L1);
     });
-    labelled(session, labelBase + " output-Setup"_L1,
-             [&] { writeNewFile(mainFile(session, file, race), records); });
-    labelled(session, twinLabel, [&] { writeNewFile(twinFile(session, file, race), records); });
-    return note;
 }
 
-// The bytes with whole lines after them.
-QByteArray withLines(const QByteArray &bytes, const QByteArray &lines)
+QString endNote(const QString &name, const QString &twinName, EndFate fate)
 {
-    const bool lacksEnd = !bytes.isEmpty() && !bytes.endsWith('\n');
-    return bytes + (lacksEnd ? recordEnd : "") + lines;
+    switch (fate) {
+    case EndFate::Completed:
+        return name + " ended within a record, which was completed from "_L1 + twinName
+               + ". A copy is in Saved."_L1;
+    case EndFate::Taken:
+        return name + " ends without a line end: check its last record."_L1;
+    case EndFate::Torn:
+        return name + " ends within a record, which does not count. Fix Files shows it."_L1;
+    case EndFate::Whole:
+        break;
+    }
+    return {};
 }
 
 } // namespace
@@ -115,9 +125,71 @@ QString twinFile(const Session &session, RecordFile file, int race)
     return pathOf(session, file, race, u"backup"_s);
 }
 
+void tell(Session &session, const QString &note)
+{
+    if (!note.isEmpty() && session.files.tell)
+        session.files.tell(note);
+}
+
+FileEnd endOf(Session &session, RecordFile file, int race, const QByteArray &bytes)
+{
+    if (bytes.isEmpty() || bytes.endsWith('\n'))
+        return {};
+    const QString twin = twinFile(session, file, race);
+    const FileEnd end = fileEnd(bytes, readIfThere(twin));
+    tell(session, endNote(QFileInfo(mainFile(session, file, race)).fileName(),
+                          QFileInfo(twin).fileName(), end.fate));
+    return end;
+}
+
+QByteArray withSettledEnd(Session &session, RecordFile file, int race, const QByteArray &bytes)
+{
+    return bytes + endOf(session, file, race, bytes).missing;
+}
+
+namespace {
+
+// A file whose last line is not ended is looked at again under the lock: somebody may just be
+// writing it.
+QByteArray readTornFile(Session &session, RecordFile file, int race)
+{
+    const QString path = mainFile(session, file, race);
+    try {
+        const EventLock lock(session);
+        QByteArray bytes = readRecordFile(path);
+        const FileEnd end = endOf(session, file, race, bytes);
+        bytes += end.missing;
+        if (end.fate == EndFate::Completed) {
+            keepInSaved(session, path);
+            lock.demandHeld();
+            replaceRecordFile(path, bytes);
+        }
+        return bytes;
+    } catch (const FileError &) {
+        // It can be read all the same where it cannot be written.
+        return withSettledEnd(session, file, race, readRecordFile(path));
+    }
+}
+
+} // namespace
+
 QByteArray readMainFile(Session &session, RecordFile file, int race, const QString &label)
 {
-    return labelled(session, label, [&] { return readRecordFile(mainFile(session, file, race)); });
+    return labelled(session, label, [&] {
+        const QByteArray bytes = readRecordFile(mainFile(session, file, race));
+        return bytes.isEmpty() || bytes.endsWith('\n') ? bytes : readTornFile(session, file, race);
+    });
+}
+
+QByteArray readMainOrNothing(Session &session, RecordFile file, int race, const QString &label)
+{
+    try {
+        return readMainFile(session, file, race, label);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+    }
+    return {};
 }
 
 QString eventFolder(const Session &session)
@@ -130,76 +202,6 @@ QString savedFolder(const Session &session)
     return session.paths.toHost(session.settings.eventDirectory + u"Saved"_s);
 }
 
-EventLock::EventLock(const Session &session)
-{
-    using namespace std::chrono_literals;
-    if (session.settings.networkMode == 0)
-        return;
-    m_lock.emplace(eventFolder(session) + "/Trelawn.lock"_L1);
-    m_lock->setStaleLockTime(10s);
-    const QDeadlineTimer patience(2s);
-    while (!m_lock->tryLock(0ms) && m_lock->error() == QLockFile::LockFailedError
-           && !patience.hasExpired())
-        QThread::msleep(QRandomGenerator::global()->bounded(2U, 12U));
-}
-
-bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
-                 const QString &inputLabel, const QString &label, const QString &twinLabel)
-{
-    const auto lock = labelled(session, inputLabel, [&] { return EventLock(session); });
-    QByteArray found = readMainFile(session, file, race, inputLabel);
-    for (;;) {
-        const std::optional<QByteArray> changed = change(found);
-        if (!changed)
-            return false;
-        const QByteArray now = labelled(session, label, [&] {
-            if (*changed != found)
-                keepTwinsInSaved(session, file, race);
-            return readRecordFile(mainFile(session, file, race));
-        });
-        if (now == found) {
-            rewriteTwins(session, file, race, *changed, label, twinLabel);
-            return true;
-        }
-        found = now;
-    }
-}
-
-void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
-                  const QString &label, const QString &twinLabel)
-{
-    labelled(session, label, [&] { replaceRecordFile(mainFile(session, file, race), records); });
-    labelled(session, twinLabel,
-             [&] { replaceRecordFile(twinFile(session, file, race), records); });
-}
-
-void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
-                 const QString &label, const QString &twinLabel)
-{
-    labelled(session, label, [&] {
-        const EventLock lock(session);
-        const QString main = mainFile(session, file, race);
-        appendRecords(main, lines);
-        try {
-            labelled(session, twinLabel,
-                     [&] { appendRecords(twinFile(session, file, race), lines); });
-        } catch (const FileError &) {
-            cutRecords(main, lines);
-            throw;
-        }
-    });
-}
-
-void addTwinsWithLines(QList<NamedBytes> &files, const Session &session, RecordFile file, int race,
-                       const QByteArray &lines)
-{
-    const QString main = mainFile(session, file, race);
-    const QString twin = twinFile(session, file, race);
-    const QByteArray bytes = readRecordFile(main);
-    files.append({main, withLines(bytes, lines)});
-    files.append({twin, withLines(QFileInfo::exists(twin) ? readRecordFile(twin) : bytes, lines)});
-}
-
 QString keepInSaved(Session &session, const QString &path)
 {
     if (QFileInfo(path).size() == 0)
@@ -209,18 +211,9 @@ QString keepInSaved(Session &session, const QString &path)
     const QString stem = QFileInfo(path).fileName() + u' '
                          + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_s);
     QString name = stem;
-    for (int n = 2; QFileInfo::exists(savedFolder(session) + u'/' + name); ++n)
+    for (int n = 2; !createRecordFile(savedFolder(session) + u'/' + name, bytes); ++n)
         name = stem + u'-' + QString::number(n);
-    replaceRecordFile(savedFolder(session) + u'/' + name, bytes);
     return name;
-}
-
-int keepTwinsInSaved(Session &session, RecordFile file, int race)
-{
-    int kept = 0;
-    for (const QString &path : {mainFile(session, file, race), twinFile(session, file, race)})
-        kept += keepInSaved(session, path).isEmpty() ? 0 : 1;
-    return kept;
 }
 
 QString CreateEventFiles(Session &session)
@@ -232,28 +225,49 @@ QString CreateEventFiles(Session &session)
 QString createMissingEventFiles(Session &session)
 {
     makeEventFolder(session);
+    std::optional<EventLock> lock;
     QStringList notes;
     for (int race = 1; race <= raceCount; ++race) {
-        notes += createIfMissing(session, RecordFile::Bets, race, {}, u"Bets"_s);
-        notes += createIfMissing(session, RecordFile::Multibets, race, {}, u"Multibets"_s);
+        notes += createIfMissing(session, lock, RecordFile::Bets, race);
+        notes += createIfMissing(session, lock, RecordFile::Multibets, race);
     }
     labelled(session, u"Horses directory-Setup"_s, [&] {
-        for (int race = 1; race <= raceCount; ++race) {
-            notes += createIfMissing(session, RecordFile::Horses, race, horseRecords(HorseTable()),
-                                     u"Horses"_s);
-        }
+        for (int race = 1; race <= raceCount; ++race)
+            notes += createIfMissing(session, lock, RecordFile::Horses, race);
     });
-    notes += createIfMissing(session, RecordFile::Bettors, 0, newBettorRecords(), u"Bettors"_s);
+    notes += createIfMissing(session, lock, RecordFile::Bettors, 0);
     notes.removeAll(QString());
     return notes.join(u'\n');
 }
 
-QString CreateMissingRaceBets(Session &session)
+QString createMissingTwins(Session &session, RecordFile file, int race, const QString &label,
+                           const QString &twinLabel)
 {
-    const int race = session.settings.currentRace;
-    const QString twin = twinFile(session, RecordFile::Bets, race);
-    const QString note = moveFullTwinToSaved(session, twin);
-    createRecordFile(mainFile(session, RecordFile::Bets, race));
-    replaceRecordFile(twin, {});
+    const auto lock = labelled(session, label, [&] { return EventLock(session); });
+    const QString main = mainFile(session, file, race);
+    const QString twin = twinFile(session, file, race);
+    QString note;
+    if (QFileInfo::exists(main))
+        return note; // by now
+    const QByteArray records = newRecords(file);
+    labelled(session, twinLabel, [&] { note = moveFullTwinToSaved(session, twin); });
+    lock.demandHeld();
+    if (!labelled(session, label, [&] { return createRecordFile(main, records); }))
+        return {};
+    labelled(session, twinLabel, [&] {
+        if (!createRecordFile(twin, records))
+            replaceRecordFile(twin, records);
+    });
     return note;
+}
+
+void createMissingTwin(Session &session, RecordFile file, int race, const QString &label)
+{
+    labelled(session, label, [&] {
+        const QString twin = twinFile(session, file, race);
+        if (QFileInfo(twin).isFile())
+            return;
+        const EventLock lock(session);
+        createRecordFile(twin, readIfThere(mainFile(session, file, race)).value_or(QByteArray()));
+    });
 }

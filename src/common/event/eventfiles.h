@@ -1,12 +1,8 @@
 #pragma once
 
 #include "common/event/session.h"
+#include "common/event/tornend.h"
 #include "common/files/recordfile.h"
-
-#include <QLockFile>
-
-#include <functional>
-#include <optional>
 
 // Every file name of an event is built here: event directory, base name and race name, with no
 // separator. All functions throw FileError; those that are given labels throw it with its label.
@@ -21,57 +17,29 @@ QString recordFileName(RecordFile file);
 QString mainFile(const Session &session, RecordFile file, int race);
 QString twinFile(const Session &session, RecordFile file, int race);
 
-// The bytes of a record file, read as the operation \a label.
+// The bytes of a record file, read as the operation \a label; the last line is ended. One that was
+// not is weighed against the twin: the file is mended from it (a copy goes to Saved), or the record
+// is taken as it stands, or it is made one that every reader takes for damaged; the operator is
+// told.
 QByteArray readMainFile(Session &session, RecordFile file, int race, const QString &label);
+
+// The same; a file that is missing holds nothing.
+QByteArray readMainOrNothing(Session &session, RecordFile file, int race, const QString &label);
+
+// The same weighing for bytes that were just read, without mending.
+FileEnd endOf(Session &session, RecordFile file, int race, const QByteArray &bytes);
+QByteArray withSettledEnd(Session &session, RecordFile file, int race, const QByteArray &bytes);
+
+// Shows a note about a file on the screen in use, unless it is empty.
+void tell(Session &session, const QString &note);
 
 // The event directory and its folder of kept copies, as this computer's paths.
 QString eventFolder(const Session &session);
 QString savedFolder(const Session &session);
 
-// Keeps the other computers of network mode from writing the event's files at the same time. It is
-// advisory: waited for at most 2 seconds and then done without, so that a computer that crashed
-// stops nobody. On local files it does nothing.
-class EventLock
-{
-public:
-    explicit EventLock(const Session &session);
-
-private:
-    std::optional<QLockFile> m_lock;
-};
-
-// Makes the new bytes of a record file from those it holds, or nothing to leave it alone.
-using RecordChange = std::function<std::optional<QByteArray>(const QByteArray &)>;
-
-// Rewrites a record file and its twin with what \a change makes of the main file. The file is read
-// afresh, and read again when another computer wrote to it meanwhile, so that nothing written there
-// is lost; \a change may therefore be called several times. Both files go to Saved first when the
-// content changes. Sets \a inputLabel, then \a label and \a twinLabel. False when the file
-// was left alone.
-bool changeTwins(Session &session, RecordFile file, int race, const RecordChange &change,
-                 const QString &inputLabel, const QString &label, const QString &twinLabel);
-
-// Rewrites a record file and then its twin with the same records.
-void rewriteTwins(Session &session, RecordFile file, int race, const QByteArray &records,
-                  const QString &label, const QString &twinLabel);
-
-// Appends whole lines to a record file and then to its twin, one write and flush per file. When the
-// twin fails, the lines are taken off the main file again, so that both are as before.
-void appendTwins(Session &session, RecordFile file, int race, const QByteArray &lines,
-                 const QString &label, const QString &twinLabel);
-
-// Adds to \a files the main file and the twin as they would be with whole lines appended, for
-// replaceRecordFiles: appending to several files at once, or to none.
-void addTwinsWithLines(QList<NamedBytes> &files, const Session &session, RecordFile file, int race,
-                       const QByteArray &lines);
-
 // Puts a copy of a file into the Saved folder, with the time in its name. A missing or empty file
 // needs none. Returns the copy's file name, or an empty text.
 QString keepInSaved(Session &session, const QString &path);
-
-// The same for a record file and its twin, before they are shortened, deleted or replaced. Returns
-// the number of copies.
-int keepTwinsInSaved(Session &session, RecordFile file, int race);
 
 // Makes the event directory (label "Bets drivedir-Setup"); one that is there already is no error.
 // The shared folder of another computer is never made here: without it the error is 76.
@@ -85,6 +53,11 @@ QString CreateEventFiles(Session &session);
 // The same without Init, for a directory whose record files may be missing.
 QString createMissingEventFiles(Session &session);
 
-// Creates the current race's Bets and Betsbackup empty; a full Betsbackup is moved to Saved first.
-// Returns a note as above.
-QString CreateMissingRaceBets(Session &session);
+// Creates a record file that is missing, and its twin, with the records of a new one; a full twin
+// is copied to Saved first. A file that is there by now, because another program just began it,
+// stays as it is. Returns a note as above.
+QString createMissingTwins(Session &session, RecordFile file, int race, const QString &label,
+                           const QString &twinLabel);
+
+// Creates a twin that is missing as a copy of its main file.
+void createMissingTwin(Session &session, RecordFile file, int race, const QString &label);

@@ -1,8 +1,8 @@
 #include "common/event/multibetrecords.h"
 
-#include "common/event/eventfiles.h"
 #include "common/event/labelled.h"
 #include "common/event/multibettypes.h"
+#include "common/event/twinfiles.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/files/recordlines.h"
@@ -134,12 +134,10 @@ MultibetTable loadOrCreateMultibets(Session &session)
         if (error.number() != ErrorNumber::FileNotFound)
             throw;
     }
-    const int race = session.settings.currentRace;
-    labelled(session, u"Multibets input"_s,
-             [&] { keepInSaved(session, twinFile(session, RecordFile::Multibets, race)); });
-    rewriteTwins(session, RecordFile::Multibets, race, {}, u"Multibets input"_s,
-                 u"Multibets input"_s);
-    return {};
+    const QString label = u"Multibets input"_s;
+    tell(session, createMissingTwins(session, RecordFile::Multibets, session.settings.currentRace,
+                                     label, label));
+    return loadMultibets(session, label);
 }
 
 void appendMultibets(Session &session, std::span<const Multibet> bets)
@@ -147,8 +145,10 @@ void appendMultibets(Session &session, std::span<const Multibet> bets)
     QByteArray lines;
     for (const Multibet &bet : bets)
         lines += multibetLine(bet);
-    appendTwins(session, RecordFile::Multibets, session.settings.currentRace, lines,
-                u"Append Bets"_s, u"Append Bets"_s);
+    appendTwins(
+        session, RecordFile::Multibets, session.settings.currentRace,
+        [&](const QByteArray &) { return lines; }, u"Append Bets"_s, u"Append Bets"_s,
+        u"Append Bets"_s);
 }
 
 bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed)

@@ -75,5 +75,6 @@ struct PlacedMultibet
 
 // Reads the file again and rewrites it and its twin without exactly these bets of the bettor, after
 // a copy of both went to Saved. When a place now holds another bet, nothing is changed and the
-// result is false. All other lines stay byte for byte.
+// result is false. All other lines stay byte for byte. When the twin could not be rewritten, the
+// bets are gone all the same: the error's aftermath says so.
 bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed);

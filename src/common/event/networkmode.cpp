@@ -1,6 +1,7 @@
 #include "common/event/networkmode.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/eventlock.h"
 #include "common/event/init.h"
 #include "common/event/labelled.h"
 #include "common/files/fileerror.h"
@@ -9,6 +10,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -71,6 +73,26 @@ void writeMarker(Session &session, const QString &folder, const ShareRecord &rec
              [&] { replaceRecordFile(markerPath(session, folder), encodeShareRecord(record)); });
 }
 
+// Rewrites the marker record with what \a change makes of it, under the share's lock: computers
+// join at the same moment. \a fresh is the record of a share that has none.
+void changeMarker(Session &session, const QString &folder, const std::optional<ShareRecord> &fresh,
+                  const std::function<void(ShareRecord &)> &change)
+{
+    const auto lock = labelled(session, u"res input"_s,
+                               [&] { return EventLock(session, session.paths.toHost(folder)); });
+    ShareRecord record;
+    try {
+        record = readMarker(session, folder);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound || !fresh)
+            throw;
+        record = *fresh;
+    }
+    change(record);
+    lock.demandHeld();
+    writeMarker(session, folder, record);
+}
+
 } // namespace
 
 QByteArray encodeShareRecord(const ShareRecord &record)
@@ -123,14 +145,7 @@ QString startAsMaster(Session &session, const QString &computer)
     settings.eventDirectory = folder;
     settings.networkMode = 0;
     settings.masterComputer = computer;
-    ShareRecord record{folder, computer, 1};
-    try {
-        record = readMarker(session, folder);
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-    }
-    writeMarker(session, folder, record);
+    changeMarker(session, folder, ShareRecord{folder, computer, 1}, [](ShareRecord &) {});
     const QString note = createMissingEventFiles(session);
     settings.networkMode = 1;
     settings.isNetworkMaster = true;
@@ -144,9 +159,7 @@ QString startAsSatellite(Session &session, const QString &master)
     const QString folder = shareFolder(master);
     settings.networkMode = 0;
     try {
-        ShareRecord record = readMarker(session, folder);
-        ++record.computers;
-        writeMarker(session, folder, record);
+        changeMarker(session, folder, {}, [](ShareRecord &record) { ++record.computers; });
         settings.eventDirectory = folder;
         settings.masterComputer = master;
         const QString note = createMissingEventFiles(session);
@@ -165,9 +178,9 @@ bool endNetworkMode(Session &session)
     const QString folder = settings.eventDirectory;
     bool shareReached = true;
     try {
-        ShareRecord record = readMarker(session, folder);
-        record.computers = std::max(0, record.computers - 1);
-        writeMarker(session, folder, record);
+        changeMarker(session, folder, {}, [](ShareRecord &record) {
+            record.computers = std::max(0, record.computers - 1);
+        });
     } catch (const FileError &) {
         shareReached = false;
     }

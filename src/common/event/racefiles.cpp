@@ -1,24 +1,17 @@
 #include "common/event/racefiles.h"
 
-#include "common/event/eventfiles.h"
-#include "common/event/labelled.h"
-#include "common/files/fileerror.h"
-#include "common/files/recordfile.h"
-
-#include <QFileInfo>
+#include "common/event/filebatch.h"
+#include "common/event/twinfiles.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString raceFile(const Session &session, RecordFile file)
-{
-    return mainFile(session, file, session.settings.currentRace);
-}
-
 void readBets(Session &session)
 {
-    session.bets = parseBets(readRecordFile(raceFile(session, RecordFile::Bets)).toStdString());
+    const QByteArray bytes =
+        readMainFile(session, RecordFile::Bets, session.settings.currentRace, u"Bets input"_s);
+    session.bets = parseBets(bytes.toStdString());
     session.pools = poolsOf(session.bets);
 }
 
@@ -46,8 +39,9 @@ HorseFile readHorsesIfThere(Session &session, const QString &label)
 
 void saveHorses(Session &session)
 {
-    rewriteTwins(session, RecordFile::Horses, session.settings.currentRace,
-                 horseRecords(session.horses), u"Horses output"_s, u"Horsesbackup output"_s);
+    const auto card = [&](const QByteArray &) { return horseRecords(session.horses); };
+    changeTwins(session, RecordFile::Horses, session.settings.currentRace, card, u"Horses input"_s,
+                u"Horses output"_s, u"Horsesbackup output"_s);
 }
 
 void loadBettors(Session &session, const QString &label)
@@ -59,53 +53,50 @@ void loadBettors(Session &session, const QString &label)
 int clearBettors(Session &session, const QString &labelEnd)
 {
     const QString label = "Bettors output"_L1 + labelEnd;
-    const int kept =
-        labelled(session, label, [&] { return keepTwinsInSaved(session, RecordFile::Bettors, 0); });
-    rewriteTwins(session, RecordFile::Bettors, 0, newBettorRecords(), label,
-                 "Bettorsbackup output"_L1 + labelEnd);
+    FileBatch batch(session, label);
+    batch.replaceTwins(RecordFile::Bettors, 0, newBettorRecords(), label,
+                       "Bettorsbackup output"_L1 + labelEnd);
+    const int kept = batch.commit();
     session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
     return kept;
 }
 
 QString LoadRaceBets(Session &session)
 {
-    QString note = labelled(session, u"Bets input"_s, [&] {
-        try {
-            readBets(session);
-        } catch (const FileError &error) {
-            if (error.number() != ErrorNumber::FileNotFound)
-                throw;
-            const QString moved = CreateMissingRaceBets(session);
-            readBets(session);
-            return moved;
-        }
-        return QString();
-    });
-    labelled(session, u"Bets Append"_s,
-             [&] { createRecordFile(raceFile(session, RecordFile::Bets)); });
+    QString note;
+    try {
+        readBets(session);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+        note = CreateMissingRaceBets(session);
+        readBets(session);
+    }
     createMissingBetsBackup(session);
     return note;
 }
 
+QString CreateMissingRaceBets(Session &session)
+{
+    return createMissingTwins(session, RecordFile::Bets, session.settings.currentRace,
+                              u"Bets input"_s, u"Bets input"_s);
+}
+
 void createMissingBetsBackup(Session &session)
 {
-    labelled(session, u"Betsbackup Append"_s, [&] {
-        const QString twin = twinFile(session, RecordFile::Bets, session.settings.currentRace);
-        const QString main = raceFile(session, RecordFile::Bets);
-        if (!QFileInfo::exists(twin) && QFileInfo(main).size() > 0)
-            replaceRecordFile(twin, readRecordFile(main));
-        else
-            createRecordFile(twin);
-    });
+    createMissingTwin(session, RecordFile::Bets, session.settings.currentRace,
+                      u"Betsbackup Append"_s);
 }
 
 void AppendBet(Session &session, std::span<const Bet> bets)
 {
-    std::string lines;
+    QByteArray lines;
     for (const Bet &bet : bets)
         lines += betLine(bet);
-    appendTwins(session, RecordFile::Bets, session.settings.currentRace,
-                QByteArray::fromStdString(lines), u"Bets Append"_s, u"Betsbackup Append"_s);
+    appendTwins(
+        session, RecordFile::Bets, session.settings.currentRace,
+        [&](const QByteArray &) { return lines; }, u"Bets input"_s, u"Bets Append"_s,
+        u"Betsbackup Append"_s);
 }
 
 bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
@@ -118,8 +109,13 @@ bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dro
             return {};
         return QByteArray::fromStdString(betFileWithout(session.bets, dropped));
     };
-    const bool removed = changeTwins(session, RecordFile::Bets, session.settings.currentRace,
-                                     withoutDropped, u"Bets input"_s, label, twinLabel);
+    bool removed = true;
+    const auto twinFailed = errorOfTwin([&] {
+        removed = changeTwins(session, RecordFile::Bets, session.settings.currentRace,
+                              withoutDropped, u"Bets input"_s, label, twinLabel);
+    });
+    if (twinFailed)
+        throw FileError(*twinFailed);
     LoadRaceBets(session);
     return removed;
 }

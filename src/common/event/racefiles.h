@@ -31,6 +31,10 @@ int clearBettors(Session &session, const QString &labelEnd);
 // Returns a note of what was moved to Saved, or an empty text.
 QString LoadRaceBets(Session &session);
 
+// Creates the current race's Bets and Betsbackup empty where Bets are missing; a full Betsbackup is
+// copied to Saved first (label "Bets input"). Returns a note as above.
+QString CreateMissingRaceBets(Session &session);
+
 // Creates the current race's Betsbackup as a copy of Bets when it is missing (label "Betsbackup
 // Append").
 void createMissingBetsBackup(Session &session);

@@ -3,6 +3,7 @@
 #include "common/event/addedbets.h"
 #include "common/event/betrecords.h"
 #include "common/event/bettors.h"
+#include "common/event/fileaccess.h"
 #include "common/event/horses.h"
 #include "common/event/pools.h"
 #include "common/event/racepayoffs.h"
@@ -17,6 +18,7 @@ struct Session
 {
     Settings settings;
     HostPaths paths;
+    FileAccess files;
     BettorTable bettors;
     HorseTable horses;
     BetTable bets;

@@ -5,6 +5,8 @@ using namespace Qt::StringLiterals;
 QString errorDescription(ErrorNumber number)
 {
     switch (number) {
+    case ErrorNumber::OutOfMemory:
+        return u"Out of memory"_s;
     case ErrorNumber::SubscriptOutOfRange:
         return u"Subscript out of range"_s;
     case ErrorNumber::BadFileName:
@@ -33,7 +35,18 @@ QString errorDescription(ErrorNumber number)
     return u"Device I/O error"_s;
 }
 
-QString errorText(const FileError &error, ErrorStyle style)
+QString FileError::remark() const
+{
+    if (!m_remark.isEmpty() || m_aftermath == Aftermath::AsBefore)
+        return m_remark;
+    return m_aftermath == Aftermath::Unsure
+               ? u"The records may be on file: placing them again looks for them first."_s
+               : u"The file was changed, its backup was not."_s;
+}
+
+namespace {
+
+QString plainText(const FileError &error, ErrorStyle style)
 {
     switch (style) {
     case ErrorStyle::DescriptionAndLabel:
@@ -44,4 +57,12 @@ QString errorText(const FileError &error, ErrorStyle style)
         break;
     }
     return error.description();
+}
+
+} // namespace
+
+QString errorText(const FileError &error, ErrorStyle style)
+{
+    const QString text = plainText(error, style);
+    return error.remark().isEmpty() ? text : text + u'\n' + error.remark();
 }

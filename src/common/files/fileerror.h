@@ -3,10 +3,12 @@
 #include <QString>
 
 #include <exception>
+#include <optional>
 #include <utility>
 
 // The classic error numbers that a file or printer operation can fail with.
 enum class ErrorNumber {
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     BadFileName = 52,
     FileNotFound = 53,
@@ -23,6 +25,13 @@ enum class ErrorNumber {
 
 // The English description that belongs to the number, as message boxes show it.
 QString errorDescription(ErrorNumber number);
+
+// What a failed operation left behind where that is not what was there before.
+enum class Aftermath {
+    AsBefore,
+    MainChanged, // the main file holds the new records, its twin still the old ones
+    Unsure,      // records may be on file: appending failed, and cutting them off again failed too
+};
 
 // What every file and printer operation throws.
 class FileError : public std::exception
@@ -46,13 +55,38 @@ public:
             m_label = label;
     }
 
+    Aftermath aftermath() const { return m_aftermath; }
+    void setAftermath(Aftermath aftermath) { m_aftermath = aftermath; }
+
+    // A sentence for the operator beyond the description; usually there is none.
+    QString remark() const;
+    void setRemark(const QString &remark) { m_remark = remark; }
+
     QString description() const { return errorDescription(m_number); }
     const char *what() const noexcept override { return "file or printer operation failed"; }
 
 private:
     ErrorNumber m_number;
     QString m_label;
+    QString m_remark;
+    Aftermath m_aftermath = Aftermath::AsBefore;
 };
+
+// Runs work that changes a file and its twin. Returns the error of the twin alone: the change
+// counts then, and what follows from it, such as a list of refunds, comes before the error is
+// shown. Every other error is thrown.
+template<typename Work>
+std::optional<FileError> errorOfTwin(Work &&work)
+{
+    try {
+        work();
+    } catch (const FileError &error) {
+        if (error.aftermath() != Aftermath::MainChanged)
+            throw;
+        return error;
+    }
+    return {};
+}
 
 // How a screen words a failure; the error's label is the box's title in every style.
 enum class ErrorStyle {

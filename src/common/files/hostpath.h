@@ -25,6 +25,9 @@ public:
     // a drive that does not exist, 52 for a path that begins with neither a drive nor a computer.
     QString toHost(const QString &path) const;
 
+    // The folder that holds drives/ and network/.
+    QString dataFolder() const { return m_dataFolder; }
+
     // The drives there are now, in order of their letters.
     QList<Drive> drives() const;
 

@@ -1,16 +1,22 @@
 #include "common/files/hostsystem.h"
 
+#include <QFile>
 #include <QLibrary>
 #include <QStorageInfo>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
+#endif
+#ifdef Q_OS_LINUX
+#include <mntent.h>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -28,6 +34,7 @@ ErrorNumber errorFromSystem(int systemError)
     case EISDIR:
     case EEXIST:
     case EROFS:
+    case ELOOP:
         return ErrorNumber::PathFileAccess;
     case ENAMETOOLONG:
     case EINVAL:
@@ -81,6 +88,53 @@ void flushFolder(const QString &folder)
 #endif
 }
 
+int moveToNewName(const QString &from, const QString &to)
+{
+    errno = 0;
+#ifdef Q_OS_WIN
+    const auto name = [](const QString &path) {
+        return reinterpret_cast<const wchar_t *>(path.utf16());
+    };
+    return _wrename(name(from), name(to)) == 0 ? 0 : errno; // never replaces here
+#else
+    const QByteArray old = QFile::encodeName(from);
+    const QByteArray wanted = QFile::encodeName(to);
+    if (link(old.constData(), wanted.constData()) == 0) {
+        unlink(old.constData());
+        return 0;
+    }
+    if (errno == EEXIST)
+        return errno;
+    // A volume without second names for a file; there the event's lock keeps others away.
+    if (access(wanted.constData(), F_OK) == 0)
+        return EEXIST;
+    errno = 0;
+    return rename(old.constData(), wanted.constData()) == 0 ? 0 : errno;
+#endif
+}
+
+bool renameFile(const QString &from, const QString &to)
+{
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+QString thisMachine()
+{
+    // Programs in different containers see different processes under the same numbers.
+    return QString::fromLatin1(QSysInfo::bootUniqueId()) + u' '
+           + QFile::symLinkTarget(u"/proc/self/ns/pid"_s).section(u'/', -1);
+}
+
+bool hasProcessEnded(qint64 process)
+{
+#ifdef Q_OS_WIN
+    Q_UNUSED(process);
+    return false; // known only by its silence
+#else
+    return process > 0 && kill(pid_t(process), 0) != 0 && errno == ESRCH;
+#endif
+}
+
 QList<Volume> removableVolumes()
 {
     QList<Volume> found;
@@ -102,11 +156,24 @@ QList<Volume> removableVolumes()
 QString mountedShare(const QString &computer, const QString &share)
 {
     const QString wanted = "//"_L1 + computer + u'/' + share;
+#ifdef Q_OS_LINUX
+    // The list alone: QStorageInfo asks every volume about itself, and a share may take its time.
+    FILE *mounts = setmntent("/proc/self/mounts", "re");
+    QString root;
+    while (const mntent *mount = mounts ? getmntent(mounts) : nullptr) {
+        if (QString::fromLocal8Bit(mount->mnt_fsname).compare(wanted, Qt::CaseInsensitive) == 0)
+            root = QString::fromLocal8Bit(mount->mnt_dir);
+    }
+    if (mounts)
+        endmntent(mounts);
+    return root;
+#else
     for (const QStorageInfo &info : QStorageInfo::mountedVolumes()) {
         if (QString::fromLocal8Bit(info.device()).compare(wanted, Qt::CaseInsensitive) == 0)
             return info.rootPath();
     }
     return {};
+#endif
 }
 
 bool hasNativeDrives()

@@ -1,77 +1,25 @@
 #include "common/files/recordfile.h"
 
 #include "common/files/fileerror.h"
+#include "common/files/hostfile.h"
 #include "common/files/hostsystem.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QSaveFile>
 #include <QStringDecoder>
 
-#include <memory>
-#include <vector>
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// A missing folder is told before a missing file, a folder in the file's place before a refusal.
-[[noreturn]] void throwOpenError(const QString &path, int systemError)
+QString otherName(const QString &path)
 {
-    const QFileInfo info(path);
-    if (!info.dir().exists())
-        throw FileError(ErrorNumber::PathNotFound);
-    if (info.isDir())
-        throw FileError(ErrorNumber::PathFileAccess);
-    throw FileError(errorFromSystem(systemError));
-}
-
-void openOrThrow(QFile &file, QIODevice::OpenMode mode)
-{
-    errno = 0;
-    if (QFileInfo(file.fileName()).isDir() || !file.open(mode))
-        throwOpenError(file.fileName(), lastSystemError());
-}
-
-bool lacksLineEnd(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() == 0)
-        return false;
-    file.seek(file.size() - 1);
-    return file.read(1) != "\n";
-}
-
-// Writes the whole new content next to the old one and flushes it to disk.
-void writeNewContent(QSaveFile &file, const QByteArray &bytes)
-{
-    if (QFileInfo(file.fileName()).isDir())
-        throw FileError(ErrorNumber::PathFileAccess);
-    errno = 0;
-    if (!file.open(QIODevice::WriteOnly))
-        throwOpenError(file.fileName(), lastSystemError());
-    errno = 0;
-    const bool written = file.write(bytes) == bytes.size() && file.flush();
-    if (!written) {
-        const int systemError = lastSystemError();
-        file.cancelWriting();
-        throw FileError(errorFromSystem(systemError));
-    }
-    try {
-        flushToDisk(file);
-    } catch (const FileError &) {
-        file.cancelWriting();
-        throw;
-    }
-}
-
-void commitOrThrow(QSaveFile &file)
-{
-    errno = 0;
-    if (!file.commit())
-        throw FileError(errorFromSystem(lastSystemError()));
-    flushFolder(QFileInfo(file.fileName()).path());
+    return path + u'.' + QString::number(QRandomGenerator::global()->generate(), 36);
 }
 
 // What the bytes 0x80 to 0x9F mean in Windows-1252; five of them mean nothing.
@@ -83,73 +31,110 @@ constexpr char16_t windows1252[32] = {
 
 } // namespace
 
-QByteArray readRecordFile(const QString &path)
+QByteArray readRecordFile(const QString &path, Links links)
 {
-    QFile file(path);
-    openOrThrow(file, QIODevice::ReadOnly);
-    errno = 0;
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw FileError(lastSystemError() ? errorFromSystem(lastSystemError())
-                                          : ErrorNumber::DeviceIoError);
-    return bytes;
+    return HostFile(path, HostFile::Mode::Read, links).readAll();
+}
+
+std::optional<QByteArray> readIfThere(const QString &path)
+{
+    try {
+        return readRecordFile(path);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+    }
+    return {};
 }
 
 void replaceRecordFile(const QString &path, const QByteArray &bytes)
 {
-    QSaveFile file(path);
-    file.setDirectWriteFallback(true);
-    writeNewContent(file, bytes);
-    commitOrThrow(file);
+    Replacement(path, bytes).commit();
 }
 
-void replaceRecordFiles(const QList<NamedBytes> &files)
+Replacement::Replacement(const QString &path, const QByteArray &bytes)
+    : m_file(path)
 {
-    std::vector<std::unique_ptr<QSaveFile>> written;
-    for (const NamedBytes &file : files) {
-        written.push_back(std::make_unique<QSaveFile>(file.path));
-        writeNewContent(*written.back(), file.bytes);
-    }
-    for (const auto &file : written)
-        commitOrThrow(*file);
-}
-
-void appendRecords(const QString &path, const QByteArray &lines)
-{
-    if (lines.isEmpty())
-        return;
-    const QByteArray bytes = lacksLineEnd(path) ? recordEnd + lines : lines;
-    QFile file(path);
-    openOrThrow(file, QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
-    const qint64 before = file.size();
+    if (QFileInfo(path).isDir())
+        throw FileError(ErrorNumber::PathFileAccess);
     errno = 0;
-    const qint64 written = file.write(bytes);
-    if (written != bytes.size()) {
+    if (!m_file.open(QIODevice::WriteOnly))
+        throw openError(path, lastSystemError());
+    errno = 0;
+    if (m_file.write(bytes) != bytes.size() || !m_file.flush()) {
         const int systemError = lastSystemError();
-        file.resize(before);
-        throw FileError(systemError ? errorFromSystem(systemError) : ErrorNumber::DiskFull);
+        m_file.cancelWriting();
+        throw FileError(errorFromSystem(systemError));
     }
     try {
-        flushToDisk(file);
+        flushToDisk(m_file);
     } catch (const FileError &) {
-        file.resize(before);
+        m_file.cancelWriting();
         throw;
     }
 }
 
-bool cutRecords(const QString &path, const QByteArray &lines)
+void Replacement::commit()
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
-        return false;
-    const qint64 start = file.size() - lines.size();
-    return start >= 0 && file.seek(start) && file.readAll() == lines && file.resize(start);
+    errno = 0;
+    if (!m_file.commit())
+        throw FileError(errorFromSystem(lastSystemError()));
+    flushFolder(QFileInfo(m_file.fileName()).path());
 }
 
-void createRecordFile(const QString &path)
+void replaceUnreadable(const QString &path, const QByteArray &bytes)
 {
-    QFile file(path);
-    openOrThrow(file, QIODevice::WriteOnly | QIODevice::Append);
+    const QString made = otherName(path);
+    createRecordFile(made, bytes);
+    errno = 0;
+    if (!renameFile(made, path)) {
+        const int systemError = lastSystemError();
+        QFile::remove(made);
+        throw openError(path, systemError);
+    }
+    flushFolder(QFileInfo(path).path());
+}
+
+void appendSafely(HostFile &file, qint64 size, const QByteArray &lines)
+{
+    if (lines.isEmpty())
+        return;
+    try {
+        file.append(lines);
+        file.flush();
+    } catch (FileError &error) {
+        if (!file.cutTo(size))
+            error.setAftermath(Aftermath::Unsure);
+        throw;
+    }
+}
+
+bool createRecordFile(const QString &path, const QByteArray &bytes)
+{
+    int systemError = EEXIST;
+    if (bytes.isEmpty()) {
+        systemError = HostFile::createNew(path) ? 0 : EEXIST;
+    } else if (!QFileInfo::exists(path)) {
+        // The bytes are on the disk under another name before the file has its own.
+        const QString made = otherName(path);
+        try {
+            const auto file = HostFile::createNew(made);
+            if (!file)
+                throw FileError(ErrorNumber::PathFileAccess);
+            file->append(bytes);
+            file->flush();
+        } catch (const FileError &) {
+            QFile::remove(made);
+            throw;
+        }
+        systemError = moveToNewName(made, path);
+        if (systemError != 0)
+            QFile::remove(made);
+        flushFolder(QFileInfo(path).path());
+    }
+    if (systemError != 0 && !QFileInfo(path).isFile())
+        throw openError(path, systemError);
+    return systemError == 0;
 }
 
 void deleteRecordFile(const QString &path)
@@ -166,10 +151,8 @@ void deleteRecordFile(const QString &path)
 void makeFolder(const QString &path)
 {
     errno = 0;
-    if (QDir().mkpath(path))
-        return;
-    throw FileError(QFileInfo::exists(path) ? ErrorNumber::PathFileAccess
-                                            : errorFromSystem(lastSystemError()));
+    if (!QDir().mkpath(path))
+        throw FileError(errorFromSystem(lastSystemError()));
 }
 
 QString storableText(const QString &text)

@@ -1,41 +1,50 @@
 #pragma once
 
+#include "common/files/hostfile.h"
 #include "common/files/recordlines.h"
 
 #include <QByteArray>
-#include <QList>
+#include <QSaveFile>
 #include <QString>
-#include <QStringView>
+
+#include <optional>
 
 // Reading and writing whole record files. Paths are this computer's own. Everything here throws
 // FileError; a file that could not be replaced is still the old one, whole.
 
-// The whole file. 76 when its folder is missing, 53 when the file is.
-QByteArray readRecordFile(const QString &path);
+// The whole file. 76 when its folder is missing, 53 when the file is, 75 when it is no ordinary
+// file, 7 when it is larger than a record file can be.
+QByteArray readRecordFile(const QString &path, Links links = Links::Followed);
 
-// Replaces the file: temporary file in the same folder, flushed to disk, renamed over it.
+// The same, or nothing when the file is missing.
+std::optional<QByteArray> readIfThere(const QString &path);
+
+// Replaces the file: temporary file in the same folder, flushed to disk, renamed over it. There is
+// no other way: where that fails, the old file stays.
 void replaceRecordFile(const QString &path, const QByteArray &bytes);
 
-// A file's path and what it is to hold.
-struct NamedBytes
+// The new content of a file, on the disk next to the old one, which it replaces when it is
+// committed; without that it goes again.
+class Replacement
 {
-    QString path;
-    QByteArray bytes;
+public:
+    Replacement(const QString &path, const QByteArray &bytes);
+    void commit();
+
+private:
+    QSaveFile m_file;
 };
 
-// Replaces several files: all are written to temporary files and flushed before the first is
-// renamed over its old one, so that a full or failing disk changes none of them.
-void replaceRecordFiles(const QList<NamedBytes> &files);
+// Replaces a file that cannot be read, whoever may write it.
+void replaceUnreadable(const QString &path, const QByteArray &bytes);
 
-// Appends whole lines in one write and flushes them to disk. A last line without its end gets one
-// first; on failure what was half written is cut off again.
-void appendRecords(const QString &path, const QByteArray &lines);
+// Appends whole lines to a file of this \a size and flushes them to disk. On failure what was
+// written is cut off again; when that fails too, the error's aftermath is Unsure.
+void appendSafely(HostFile &file, qint64 size, const QByteArray &lines);
 
-// Cuts the end \a lines off a file again, if it still ends with them. Returns whether it did.
-bool cutRecords(const QString &path, const QByteArray &lines);
-
-// Creates an empty file; one that is there stays as it is.
-void createRecordFile(const QString &path);
+// Creates a file that is missing, whole with these bytes. False, and nothing changed, when there is
+// one by that name: whatever happens at the same moment, it is never replaced.
+bool createRecordFile(const QString &path, const QByteArray &bytes = {});
 
 // Deletes the file; one that is missing is no error.
 void deleteRecordFile(const QString &path);

@@ -131,8 +131,6 @@ void tst_eventfiles::keepInSaved()
     }
     QCOMPARE(names.size(), 40);
     QCOMPARE(event.saved().size(), 40);
-    event.write(u"Betsbackup Race1"_s, {});
-    QCOMPARE(keepTwinsInSaved(event.session, RecordFile::Bets, 1), 1);
 }
 
 TRELAWN_TEST(tst_eventfiles)

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #ifdef Q_OS_UNIX
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -18,9 +19,8 @@ class tst_recordfile : public QObject
 
 private slots:
     void replace();
-    void severalTogether();
-    void append();
-    void cut();
+    void create();
+    void foreignFiles();
     void error_data();
     void error();
     void stored();
@@ -66,58 +66,51 @@ void tst_recordfile::replace()
     QCOMPARE(QDir(event.path({})).entryList(QDir::Files | QDir::Hidden), {u"Bets Race1"_s});
 }
 
-void tst_recordfile::severalTogether()
+void tst_recordfile::create()
 {
     TestEvent event(false);
-    const QString first = event.path(u"first"_s);
-    const QString second = event.path(u"second"_s);
-    replaceRecordFiles({{first, "1"}, {second, "2"}});
-    QCOMPARE(readRecordFile(first) + readRecordFile(second), "12");
-    // The last of them cannot be written, so the first keeps its content.
-    const QString nowhere = event.path(u"none\\third"_s);
-    QCOMPARE(errorOf([&] { replaceRecordFiles({{first, "new"}, {nowhere, "3"}}); }), 76);
-    QCOMPARE(readRecordFile(first), "1");
+    const QString path = event.path(u"f"_s);
+    QVERIFY(createRecordFile(path, "1\r\n"));
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("2\r\n")})
+        QVERIFY(!createRecordFile(path, bytes));
+    QCOMPARE(event.read(u"f"_s), "1\r\n");
+    QVERIFY(createRecordFile(event.path(u"empty"_s)));
+    QCOMPARE(QDir(event.path({})).entryList(QDir::Files | QDir::Hidden),
+             (QStringList{u"empty"_s, u"f"_s}));
 }
 
-void tst_recordfile::append()
+#ifdef Q_OS_UNIX
+// What stands in a record file's place on somebody else's drive.
+void tst_recordfile::foreignFiles()
 {
     TestEvent event(false);
-    const std::pair<QByteArray, QByteArray> cases[] = {
-        {"1\r\n", "1\r\n9\r\n"}, {"1", "1\r\n9\r\n"}}; // the unfinished line is ended first
-    for (const auto &[before, after] : cases) {
-        event.write(u"f"_s, before);
-        appendRecords(event.path(u"f"_s), "9\r\n");
-        appendRecords(event.path(u"f"_s), {});
-        QCOMPARE(event.read(u"f"_s), after);
-    }
-    appendRecords(event.path(u"missing"_s), "9\r\n");
-    QCOMPARE(event.read(u"missing"_s), "9\r\n");
+    event.write(u"file"_s, "1\r\n");
+    const QString pipe = event.path(u"pipe"_s);
+    const QString large = event.path(u"large"_s);
+    const QString link = event.path(u"link"_s);
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QVERIFY(QFile::link(event.path(u"file"_s), link));
+    QFile hole(large);
+    QVERIFY(hole.open(QIODevice::WriteOnly) && hole.resize(largestFile + 1));
+    const std::pair<QString, int> cases[] = {
+        {pipe, 75}, {large, 7}, {link, 75}, {u"/dev/zero"_s, 75}};
+    for (const auto &[path, error] : cases)
+        QCOMPARE(errorOf([&] { readRecordFile(path, Links::Refused); }), error);
+    QCOMPARE(errorOf([&] { HostFile(pipe, HostFile::Mode::Append).size(); }), 75);
+    QCOMPARE(readRecordFile(link), "1\r\n");
 }
-
-void tst_recordfile::cut()
-{
-    const std::tuple<QByteArray, bool, QByteArray> cases[] = {
-        {"1\r\n9\r\n", true, "1\r\n"},        // the last lines
-        {"9\r\n", true, {}},                  // all of it
-        {"9\r\n1\r\n", false, "9\r\n1\r\n"}}; // not the last any more
-    TestEvent event(false);
-    for (const auto &[before, done, after] : cases) {
-        event.write(u"f"_s, before);
-        QCOMPARE(cutRecords(event.path(u"f"_s), "9\r\n"), done);
-        QCOMPARE(event.read(u"f"_s), after);
-    }
-    QVERIFY(!cutRecords(event.path(u"missing"_s), "9\r\n"));
-}
+#endif
 
 void tst_recordfile::error_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<QList<int>>("errors"); // of read, replace, append, create
-    QTest::newRow("missing file") << u"none"_s << QList{53, 0, 0, 0};
+    QTest::newRow("missing file") << u"none"_s << QList{53, 0, 53, 0};
     QTest::newRow("missing folder") << u"none\\f"_s << QList{76, 76, 76, 76};
     QTest::newRow("folder in a file's place") << u"folder"_s << QList{75, 75, 75, 75};
 #ifdef Q_OS_UNIX
-    QTest::newRow("read-only file") << u"readonly"_s << QList{0, 70, 70, 70};
+    QTest::newRow("read-only file") << u"readonly"_s << QList{0, 70, 70, 0};
+    QTest::newRow("file in a locked folder") << u"locked\\f"_s << QList{0, 70, 0, 0};
     QTest::newRow("folder without access") << u"closed\\f"_s << QList{70, 70, 70, 70};
 #endif
     QTest::newRow("name too long") << QString(300, u'x') << QList{52, 52, 52, 52};
@@ -133,6 +126,7 @@ void tst_recordfile::error()
     for (const QString &folder : {u"folder"_s, u"locked"_s, u"closed"_s})
         makeFolder(event.path(folder));
     event.write(u"closed\\f"_s, {});
+    event.write(u"locked\\f"_s, {});
     const auto setAccess = [&](const QString &name, QFile::Permissions access) {
         QVERIFY(QFile::setPermissions(event.path(name), access));
     };
@@ -141,6 +135,7 @@ void tst_recordfile::error()
     for (QDir folder(event.path({})); folder.absolutePath() != QDir::tempPath(); folder.cdUp())
         QFile::setPermissions(folder.absolutePath(), all);
     setAccess(u"readonly"_s, QFile::Permissions(0x4444));
+    setAccess(u"locked\\f"_s, all);
     setAccess(u"locked"_s, QFile::Permissions(0x5555));
     setAccess(u"closed"_s, {});
     const QString path = event.path(file);
@@ -149,7 +144,8 @@ void tst_recordfile::error()
         const OrdinaryUser ordinary;
         const QList<std::function<void()>> works{
             [&] { readRecordFile(path); }, [&] { replaceRecordFile(path, "2"); },
-            [&] { appendRecords(path, "2"); }, [&] { createRecordFile(path); }};
+            [&] { HostFile(path, HostFile::Mode::Append).append("2"); },
+            [&] { createRecordFile(path); }};
         for (const auto &work : works) {
             found.append(errorOf(work));
             if (file == "none"_L1)
