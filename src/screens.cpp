@@ -4,6 +4,7 @@
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
 #include "betting/frmsheetbnw.h"
+#include "common/event/roles.h"
 #include "help/frmhelpb.h"
 #include "multibets/frmmulti.h"
 #include "multibets/frmpaymulti.h"
@@ -28,8 +29,24 @@ namespace {
 template<typename Screen>
 ScreenEntry screen(const QString &name, const QString &title, const QString &closeButton)
 {
-    return {name, title, closeButton,
-            [](const ScreenContext &context) -> QWidget * { return new Screen(context); }};
+    ScreenEntry entry{name, title, closeButton, [](const ScreenContext &context) -> QWidget * {
+                          return new Screen(context);
+                      }};
+    if constexpr (requires(Screen & made) { made.entered(); })
+        entry.entered = [](QWidget *made) { static_cast<Screen *>(made)->entered(); };
+    return entry;
+}
+
+ScreenEntry refusedBy(QString (*refusal)(const Settings &), ScreenEntry entry)
+{
+    entry.refusal = refusal;
+    return entry;
+}
+
+ScreenEntry notedBy(QString (*refusal)(const Settings &), ScreenEntry entry)
+{
+    entry.refusalIsNote = true;
+    return refusedBy(refusal, std::move(entry));
 }
 
 } // namespace
@@ -38,12 +55,14 @@ std::vector<ScreenEntry> allScreens()
 {
     return {
         screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
-        screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s),
-        screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s),
+        refusedBy(&bettorsRefusal,
+                  screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s)),
+        notedBy(&directoryRefusal, screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s)),
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),
         screen<frmhelpb>(u"frmhelpb"_s, u"Help"_s, u"cmdreturn"_s),
-        screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s),
+        refusedBy(&horsesRefusal,
+                  screen<frmhorsesb>(u"frmhorsesb"_s, u"Update Horses"_s, u"cmdmainmenu"_s)),
         screen<frmimportb>(u"frmimportb"_s, u"Import External Files"_s, u"cmdreturn"_s),
         screen<frminitb>(u"frminitb"_s, u"TRELAWN - Setup"_s, u"cmdexit"_s),
         screen<frmlistb>(u"frmlistb"_s, u"Bettor/Bets List"_s, u"cmdreturn"_s),

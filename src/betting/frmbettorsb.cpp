@@ -15,7 +15,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -61,7 +60,6 @@ frmbettorsb::frmbettorsb(const ScreenContext &context)
     build();
     connectControls();
     txtbanner->setText(m_context.session.settings.bannerAndRace());
-    QTimer::singleShot(0, this, &frmbettorsb::load);
 }
 
 void frmbettorsb::build()
@@ -143,9 +141,6 @@ void frmbettorsb::build()
 
 void frmbettorsb::connectControls()
 {
-    const Navigator &navigator = m_context.navigator;
-    cmdbetsheet->setEnabled(navigator.has(betSheetScreen(m_context.session.settings)));
-    cmdreturn->setEnabled(navigator.has(u"frmmenub"_s));
     connect(txtbettorname, &QLineEdit::textEdited, this, &frmbettorsb::showPlaceOf);
     connect(txtbettorname, &QLineEdit::returnPressed, this, &frmbettorsb::add);
     connect(cmddelete, &QPushButton::clicked, this, &frmbettorsb::deleteSelected);

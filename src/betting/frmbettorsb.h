@@ -20,6 +20,8 @@ class frmbettorsb : public QWidget
 public:
     explicit frmbettorsb(const ScreenContext &context);
 
+    void entered() { load(); }
+
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
 

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "ui/navigator.h"
-
-#include <QWidget>
+#include "betting/parts/betsheet.h"
 
 // The bet sheet for this computer's own files.
-class frmsheetb : public QWidget
+class frmsheetb : public BetSheet
 {
     Q_OBJECT
 

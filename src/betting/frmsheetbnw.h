@@ -1,11 +1,9 @@
 #pragma once
 
-#include "ui/navigator.h"
-
-#include <QWidget>
+#include "betting/parts/betsheet.h"
 
 // The bet sheet for the files in the master computer's shared folder, in network mode.
-class frmsheetbnw : public QWidget
+class frmsheetbnw : public BetSheet
 {
     Q_OBJECT
 

@@ -116,19 +116,18 @@ PlacementPlan planPlacement(const BetEntries &entries, int bettor, int betsOfBet
     return plan;
 }
 
-Placement placeBets(Session &session, const BetEntries &entries, int bettor)
+Placement placeBets(Session &session, const PlacementPlan &plan)
 {
-    // No operation ever raises a bettor's own count of bets, so that limit stays a safeguard.
-    constexpr int betsOfBettor = 0;
     const int betLimit = session.settings.betLimit;
     Placement placement;
+    placement.plan = plan;
     const auto newLines = [&](const QByteArray &bytes) {
         const std::size_t onFile = parseBets(bytes.toStdString()).rows.size();
-        placement.plan = planPlacement(entries, bettor, betsOfBettor, betLimit);
-        const std::vector<Bet> &bets = placement.plan.bets;
-        placement.raceIsFull = !bets.empty() && onFile + bets.size() > std::size_t(betLimit);
+        placement.raceIsFull =
+            !plan.bets.empty() && onFile + plan.bets.size() > std::size_t(betLimit);
+        placement.room = std::max(0, betLimit - int(onFile));
         QByteArray lines;
-        for (const Bet &bet : bets)
+        for (const Bet &bet : plan.bets)
             lines += betLine(bet);
         return placement.raceIsFull ? QByteArray() : lines;
     };

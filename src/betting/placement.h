@@ -61,12 +61,13 @@ struct Placement
     PlacementPlan plan;
     std::vector<std::size_t> rows; // of the placed bets in the race's bet table
     bool raceIsFull = false;       // nothing was written: the race's bet limit leaves no room
+    int room = 0;                  // bets that the race had room for before
 };
 
 // Appends the planned bets to Bets and Betsbackup and loads the race's bets. Throws FileError; then
 // no bet was placed, unless the error's aftermath is Unsure: bets may be on file, and placing the
-// same entries again places those alone that are not.
-Placement placeBets(Session &session, const BetEntries &entries, int bettor);
+// same plan again places those alone that are not.
+Placement placeBets(Session &session, const PlacementPlan &plan);
 
 // What the cashier should know about the entries before placing them; empty when they are plain.
 QString entriesNote(const BetEntries &entries);

@@ -16,7 +16,6 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -36,8 +35,6 @@ frmhelpb::frmhelpb(const ScreenContext &context)
     connectControls();
     resize(1000, 650);
     txtsearch->setFocus();
-    // A failure is shown, and a line can be scrolled to, once the screen can be seen.
-    QTimer::singleShot(0, this, &frmhelpb::fill);
 }
 
 void frmhelpb::build()
@@ -113,7 +110,7 @@ void frmhelpb::connectControls()
     connect(cmdreturn, &QPushButton::clicked, this, &frmhelpb::leave);
 }
 
-void frmhelpb::fill()
+void frmhelpb::entered()
 {
     Session &session = m_context.session;
     HelpText help{shippedHelp(), true};

@@ -20,6 +20,8 @@ class frmhelpb : public QWidget
 public:
     explicit frmhelpb(const ScreenContext &context);
 
+    void entered();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
@@ -28,7 +30,6 @@ private:
     QLayout *buildSearch();
     QLayout *buildButtons();
     void connectControls();
-    void fill();
     void showChapterOf(const QString &screen);
     void showLine(int line);
     void listChapters();

@@ -62,19 +62,9 @@ void frmmulti::connectControls()
                                                       {cmdretbets, sheet},
                                                       {cmdreturn, u"frmmenub"_s}};
     for (const auto &[button, screen] : ways) {
-        button->setEnabled(m_context.navigator.has(screen));
-        connect(button, &QPushButton::clicked, this, [this, name = screen] { openScreen(name); });
+        connect(button, &QPushButton::clicked, this,
+                [this, name = screen] { m_context.navigator.open(name); });
     }
-}
-
-void frmmulti::openScreen(const QString &name)
-{
-    const QString refusal =
-        name == "frmbettorsb"_L1 ? bettorsRefusal(m_context.session.settings) : QString();
-    if (refusal.isEmpty())
-        m_context.navigator.open(name);
-    else
-        showMessage(this, refusal);
 }
 
 void frmmulti::fill()
@@ -86,7 +76,6 @@ void frmmulti::fill()
     clearPreview();
     showPriorBets();
     lblbettor->setText(u"No bettor selected"_s);
-    loadBettorList();
     m_search->focusSearch();
 }
 

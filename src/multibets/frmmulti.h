@@ -12,9 +12,10 @@ class frmmulti : public MultibetForm
 public:
     explicit frmmulti(const ScreenContext &context);
 
+    void entered() { loadBettorList(); }
+
 private:
     void connectControls();
-    void openScreen(const QString &name);
     void fill();
 
     void loadBettorList();

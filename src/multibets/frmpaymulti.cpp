@@ -156,9 +156,13 @@ void frmpaymulti::fill()
     txtbanner->setText(m_context.session.settings.bannerAndRace());
     setHousePercent(m_context.session.multibetHousePercent);
     clearOutputs();
+    m_races->button(1)->setFocus();
+}
+
+void frmpaymulti::entered()
+{
     trapErrors(this, ErrorStyle::DescriptionOnly,
                [this] { loadBettors(m_context.session, u"Bettors Input"_s); });
-    m_races->button(1)->setFocus();
 }
 
 void frmpaymulti::chooseRace(int race)

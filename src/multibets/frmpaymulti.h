@@ -17,6 +17,8 @@ class frmpaymulti : public MultibetScreen
 public:
     explicit frmpaymulti(const ScreenContext &context);
 
+    void entered();
+
 private:
     void build();
     QWidget *buildTypeAndGrid();

@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -23,8 +22,6 @@ frmsummmulti::frmsummmulti(const ScreenContext &context)
     connect(cmdprint, &QPushButton::clicked, this, &frmsummmulti::printSummary);
     connect(cmdreturn, &QPushButton::clicked, this,
             [this] { m_context.navigator.open(u"frmmulti"_s); });
-    // A failure's box comes when the screen can be seen.
-    QTimer::singleShot(0, this, &frmsummmulti::fill);
     cmdreturn->setFocus();
 }
 
@@ -54,7 +51,7 @@ void frmsummmulti::build()
     assignAltLetters(this);
 }
 
-void frmsummmulti::fill()
+void frmsummmulti::entered()
 {
     Session &session = m_context.session;
     MultibetTable bets;

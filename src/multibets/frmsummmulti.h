@@ -16,9 +16,10 @@ class frmsummmulti : public QWidget
 public:
     explicit frmsummmulti(const ScreenContext &context);
 
+    void entered();
+
 private:
     void build();
-    void fill();
     void printSummary();
 
     ScreenContext m_context;

@@ -13,7 +13,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTimer>
 
 #include <cmath>
 
@@ -41,7 +40,6 @@ frmpaywinnersb::frmpaywinnersb(const ScreenContext &context)
     , m_calculator(context)
 {
     connectControls();
-    QTimer::singleShot(0, this, &frmpaywinnersb::showRace);
 }
 
 void frmpaywinnersb::connectControls()

@@ -16,6 +16,8 @@ class frmpaywinnersb : public PayForm
 public:
     explicit frmpaywinnersb(const ScreenContext &context);
 
+    void entered() { showRace(); }
+
 private:
     void connectControls();
 

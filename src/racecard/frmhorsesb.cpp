@@ -20,7 +20,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +34,6 @@ frmhorsesb::frmhorsesb(const ScreenContext &context)
     connectControls();
     txtmsg->setPlainText(m_context.session.settings.betSheetMessage);
     txtnumber[0]->setFocus();
-    QTimer::singleShot(0, this, &frmhorsesb::load);
 }
 
 void frmhorsesb::connectControls()
@@ -51,7 +49,6 @@ void frmhorsesb::connectControls()
     connect(cmdclearhorses, &QPushButton::clicked, this, &frmhorsesb::clearHorses);
     connect(cmdmsg, &QPushButton::clicked, this, &frmhorsesb::updateMessage);
     connect(cmdmainmenu, &QPushButton::clicked, this, &frmhorsesb::returnToMenu);
-    cmdmainmenu->setEnabled(m_context.navigator.has(u"frmmenub"_s));
     connect(cmdGo, &QPushButton::clicked, this, &frmhorsesb::download);
     connect(cmdprint, &QPushButton::clicked, this, &frmhorsesb::printBetSheets);
 }

@@ -14,6 +14,8 @@ class frmhorsesb : public HorsesForm
 public:
     explicit frmhorsesb(const ScreenContext &context);
 
+    void entered() { load(); }
+
 private:
     void connectControls();
 

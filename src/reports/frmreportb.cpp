@@ -12,7 +12,6 @@
 #include <QBuffer>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -21,9 +20,7 @@
 #include <QPdfWriter>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStandardPaths>
 #include <QStringListModel>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -44,8 +41,6 @@ frmreportb::frmreportb(const ScreenContext &context)
     build();
     connectControls();
     showFontSize();
-    // A failure's box comes when the screen can be seen.
-    QTimer::singleShot(0, this, &frmreportb::showReport);
     optreport->button(int(ReportKind::Horses))->setFocus();
 }
 
@@ -261,14 +256,9 @@ void frmreportb::print()
 void frmreportb::saveAs(const QString &filter, const QString &suffix, const QString &label,
                         const std::function<QByteArray()> &content)
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QFileDialog dialog(this, label, folder, filter);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(m_report.name + u'.' + suffix);
-    if (dialog.exec() != QDialog::Accepted)
+    const QString path = askSaveFile(this, label, m_report.name, suffix, filter);
+    if (path.isEmpty())
         return;
-    const QString path = dialog.selectedFiles().value(0);
     Session &session = m_context.session;
     trapErrors(this, session, ErrorStyle::DescriptionOnly, label, [&] {
         replaceRecordFile(path, content());

@@ -24,6 +24,8 @@ class frmreportb : public QWidget
 public:
     explicit frmreportb(const ScreenContext &context);
 
+    void entered() { showReport(); }
+
 private:
     void build();
     QGroupBox *buildKinds();

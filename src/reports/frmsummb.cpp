@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -40,8 +39,6 @@ frmsummb::frmsummb(const ScreenContext &context)
 {
     build();
     connectControls();
-    // A failure's box comes when the screen can be seen.
-    QTimer::singleShot(0, this, &frmsummb::refresh);
     cmdrefresh->setFocus();
 }
 
@@ -188,7 +185,6 @@ void frmsummb::printSummary()
 
 void frmsummb::leave()
 {
-    Navigator &navigator = m_context.navigator;
-    const QString opener = navigator.previousName();
-    navigator.open(navigator.has(opener) ? opener : u"frmmenub"_s);
+    const QString opener = m_context.navigator.previousName();
+    m_context.navigator.open(opener.isEmpty() ? u"frmmenub"_s : opener);
 }

@@ -19,6 +19,8 @@ class frmsummb : public QWidget
 public:
     explicit frmsummb(const ScreenContext &context);
 
+    void entered() { refresh(); }
+
 private:
     void build();
     void connectControls();

@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -24,8 +23,6 @@ frmdirb::frmdirb(const ScreenContext &context)
     connectControls();
     m_folders->showDrives(m_context.session.settings.eventDirectory);
     Dir1->setFocus();
-    // A failure is shown once the screen can be seen.
-    QTimer::singleShot(0, this, &frmdirb::showFolders);
 }
 
 void frmdirb::build()

@@ -20,6 +20,8 @@ class frmdirb : public QWidget
 public:
     explicit frmdirb(const ScreenContext &context);
 
+    void entered() { showFolders(); }
+
 private:
     void build();
     void connectControls();

@@ -17,7 +17,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <array>
@@ -74,9 +73,6 @@ frminitb::frminitb(const ScreenContext &context)
     showSettings();
     assignAltLetters(this);
     cmdok->setFocus();
-    // The questions come once the screen can be seen.
-    if (!m_context.session.settings.started)
-        QTimer::singleShot(0, this, &frminitb::startRun);
 }
 
 template<typename Work>
@@ -236,8 +232,8 @@ void frminitb::connectControls()
     const std::pair<QPushButton *, QString> screens[] = {
         {Command1, u"frmdirb"_s}, {cmdimpext, u"frmimportb"_s}, {cmdhelp, u"frmhelpb"_s}};
     for (const auto &[button, name] : screens) {
-        button->setEnabled(m_context.navigator.has(name));
-        connect(button, &QPushButton::clicked, this, [this, screen = name] { openScreen(screen); });
+        connect(button, &QPushButton::clicked, this,
+                [this, screen = name] { m_context.navigator.open(screen); });
     }
 }
 
@@ -252,6 +248,12 @@ void frminitb::showSettings()
     setCaption(cmdround, roundingCaption(settings));
     m_races.group->button(settings.currentRace)->setChecked(true);
     showNote();
+}
+
+void frminitb::entered()
+{
+    if (!m_context.session.settings.started)
+        startRun();
 }
 
 void frminitb::startRun()
@@ -320,15 +322,6 @@ void frminitb::takeBanner()
         return;
     showSettings();
     showMessage(this, u"Banner information changed"_s, u"Setup"_s);
-}
-
-void frminitb::openScreen(const QString &name)
-{
-    // The directory is the shared folder as long as computers bet together.
-    if (name == "frmdirb"_L1 && m_context.session.settings.networkMode != 0)
-        lblnote->setText(u"End networked betting on the main menu first."_s);
-    else
-        m_context.navigator.open(name);
 }
 
 void frminitb::showNote()

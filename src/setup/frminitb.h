@@ -19,6 +19,8 @@ class frminitb : public QWidget
 public:
     explicit frminitb(const ScreenContext &context);
 
+    void entered();
+
 private:
     void build();
     QWidget *buildEvent();
@@ -35,7 +37,6 @@ private:
 
     void changeRaceTo(int race);
     void takeBanner();
-    void openScreen(const QString &name);
     void showNote();
     void switchReceipts();
     void askReceiptFont();

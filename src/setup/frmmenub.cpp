@@ -16,7 +16,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -160,7 +159,6 @@ QGroupBox *frmmenub::buildProgram()
     return group.box();
 }
 
-// The buttons that open a screen. One whose screen the program lacks is visible and disabled.
 void frmmenub::connectScreens()
 {
     Navigator &navigator = m_context.navigator;
@@ -168,30 +166,26 @@ void frmmenub::connectScreens()
     {
         QPushButton *button;
         QString screen;
-        QString (*refusal)(const Settings &);
     } screens[] = {
-        {cmdenterhorses, u"frmhorsesb"_s, &horsesRefusal},
-        {cmdenterbettors, u"frmbettorsb"_s, &bettorsRefusal},
-        {cmdbet, betSheetScreen(m_context.session.settings), nullptr},
-        {cmdmulti, u"frmmulti"_s, nullptr},
-        {cmdpay, u"frmpaywinnersb"_s, nullptr},
-        {cmdfix, u"frmfixb"_s, nullptr},
-        {cmdreports, u"frmreportb"_s, nullptr},
-        {cmdmc, u"frmmc"_s, nullptr},
-        {cmdsetup, u"frminitb"_s, nullptr},
-        {cmdhelp, u"frmhelpb"_s, nullptr},
+        {cmdenterhorses, u"frmhorsesb"_s},
+        {cmdenterbettors, u"frmbettorsb"_s},
+        {cmdbet, betSheetScreen(m_context.session.settings)},
+        {cmdmulti, u"frmmulti"_s},
+        {cmdpay, u"frmpaywinnersb"_s},
+        {cmdfix, u"frmfixb"_s},
+        {cmdreports, u"frmreportb"_s},
+        {cmdmc, u"frmmc"_s},
+        {cmdsetup, u"frminitb"_s},
+        {cmdhelp, u"frmhelpb"_s},
     };
     for (const auto &entry : screens) {
-        entry.button->setEnabled(navigator.has(entry.screen));
-        connect(entry.button, &QPushButton::clicked, this,
-                [this, screen = entry.screen, refusal = entry.refusal] {
-                    openUnlessRefused(screen, refusal);
-                });
+        connect(entry.button, &QPushButton::clicked, &navigator,
+                [&navigator, screen = entry.screen] { navigator.open(screen); });
     }
     connect(cmdexit, &QPushButton::clicked, &navigator, &Navigator::exitProgram);
 }
 
-// The tasks that are done on the menu itself. One without a handler is visible and disabled.
+// The tasks that are done on the menu itself.
 void frmmenub::connectTasks()
 {
     const struct
@@ -205,9 +199,7 @@ void frmmenub::connectTasks()
         {cmdendnw, &frmmenub::endNetwork},
     };
     for (const auto &entry : tasks) {
-        entry.button->setEnabled(entry.task != nullptr);
-        if (entry.task)
-            connect(entry.button, &QPushButton::clicked, this, entry.task);
+        connect(entry.button, &QPushButton::clicked, this, entry.task);
     }
 }
 
@@ -231,20 +223,12 @@ void frmmenub::fill()
     lblnetwork->setText(networkStatus(session.settings));
     cmdstartnw->setEnabled(session.settings.networkMode == 0);
     cmdendnw->setEnabled(session.settings.networkMode != 0);
-    // A failure is shown once the menu can be seen.
-    QTimer::singleShot(0, this, [this] {
-        Session &shared = m_context.session;
-        trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { createMissingBetsBackup(shared); });
-    });
 }
 
-void frmmenub::openUnlessRefused(const QString &screen, QString (*refusal)(const Settings &))
+void frmmenub::entered()
 {
-    const QString reason = refusal ? refusal(m_context.session.settings) : QString();
-    if (reason.isEmpty())
-        m_context.navigator.open(screen);
-    else
-        showMessage(this, reason);
+    Session &session = m_context.session;
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { createMissingBetsBackup(session); });
 }
 
 void frmmenub::clearBets()

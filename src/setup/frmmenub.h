@@ -21,6 +21,8 @@ class frmmenub : public QWidget
 public:
     explicit frmmenub(const ScreenContext &context);
 
+    void entered();
+
 private:
     void build();
     QGroupBox *buildRace();
@@ -41,8 +43,6 @@ private:
     void joinMaster();
     void endNetwork();
     void addNote(const QString &note);
-
-    void openUnlessRefused(const QString &screen, QString (*refusal)(const Settings &));
 
     ScreenContext m_context;
     QLineEdit *txtbanner;

@@ -3,12 +3,12 @@
 #include "common/event/session.h"
 #include "transfer/thumbdrive.h"
 #include "ui/controls.h"
+#include "ui/progressbox.h"
 #include "ui/prompts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -16,8 +16,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int progressDelay = 500; // milliseconds a transfer takes before it shows how far it is
 
 const QString multibetsStay = u"Multibet files are not imported/exported"_s;
 
@@ -118,18 +116,12 @@ bool DriveChoice::takeRole()
 
 bool DriveChoice::runTransfer(const QString &drive)
 {
-    QProgressDialog progress(m_transfer.heading, QString(), 0, 0, this);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(progressDelay);
-    const auto tell = [&progress](int done, int total) {
-        progress.setMaximum(total);
-        progress.setValue(done);
-    };
-    return trapErrors(this, m_context.session, ErrorStyle::NumberAndDescription,
-                      m_transfer.operation, [&] {
-                          m_transfer.run(m_context.session, drive, tell);
-                          progress.reset();
-                      });
+    return trapErrors(
+        this, m_context.session, ErrorStyle::NumberAndDescription, m_transfer.operation, [&] {
+            ProgressBox progress(this, m_transfer.heading, ProgressBox::Ending::OnlyWhenDone);
+            m_transfer.run(m_context.session, drive,
+                           [&progress](int done, int total) { progress.step(done, total); });
+        });
 }
 
 frmdrive::frmdrive(const ScreenContext &context)

@@ -4,6 +4,7 @@
 #include "common/files/folders.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"
+#include "ui/progressbox.h"
 #include "ui/prompts.h"
 
 #include <QCheckBox>
@@ -12,10 +13,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTimer>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -24,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString boxTitle = u"Import"_s;
-constexpr int progressDelay = 500; // milliseconds an import takes before it shows how far it is
 
 // The folder that the event directory lies in: the usual place of other events.
 QString folderBeside(const QString &eventDirectory)
@@ -55,8 +53,6 @@ frmimportb::frmimportb(const ScreenContext &context)
     connectControls();
     m_folders->showDrives(m_folder);
     lstdrive->setFocus();
-    // A failure is shown once the screen can be seen.
-    QTimer::singleShot(0, this, [this] { showFolder(m_folder); });
 }
 
 void frmimportb::build()
@@ -213,24 +209,21 @@ void frmimportb::importFiles()
 bool frmimportb::carryOut(const ImportChoice &choice, ImportPlan &plan)
 {
     Session &session = m_context.session;
-    QProgressDialog progress(u"Import from "_s + m_folder, QString(), 0, 0, this);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(progressDelay);
-    const auto tell = [&progress](int done, int total) {
-        progress.setMaximum(total);
-        progress.setValue(done);
+    const auto showingProgress = [this](const auto &work) {
+        ProgressBox progress(this, u"Import from "_s + m_folder, ProgressBox::Ending::OnlyWhenDone);
+        return work([&progress](int done, int total) { progress.step(done, total); });
     };
     bool wanted = true;
     const bool whole = trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-        plan = planImport(session, m_folder, choice, tell);
-        progress.reset();
+        plan =
+            showingProgress([&](auto tell) { return planImport(session, m_folder, choice, tell); });
         if (!plan.refusal.isEmpty())
             return;
         wanted = askAboutBetsOnFile(plan);
         if (!wanted)
             return lblnote->setText(u"Nothing was imported."_s);
-        plan.refusal = carryOutImport(session, plan, tell);
-        progress.reset();
+        plan.refusal =
+            showingProgress([&](auto tell) { return carryOutImport(session, plan, tell); });
     });
     if (whole && !plan.refusal.isEmpty())
         showMessage(this, plan.refusal, boxTitle);

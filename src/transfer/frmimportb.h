@@ -24,6 +24,8 @@ class frmimportb : public QWidget
 public:
     explicit frmimportb(const ScreenContext &context);
 
+    void entered() { showFolder(m_folder); }
+
 private:
     void build();
     QLayout *buildFolder();

@@ -3,17 +3,28 @@
 #include "common/event/session.h"
 #include "ui/lockwait.h"
 #include "ui/mainwindow.h"
+#include "ui/prompts.h"
+#include "ui/undisturbed.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QShortcut>
+#include <QShortcutEvent>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString helpScreen = u"frmhelpb"_s;
+
+// Puts the note before what the screen's status line says itself, unless it is told there already.
+void addNote(QWidget *screen, const QString &note)
+{
+    auto *line = screen ? screen->findChild<QLabel *>(u"lblnote"_s) : nullptr;
+    if (line && !note.isEmpty() && !line->text().contains(note))
+        line->setText(line->text().isEmpty() ? note : QString(note + u'\n' + line->text()));
+}
 
 } // namespace
 
@@ -32,11 +43,12 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     m_session.files.tell = [this](const QString &note) {
         // Once the handler that is reading has shown its own note.
         QMetaObject::invokeMethod(
-            this, [this, note] { addNote(note); }, Qt::QueuedConnection);
+            this, [this, note] { addNote(current(), note); }, Qt::QueuedConnection);
     };
     auto *help = new QShortcut(Qt::Key_F1, m_window);
     help->setContext(Qt::ApplicationShortcut);
     connect(help, &QShortcut::activated, this, &Navigator::showHelp);
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
 Navigator::~Navigator()
@@ -44,19 +56,6 @@ Navigator::~Navigator()
     m_session.files.notices = {};
     m_session.files.tell = {};
     delete m_window;
-}
-
-// Adds a line to the notes of the screen in use, unless it is there already.
-void Navigator::addNote(const QString &note)
-{
-    auto *line = current() ? current()->findChild<QLabel *>(u"lblnote"_s) : nullptr;
-    if (line && !line->text().contains(note))
-        line->setText(line->text().isEmpty() ? note : line->text() + u'\n' + note);
-}
-
-bool Navigator::has(const QString &name) const
-{
-    return m_screens.contains(name);
 }
 
 const ScreenEntry &Navigator::entry(const QString &name) const
@@ -71,39 +70,63 @@ QWidget *Navigator::make(const ScreenEntry &entry)
     return screen;
 }
 
+bool Navigator::tellsRefusal(const ScreenEntry &entry)
+{
+    const QString reason = entry.refusal ? entry.refusal(m_session.settings) : QString();
+    if (reason.isEmpty())
+        return false;
+    if (entry.refusalIsNote)
+        current()->findChild<QLabel *>(u"lblnote"_s)->setText(reason);
+    else
+        showMessage(current(), reason);
+    return true;
+}
+
+void Navigator::show(const ScreenEntry &entry, const QString &note)
+{
+    QWidget *screen = make(entry);
+    m_window->showScreen(screen);
+    m_window->setWindowTitle(entry.title);
+    m_window->show();
+    if (entry.entered)
+        entry.entered(screen);
+    addNote(screen, note);
+}
+
 void Navigator::open(const QString &name, const QString &note)
 {
+    if (Undisturbed::isAny())
+        return;
     if (name == helpScreen && m_help && m_help->isVisible())
         return showHelp();
+    if (tellsRefusal(entry(name)))
+        return;
     m_previous = currentName();
     m_session.files.unsure.reset(); // with the sheet that could place them again
-    QWidget *screen = make(entry(name));
-    m_window->showScreen(screen);
-    m_window->setWindowTitle(entry(name).title);
-    if (auto *line = screen->findChild<QLabel *>(u"lblnote"_s); line && !note.isEmpty())
-        line->setText(note);
-    m_window->show();
+    show(entry(name), note);
 }
 
 void Navigator::reopen(const QString &note)
 {
-    const QString previous = m_previous;
-    open(currentName(), note);
-    m_previous = previous;
+    if (!Undisturbed::isAny())
+        show(entry(currentName()), note);
 }
 
 QWidget *Navigator::openBeside(const QString &name)
 {
-    QWidget *screen = make(entry(name));
+    const ScreenEntry &beside = entry(name);
+    QWidget *screen = make(beside);
     QWidget *focused = screen->focusWidget();
     // A dialog's window stays above the main window; another would soon be hidden by it.
     screen->setParent(m_window,
                       Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     screen->setAttribute(Qt::WA_DeleteOnClose);
-    screen->setWindowTitle(entry(name).title);
+    screen->setWindowTitle(beside.title);
     if (focused)
         focused->setFocus();
     screen->show();
+    if (beside.entered)
+        beside.entered(screen);
     return screen;
 }
 
@@ -128,11 +151,14 @@ void Navigator::pressCloseButton()
 
 QString Navigator::titleOf(const QString &name) const
 {
-    return has(name) ? entry(name).title : QString();
+    const auto found = m_screens.find(name);
+    return found == m_screens.end() ? QString() : found->second.title;
 }
 
 void Navigator::exitProgram()
 {
+    if (Undisturbed::isAny())
+        return;
     const auto beside = m_window->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
     for (QWidget *window : beside) {
         if (window->isWindow() && window->isVisible() && !window->close())
@@ -145,10 +171,8 @@ void Navigator::exitProgram()
 
 void Navigator::showHelp()
 {
-    if (!has(helpScreen))
-        return;
     const QWidget *active = QApplication::activeWindow();
-    const bool isBeside = active && active != m_window && has(active->objectName());
+    const bool isBeside = active && active != m_window && m_screens.contains(active->objectName());
     const QString screen = isBeside ? active->objectName() : currentName();
     if (screen == helpScreen)
         return;
@@ -160,4 +184,18 @@ void Navigator::showHelp()
         m_help = openBeside(helpScreen);
     }
     emit helpAsked(screen);
+}
+
+bool Navigator::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::Shortcut) {
+        auto *button = qobject_cast<QAbstractButton *>(object);
+        if (button && !static_cast<QShortcutEvent *>(event)->isAmbiguous()) {
+            if (button->isCheckable())
+                button->setFocus(Qt::ShortcutFocusReason);
+            button->click();
+            return true;
+        }
+    }
+    return QObject::eventFilter(object, event);
 }

@@ -13,6 +13,7 @@ class Navigator;
 class QWidget;
 class SlipPrinter;
 struct Session;
+struct Settings;
 
 // What every screen is handed.
 struct ScreenContext
@@ -29,9 +30,17 @@ struct ScreenEntry
     QString title;       // of the window while it is shown
     QString closeButton; // the button that the close box presses
     std::function<QWidget *(const ScreenContext &)> make;
+
+    // What the screen does once it can be seen: its first reading of files, and boxes about it.
+    std::function<void(QWidget *)> entered = {};
+
+    // Why the screen cannot be opened now, told by the screen that stays; empty when it can.
+    QString (*refusal)(const Settings &) = nullptr;
+    bool refusalIsNote = false; // told in the status line, not in a box
 };
 
-// Opens screens by name. Screens know only names, so none knows another.
+// Opens screens by name. Screens know only names, so none knows another. While a box is open no
+// screen is opened and none is left, so a screen is never deleted under its own code.
 class Navigator : public QObject
 {
     Q_OBJECT
@@ -40,11 +49,9 @@ public:
     Navigator(Session &session, SlipPrinter &printer, const std::vector<ScreenEntry> &screens);
     ~Navigator() override;
 
-    // Whether the program has this screen.
-    bool has(const QString &name) const;
-
     // Makes the screen fresh, shows it in the main window and deletes the one shown before. A
-    // \a note goes to its status line. Help that is open beside comes to the front instead.
+    // \a note goes to its status line. A screen that refuses to be opened tells why instead; help
+    // that is open beside comes to the front instead.
     void open(const QString &name, const QString &note = {});
 
     // Makes the screen as a window of its own beside the one shown; both stay usable. It closes
@@ -57,7 +64,7 @@ public:
     QWidget *current() const;
     QString currentName() const;
 
-    // The title of a screen's window; empty when the program lacks the screen.
+    // The title of a screen's window; empty when it has no such screen.
     QString titleOf(const QString &name) const;
 
     // The name of the screen that was shown before the current one.
@@ -72,6 +79,11 @@ public:
     // lost, at that screen's chapter. One that is open already comes to the front.
     void showHelp();
 
+protected:
+    // An Alt letter presses its button at once. Qt does it a tenth of a second later, when the
+    // operator may have gone on to something else.
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 signals:
     // Help is wanted for the screen of this name.
     void helpAsked(const QString &screen);
@@ -79,8 +91,9 @@ signals:
 private:
     const ScreenEntry &entry(const QString &name) const;
     QWidget *make(const ScreenEntry &entry);
+    bool tellsRefusal(const ScreenEntry &entry);
+    void show(const ScreenEntry &entry, const QString &note);
     void pressCloseButton();
-    void addNote(const QString &note);
 
     Session &m_session;
     SlipPrinter &m_printer;

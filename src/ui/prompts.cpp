@@ -1,13 +1,30 @@
 #include "ui/prompts.h"
 
+#include "ui/undisturbed.h"
+
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// A box belongs to the window, which outlives every screen.
+QWidget *windowOf(QWidget *parent)
+{
+    return parent ? parent->window() : nullptr;
+}
+
+// Runs the box; until it is answered nothing else acts.
+int runUndisturbed(QDialog &box)
+{
+    const Undisturbed undisturbed(&box);
+    return box.exec();
+}
 
 // The width that shows all of a box's title: a short text must not cut it.
 int titleWidth(const QDialog &dialog)
@@ -19,13 +36,13 @@ QMessageBox::StandardButton runBox(QWidget *parent, QMessageBox::Icon icon, cons
                                    const QString &title, QMessageBox::StandardButtons buttons,
                                    QMessageBox::StandardButton escape)
 {
-    QMessageBox box(icon, title.isEmpty() ? u"TRELAWN"_s : title, text, buttons, parent);
+    QMessageBox box(icon, title.isEmpty() ? u"TRELAWN"_s : title, text, buttons, windowOf(parent));
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(escape);
     if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
         grid->addItem(new QSpacerItem(titleWidth(box), 0), grid->rowCount(), 0, 1,
                       grid->columnCount());
-    return QMessageBox::StandardButton(box.exec());
+    return QMessageBox::StandardButton(runUndisturbed(box));
 }
 
 } // namespace
@@ -62,7 +79,7 @@ bool askOkCancel(QWidget *parent, const QString &text, const QString &title)
 QString askText(QWidget *parent, const QString &text, const QString &title,
                 const QString &defaultText)
 {
-    QInputDialog dialog(parent);
+    QInputDialog dialog(windowOf(parent));
     dialog.setWindowTitle(title.isEmpty() ? u"TRELAWN"_s : title);
     dialog.setLabelText(text);
     dialog.setTextValue(defaultText);
@@ -71,7 +88,19 @@ QString askText(QWidget *parent, const QString &text, const QString &title,
         label->setTextFormat(Qt::PlainText);
         label->setMinimumWidth(titleWidth(dialog));
     }
-    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+    return runUndisturbed(dialog) == QDialog::Accepted ? dialog.textValue() : QString();
+}
+
+QString askSaveFile(QWidget *parent, const QString &title, const QString &name,
+                    const QString &suffix, const QString &filter)
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QFileDialog dialog(windowOf(parent), title, folder, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(name + u'.' + suffix);
+    return runUndisturbed(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0)
+                                                       : QString();
 }
 
 void showFileError(QWidget *screen, const FileError &error, ErrorStyle style)

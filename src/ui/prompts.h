@@ -7,7 +7,7 @@
 class QWidget;
 
 // The boxes that screens ask and tell with. All text is plain text; Escape is No or Cancel. A box
-// without a title shows the program's.
+// without a title shows the program's. While a box is open nothing else of the program acts.
 
 void showMessage(QWidget *parent, const QString &text, const QString &title = {});
 
@@ -24,6 +24,11 @@ bool askOkCancel(QWidget *parent, const QString &text, const QString &title = {}
 // A single value; Cancel gives an empty text.
 QString askText(QWidget *parent, const QString &text, const QString &title,
                 const QString &defaultText = {});
+
+// A file to save to, as a path of this computer; empty when the operator cancels. \a name is the
+// proposed file name without its \a suffix.
+QString askSaveFile(QWidget *parent, const QString &title, const QString &name,
+                    const QString &suffix, const QString &filter);
 
 // The box of a failure, in the screen's style and with the error's own label as the title.
 void showFileError(QWidget *screen, const FileError &error, ErrorStyle style);

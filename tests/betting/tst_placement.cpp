@@ -25,6 +25,11 @@ BetEntries entriesOf(const QList<Entry> &list)
     return entries;
 }
 
+Placement placed(Session &session, const QList<Entry> &list)
+{
+    return placeBets(session, planPlacement(entriesOf(list), 4, 0, session.settings.betLimit));
+}
+
 QByteArray recordsOf(const std::vector<Bet> &bets)
 {
     std::string records;
@@ -88,13 +93,13 @@ void tst_placement::betLimit()
     TestEvent event;
     event.write(u"Bets Race1"_s, "1,1,1,5\r\n");
     event.session.settings.betLimit = 3;
-    QVERIFY(!placeBets(event.session, entriesOf({{1, Win, 2}, {2, Win, 2}}), 4).raceIsFull);
+    QVERIFY(!placed(event.session, {{1, Win, 2}, {2, Win, 2}}).raceIsFull);
     const QByteArray full = event.read(u"Bets Race1"_s);
     QCOMPARE(full, QByteArray("1,1,1,5\r\n4,1,1,2\r\n4,2,1,2\r\n"));
-    QVERIFY(placeBets(event.session, entriesOf({{1, Win, 2}}), 4).raceIsFull);
+    QVERIFY(placed(event.session, {{1, Win, 2}}).raceIsFull);
     QCOMPARE(event.read(u"Bets Race1"_s), full);
     // A sheet that places nothing needs no room.
-    QVERIFY(!placeBets(event.session, entriesOf({{1, Win, 0.5F}}), 4).raceIsFull);
+    QVERIFY(!placed(event.session, {{1, Win, 0.5F}}).raceIsFull);
 }
 
 void tst_placement::deletionOfAStaleList()

@@ -389,7 +389,7 @@ private slots:
             BetEntries entries;
             for (const auto &[post, type, dollars] : sheet.bets)
                 entries.add(post, type, dollars);
-            placeBets(session, entries, sheet.bettor);
+            placeBets(session, planPlacement(entries, sheet.bettor, 0, session.settings.betLimit));
             slips.append(
                 betReceipt(session.settings, loadPriorBets(session, sheet.bettor, u"NAME"_s)));
         }

@@ -49,7 +49,7 @@ void placeSheets(Session &session, int placer)
         session.settings.currentRace = sheet % races + 1;
         BetEntries entries;
         entries.add(sheet % 14 + 1, BetType::Win, float(sheet));
-        placeBets(session, entries, 10 + placer);
+        placeBets(session, planPlacement(entries, 10 + placer, 0, session.settings.betLimit));
         if (sheet % newBettorEvery == 0) {
             addBettorNamed(session, u"NEW-%1-%2"_s.arg(placer).arg(sheet));
         }
@@ -63,13 +63,13 @@ void manageRaces(Session &session)
         session.settings.currentRace = round % races + 1;
         BetEntries own;
         own.add(1, BetType::Show, 5);
-        placeBets(session, own, 50);
+        placeBets(session, planPlacement(own, 50, 0, session.settings.betLimit));
         // A list that another computer has outdated deletes nothing; it is made again.
         while (deletePriorBets(session, loadPriorBets(session, 50, u"FIFTY"_s).bets).listWasStale) {
         }
         BetEntries scratched;
         scratched.add(scratchedPost, BetType::Win, 5);
-        placeBets(session, scratched, 51);
+        placeBets(session, planPlacement(scratched, 51, 0, session.settings.betLimit));
         LoadRaceBets(session);
         removeBetsOn(session, scratchedPost, session.bets.rows.size());
         addBettorNamed(session, u"MANAGED-%1"_s.arg(round));

@@ -8,7 +8,6 @@
 #include "common/event/labelled.h"
 #include "common/event/odds.h"
 #include "common/event/racefiles.h"
-#include "common/event/roles.h"
 #include "common/print/format.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
@@ -19,7 +18,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -50,31 +48,24 @@ QString toBePlacedText(float amount)
 
 } // namespace
 
-BetSheet::BetSheet(const ScreenContext &context, const BetSheetKind &kind, QWidget *parent)
-    : QWidget(parent)
-    , m_context(context)
+BetSheet::BetSheet(const ScreenContext &context, const BetSheetKind &kind)
+    : m_context(context)
     , m_kind(kind)
 {
     build();
     connectControls();
-    fill();
+    showReceiptSetting();
+    showBettor();
+    clearEntries();
+    m_search->focusSearch();
 }
 
-// While the sheet is being opened it cannot carry a box yet: the failure is shown once it can.
 bool BetSheet::trapped(const std::function<void()> &work)
 {
-    if (m_open)
-        return trapErrors(this, ErrorStyle::NumberAndDescription, work);
-    try {
-        work();
-        return true;
-    } catch (const FileError &error) {
-        m_openingErrors.append({errorText(error, ErrorStyle::NumberAndDescription), error.label()});
-        return false;
-    }
+    return trapErrors(this, ErrorStyle::NumberAndDescription, work);
 }
 
-void BetSheet::fill()
+void BetSheet::entered()
 {
     Session &session = m_context.session;
     bool initIsWhole = true;
@@ -84,22 +75,6 @@ void BetSheet::fill()
     showReceiptSetting();
     loadBettorList();
     loadRace();
-    m_search->focusSearch();
-    m_open = true;
-    QTimer::singleShot(0, this, [this] {
-        for (const auto &[text, label] : std::exchange(m_openingErrors, {}))
-            showMessage(this, text, label);
-    });
-}
-
-void BetSheet::openScreen(const QString &name)
-{
-    const QString refusal =
-        name == "frmbettorsb"_L1 ? bettorsRefusal(m_context.session.settings) : QString();
-    if (refusal.isEmpty())
-        m_context.navigator.open(name);
-    else
-        showMessage(this, refusal);
 }
 
 void BetSheet::note(const QString &text)
@@ -209,12 +184,18 @@ void BetSheet::clearEntries()
 void BetSheet::showEntries()
 {
     m_grid->showEntries(m_entries);
-    const Settings &settings = m_context.session.settings;
-    lbltobeplaced->setText(
-        toBePlacedText(planPlacement(m_entries, m_bettor, 0, settings.betLimit).total()));
+    lbltobeplaced->setText(toBePlacedText(plan().total()));
     note(entriesNote(m_entries));
 }
 
+PlacementPlan BetSheet::plan() const
+{
+    // No operation ever raises a bettor's own count of bets, so that limit stays a safeguard.
+    constexpr int betsOfBettor = 0;
+    return planPlacement(m_entries, m_bettor, betsOfBettor, m_context.session.settings.betLimit);
+}
+
+// What stood on the sheet when the question came is placed, or nothing.
 void BetSheet::place()
 {
     const QString title = u"Place Bets"_s;
@@ -223,13 +204,14 @@ void BetSheet::place()
         return;
     if (m_bettor == 0)
         return showMessage(this, u"Must select bettor first."_s, title);
+    const PlacementPlan asked = plan();
     if (!askYesNo(this, u"Place these bets?"_s, title))
         return;
     note({});
     if (!bettorHolds() || !cardHolds())
         return;
     Placement placement;
-    if (!trapped([&] { placement = placeBets(session, m_entries, m_bettor); })) {
+    if (!trapped([&] { placement = placeBets(session, asked); })) {
         return note(session.files.unsure ? u"Place these bets again: what is on file is not placed "
                                            "twice."_s
                                          : u"No bet was placed."_s);

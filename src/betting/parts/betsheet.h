@@ -45,9 +45,11 @@ class BetSheet : public QWidget
     Q_OBJECT
 
 public:
-    BetSheet(const ScreenContext &context, const BetSheetKind &kind, QWidget *parent);
+    void entered();
 
 protected:
+    BetSheet(const ScreenContext &context, const BetSheetKind &kind);
+
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -58,10 +60,8 @@ private:
     QWidget *buildActionColumn();
     QPushButton *makeExit(QWidget *parent, const BetSheetKind::Exit &exit);
     void connectControls();
-    void fill();
 
     bool trapped(const std::function<void()> &work);
-    void openScreen(const QString &name);
     void note(const QString &text);
 
     void chooseRace(int race);
@@ -75,6 +75,7 @@ private:
     void clearEntries();
     void showEntries();
     void showBettor();
+    PlacementPlan plan() const;
     void place();
     bool bettorHolds();
     bool cardHolds();
@@ -92,8 +93,6 @@ private:
     int m_bettor = 0; // number of the selected bettor, 0 for none
     QString m_bettorName;
     PriorBets m_prior; // the listed ones; they stay listed after a placement
-    bool m_open = false;
-    QList<std::pair<QString, QString>> m_openingErrors; // text and label
 
     BettorSearch *m_search;
     BetGrid *m_grid;

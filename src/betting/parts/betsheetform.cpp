@@ -190,9 +190,8 @@ QWidget *BetSheet::buildActionColumn()
 QPushButton *BetSheet::makeExit(QWidget *parent, const BetSheetKind::Exit &exit)
 {
     QPushButton *button = makeButton(parent, exit.button, exit.caption, exit.toolTip);
-    button->setEnabled(m_context.navigator.has(exit.screen));
     connect(button, &QPushButton::clicked, this,
-            [this, screen = exit.screen] { openScreen(screen); });
+            [this, screen = exit.screen] { m_context.navigator.open(screen); });
     return button;
 }
 

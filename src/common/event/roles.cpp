@@ -18,6 +18,12 @@ QString horsesRefusal(const Settings &settings)
     return {};
 }
 
+QString directoryRefusal(const Settings &settings)
+{
+    return settings.networkMode == 0 ? QString()
+                                     : u"End networked betting on the main menu first."_s;
+}
+
 bool sharesBettors(const Settings &settings)
 {
     return settings.mainComputer == "yes"_L1 || settings.networkMode == 1;

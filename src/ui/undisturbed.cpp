@@ -1,0 +1,96 @@
+#include "ui/undisturbed.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QEvent>
+#include <QSignalBlocker>
+#include <QWindow>
+
+namespace {
+
+int open = 0; // boxes and waits, one inside the other
+
+bool isInside(const QObject *object, const QWidget *box)
+{
+    while (object && object != box)
+        object = object->parent();
+    return object && box;
+}
+
+// Whether something is done by the event, or will be by what it begins.
+bool acts(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::InputMethod:
+    case QEvent::Shortcut:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TabletPress:
+    case QEvent::TabletRelease:
+    case QEvent::Drop:
+    case QEvent::Close:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Ends the press that animateClick put off: the button's own timer ends it, unheard and without
+// effect on what is checked.
+void endPress(QAbstractButton *button, QEvent *timer)
+{
+    QButtonGroup *group = button->group();
+    QAbstractButton *checked = group ? group->checkedButton() : nullptr;
+    const bool wasChecked = button->isChecked();
+    const QSignalBlocker quietButton(button);
+    const QSignalBlocker quietGroup(group);
+    static_cast<QObject *>(button)->event(timer);
+    if (checked)
+        checked->setChecked(true);
+    else
+        button->setChecked(wasChecked);
+}
+
+} // namespace
+
+Undisturbed::Undisturbed(const QWidget *box)
+    : m_box(box)
+{
+    ++open;
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+Undisturbed::~Undisturbed()
+{
+    --open;
+}
+
+bool Undisturbed::isAny()
+{
+    return open > 0;
+}
+
+bool Undisturbed::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::Timer) {
+        auto *button = qobject_cast<QAbstractButton *>(object);
+        if (!button || isInside(button, m_box))
+            return false;
+        endPress(button, event);
+        return true;
+    }
+    // The window of a widget only passes on what reaches the widget.
+    if (!acts(event->type()) || qobject_cast<QWindow *>(object) || isInside(object, m_box))
+        return false;
+    event->ignore();
+    return true;
+}
