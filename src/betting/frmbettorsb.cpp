@@ -29,14 +29,6 @@ QVBoxLayout *makeFrame(QWidget *parent, QGridLayout *grid, int row, int column, 
     return new QVBoxLayout(frame);
 }
 
-// Names are read across the table, so they stand out.
-void enlarge(QWidget *widget)
-{
-    QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    widget->setFont(font);
-}
-
 // True for a key that types: one that yields a character, Enter, Backspace or Escape.
 bool isTyping(const QKeyEvent &key)
 {
@@ -101,8 +93,9 @@ void frmbettorsb::build()
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to main menu"_s);
     lblnote = makeNoteLine(this);
 
-    enlarge(txtbettorname);
-    enlarge(cbobettornames);
+    // Names are read across the table, so they stand out.
+    scaleText(txtbettorname, 1.2);
+    scaleText(cbobettornames, 1.2);
 
     auto *grid = new QGridLayout(this);
     grid->addWidget(txtbanner, 0, 0, 1, 2);
@@ -236,6 +229,7 @@ void frmbettorsb::add()
 
     const int number = addBettor(session.bettors, name);
     m_addedNames.append(name);
+    m_saveFailed = false;
     const auto row = int(session.bettors.sortedNames().indexOf(name));
     cbobettornames->insertItem(row, name);
     cbobettornames->scrollToItem(cbobettornames->item(row), QAbstractItemView::PositionAtCenter);
@@ -280,6 +274,7 @@ void frmbettorsb::takeOut(const QString &name, int number)
     // Bets that left the file are owed to the bettor, even when the backup file failed.
     if (!twinFailed) {
         markBettorDeleted(session.bettors, name);
+        m_saveFailed = false;
         if (m_addedNames.removeAll(name) == 0)
             ++m_deletedNames;
         qDeleteAll(cbobettornames->selectedItems());
@@ -337,6 +332,12 @@ bool frmbettorsb::eventFilter(QObject *object, QEvent *event)
 void frmbettorsb::rejectTyping()
 {
     showMessage(this, u"Must select bettor name from drop down list"_s, u"Bettor name"_s);
+    m_context.navigator.reopen(lostChanges());
+}
+
+// What leaving without saving means; empty when nothing was changed.
+QString frmbettorsb::lostChanges() const
+{
     QStringList lost;
     if (!m_addedNames.isEmpty()) {
         lost.append("Additions not saved and lost: "_L1 + QString::number(m_addedNames.size())
@@ -347,16 +348,19 @@ void frmbettorsb::rejectTyping()
         lost.append("Deleted names not saved and listed again: "_L1
                     + QString::number(m_deletedNames));
     }
-    m_context.navigator.reopen(lost.join(u"; "_s));
+    return lost.join(u"; "_s);
 }
 
+// What nobody changed is not written. When the files refuse the changes, a second press leaves
+// without them.
 void frmbettorsb::leaveTo(const QString &screen)
 {
-    Session &session = m_context.session;
-    QString note;
-    if (m_loaded && !trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
-            note = saveBettors(session, m_asRead);
-        }))
-        return;
+    QString note = lostChanges();
+    if (m_loaded && !note.isEmpty() && !m_saveFailed) {
+        m_saveFailed = !trapErrors(this, ErrorStyle::NumberAndDescription,
+                                   [&] { note = saveBettors(m_context.session, m_asRead); });
+        if (m_saveFailed)
+            return addNote(u"The list was not saved. Pressing again leaves without saving."_s);
+    }
     m_context.navigator.open(screen, note);
 }

@@ -41,13 +41,15 @@ private:
     void takeOut(const QString &name, int number);
     void clearAll();
     void rejectTyping();
+    QString lostChanges() const;
     void leaveTo(const QString &screen);
 
     ScreenContext m_context;
     BettorTable m_asRead;
-    bool m_loaded = false;    // what was not read is not written
-    QStringList m_addedNames; // since the list was read
-    int m_deletedNames = 0;   // of the names read
+    bool m_loaded = false;     // what was not read is not written
+    QStringList m_addedNames;  // since the list was read
+    int m_deletedNames = 0;    // of the names read
+    bool m_saveFailed = false; // as the list stands, when it was to be left
 
     QLineEdit *txtbanner;
     QLineEdit *txtbettorname;

@@ -125,7 +125,7 @@ Placement placeBets(Session &session, const PlacementPlan &plan)
         const std::size_t onFile = parseBets(bytes.toStdString()).rows.size();
         placement.raceIsFull =
             !plan.bets.empty() && onFile + plan.bets.size() > std::size_t(betLimit);
-        placement.room = std::max(0, betLimit - int(onFile));
+        placement.roomLeft = std::size_t(betLimit) - std::min(onFile, std::size_t(betLimit));
         QByteArray lines;
         for (const Bet &bet : plan.bets)
             lines += betLine(bet);

@@ -2,6 +2,7 @@
 
 #include "common/event/session.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -61,7 +62,7 @@ struct Placement
     PlacementPlan plan;
     std::vector<std::size_t> rows; // of the placed bets in the race's bet table
     bool raceIsFull = false;       // nothing was written: the race's bet limit leaves no room
-    int room = 0;                  // bets that the race had room for before
+    std::size_t roomLeft = 0;      // bets that the race had room for before
 };
 
 // Appends the planned bets to Bets and Betsbackup and loads the race's bets. Throws FileError; then

@@ -20,6 +20,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -87,8 +89,11 @@ void frmmulti::loadBettorList()
     });
 }
 
+// The race that is shown keeps what was entered for it.
 void frmmulti::chooseRace(int race)
 {
+    if (race == std::exchange(m_race, race))
+        return;
     showRace(race);
     clearPreview();
     renewLegs();
@@ -148,7 +153,6 @@ void frmmulti::chooseBettor(int number, const QString &name)
     m_bettor = number;
     m_bettorName = name;
     lblbettor->setText(name);
-    lblbettor->setToolTip("<span>"_L1 + name.toHtmlEscaped() + "</span>"_L1);
     clearPreview();
     loadPriorBets();
 }

@@ -40,6 +40,7 @@ private:
 
     MultibetEntry entry() const;
 
+    int m_race = 0; // whose posts are shown, 0 before the first was chosen
     MultibetPreview m_preview;
     QList<Multibet> m_prior; // of the selected bettor, as lstpriorbets lists them
     int m_bettor = 0;        // 0 while none is selected

@@ -2,6 +2,7 @@
 
 #include "common/event/eventfiles.h"
 #include "common/event/racefiles.h"
+#include "common/files/fileerror.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +13,21 @@ void addPosts(std::set<int> &posts, const HorseTable &horses)
     for (const Horse &horse : horses) {
         if (!isUnused(horse))
             posts.insert(horse.post);
+    }
+}
+
+// The horses of a later leg. A card that cannot be read is a note: the other legs do not need it.
+HorseTable laterHorses(Session &session, int race, QStringList &notes)
+{
+    try {
+        const HorseFile file =
+            parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
+        if (!file.damage().isEmpty())
+            notes += raceName(race).trimmed() + ": "_L1 + file.damage();
+        return file.horses;
+    } catch (const FileError &error) {
+        notes += "The horses of"_L1 + raceName(race) + " cannot be read: "_L1 + error.description();
+        return {};
     }
 }
 
@@ -32,11 +48,7 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
         if (race == firstRace) {
             legs.horses[at] = session.horses;
         } else if (race <= raceCount) {
-            const HorseFile file =
-                parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
-            legs.horses[at] = file.horses;
-            if (!file.damage().isEmpty())
-                notes += raceName(race).trimmed() + ": "_L1 + file.damage();
+            legs.horses[at] = laterHorses(session, race, notes);
             addPosts(legs.posts[at], legs.horses[at]);
         }
         legs.races[at] = race <= raceCount ? race : 0;

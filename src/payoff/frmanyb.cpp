@@ -24,16 +24,6 @@ QString dollars(double amount)
     return formatMoney(amount, "Currency");
 }
 
-QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
-                     double factor = 1.2)
-{
-    QLineEdit *field = makeDisplay(parent, name);
-    field->setAccessibleName(accessibleName);
-    field->setAlignment(Qt::AlignRight);
-    enlarge(field, factor);
-    return field;
-}
-
 } // namespace
 
 frmanyb::frmanyb(const ScreenContext &context)
@@ -115,10 +105,10 @@ QGroupBox *frmanyb::buildSlip()
     txtplaceplace = amount(u"txtplaceplace"_s, u"Place horse to place"_s);
     txtplaceshow = amount(u"txtplaceshow"_s, u"Place horse to show"_s);
     txtshowshow = amount(u"txtshowshow"_s, u"Show horse to show"_s);
-    txtwintotal = makeTotal(box, u"txtwintotal"_s, u"Payoff of the win horse"_s, 1.1);
-    txtplacetotal = makeTotal(box, u"txtplacetotal"_s, u"Payoff of the place horse"_s, 1.1);
-    txtshowtotal = makeTotal(box, u"txtshowtotal"_s, u"Payoff of the show horse"_s, 1.1);
-    txttotaltotal = makeTotal(box, u"txttotaltotal"_s, u"TOTAL - THIS SLIP"_s, 1.3);
+    txtwintotal = makeTotal(box, u"txtwintotal"_s, u"Payoff of the win horse"_s, {}, 1.1);
+    txtplacetotal = makeTotal(box, u"txtplacetotal"_s, u"Payoff of the place horse"_s, {}, 1.1);
+    txtshowtotal = makeTotal(box, u"txtshowtotal"_s, u"Payoff of the show horse"_s, {}, 1.1);
+    txttotaltotal = makeTotal(box, u"txttotaltotal"_s, u"TOTAL - THIS SLIP"_s, {}, 1.3);
     cmdcalc = makeButton(box, u"cmdcalc"_s, u"Calculate Payoff"_s,
                          u"Calculate payoffs using the anybettor payoff for the amounts entered"_s);
 
@@ -150,7 +140,7 @@ QGroupBox *frmanyb::buildBettor()
     txtfactor = makeDisplay(box, u"txtfactor"_s);
     txtfactor->setAccessibleName(u"Round Factor"_s);
     txtfactor->setAlignment(Qt::AlignRight);
-    txttotaldue = makeTotal(box, u"txttotaldue"_s, u"PAID ROUNDED"_s, 1.5);
+    txttotaldue = makeTotal(box, u"txttotaldue"_s, u"PAID ROUNDED"_s, {}, 1.5);
     cmdpay = makeButton(box, u"cmdpay"_s, u"Pay This Bettor"_s,
                         u"Add this bettors total to the grand total and clear intermediate "
                         "totals"_s);
@@ -170,8 +160,8 @@ QGroupBox *frmanyb::buildBettor()
 QGroupBox *frmanyb::buildGrandTotals()
 {
     auto *box = new QGroupBox(u"GRAND TOTAL PAID"_s, this);
-    txttotalpaid = makeTotal(box, u"txttotalpaid"_s, u"ALLSLIPS"_s, 1.8);
-    txtpaidr = makeTotal(box, u"txtpaidr"_s, u"ALLSLIPS ROUNDED"_s, 2.2);
+    txttotalpaid = makeTotal(box, u"txttotalpaid"_s, u"ALLSLIPS"_s, {}, 1.8);
+    txtpaidr = makeTotal(box, u"txtpaidr"_s, u"ALLSLIPS ROUNDED"_s, {}, 2.2);
     auto *layout = new QVBoxLayout(box);
     layout->addWidget(makeLabel(box, {}, u"ALLSLIPS"_s));
     layout->addWidget(txttotalpaid);

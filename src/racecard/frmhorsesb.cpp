@@ -73,15 +73,29 @@ void frmhorsesb::load()
         showRows(m_saved);
         if (!damage.isEmpty())
             lblnote->setText(damage + " The other posts are shown empty."_L1);
-        // The bets are needed to tell which rows have some.
-        if (const QString note = LoadRaceBets(session); !note.isEmpty())
-            lblnote->setText(note);
     });
+    readBets();
+}
+
+// The bets tell which rows have some, for the notes alone: what cannot be read is a note as well.
+void frmhorsesb::readBets()
+{
+    QString note;
+    try {
+        note = LoadRaceBets(m_context.session);
+    } catch (const FileError &error) {
+        note = "The bets of this race cannot be read: "_L1 + error.description();
+    }
+    if (!note.isEmpty())
+        lblnote->setText(note);
 }
 
 void frmhorsesb::chooseRace(int race)
 {
-    lblnote->setText(unsavedNote());
+    const QString unsaved = unsavedNote();
+    lblnote->setText(unsaved);
+    if (race == m_context.session.settings.currentRace && !unsaved.isEmpty())
+        return; // what was typed for the race that is shown stays
     m_context.session.settings.currentRace = race;
     load();
 }

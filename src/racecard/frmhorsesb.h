@@ -20,6 +20,7 @@ private:
     void connectControls();
 
     void load();
+    void readBets();
     void chooseRace(int race);
     void edited(const QLineEdit *box, int post);
     void updateHorses();

@@ -99,7 +99,8 @@ void frmfixb::build()
         optflight->addButton(option, race);
         flights->addWidget(option, 0, race);
     }
-    lblheading = makeHeading(this, u"lblheading"_s, {});
+    lblheading = makeShortLabel(this, u"lblheading"_s);
+    enlarge(lblheading, 1);
     grdfix = new QTableView(this);
     grdfix->setObjectName(u"grdfix"_s);
     grdfix->setAccessibleName(u"Records of the file"_s);

@@ -58,9 +58,7 @@ void frmsummb::build()
     grdsumm->setSelectionBehavior(QAbstractItemView::SelectRows);
     grdsumm->setSelectionMode(QAbstractItemView::SingleSelection);
     grdsumm->setTabKeyNavigation(false);
-    QFont font = grdsumm->font();
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    grdsumm->setFont(font);
+    scaleText(grdsumm, 1.2);
     grdsumm->verticalHeader()->hide();
     // 22 rows are to be seen at once, and fill a larger window.
     grdsumm->verticalHeader()->setMinimumSectionSize(grdsumm->fontMetrics().height() + 2);

@@ -1,9 +1,12 @@
 #include "setup/eventchoices.h"
 
 #include "common/event/init.h"
+#include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
 #include <QStringList>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -40,8 +43,13 @@ bool setReceiptFontSize(Settings &settings, const QString &answer)
 
 void changeBanner(Session &session, const QString &text)
 {
-    session.settings.banner = storableText(text);
-    saveInit(session, InitWriter::Setup);
+    const QString before = std::exchange(session.settings.banner, storableText(text));
+    try {
+        saveInit(session, InitWriter::Setup);
+    } catch (const FileError &) {
+        session.settings.banner = before;
+        throw;
+    }
 }
 
 void changeRace(Session &session, int race)

@@ -20,7 +20,7 @@ void stepRounding(Settings &settings);
 // changes nothing, for any other.
 bool setReceiptFontSize(Settings &settings, const QString &answer);
 
-// Makes the text the banner and rewrites Init.
+// Makes the text the banner and rewrites Init; when that fails the banner is as before.
 void changeBanner(Session &session, const QString &text);
 
 // Makes the race the current one and rewrites Init.

@@ -40,12 +40,19 @@ void demandReady(const Session &session, const QString &folder, ErrorNumber othe
 
 } // namespace
 
+QString lastDirectoryNote(const Settings &settings)
+{
+    const QString &last = settings.lastEventDirectory;
+    return last.isEmpty() ? QString() : QString("Last event directory: "_L1 + last);
+}
+
 void chooseDrive(Session &session, const QString &drive)
 {
     const QString root = withBackslash(drive);
     labelled(session, u"Directory-Drive"_s,
              [&] { demandReady(session, root, ErrorNumber::DiskNotReady); });
     session.settings.eventDirectory = root;
+    session.settings.lastEventDirectory.clear();
 }
 
 void chooseFolder(Session &session, const QString &folder)
@@ -61,6 +68,7 @@ void chooseFolder(Session &session, const QString &folder)
         session.settings.eventDirectory = before;
         throw;
     }
+    session.settings.lastEventDirectory.clear();
 }
 
 void createFolder(Session &session, const QString &parent, const QString &name)

@@ -7,6 +7,10 @@
 // backslash. File work throws FileError and sets the operation label; on failure the event
 // directory is as before.
 
+// What the screens say about the directory of the run before: "Last event directory: D:\Party\"
+// until a directory was chosen or used, then an empty text.
+QString lastDirectoryNote(const Settings &settings);
+
 // Makes the root of \a drive ("D:") the event directory.
 void chooseDrive(Session &session, const QString &drive);
 

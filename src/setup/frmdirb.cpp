@@ -73,11 +73,8 @@ QLayout *frmdirb::newDirectory()
     cmdnew = makeButton(group, u"cmdnew"_s, u"Create New Directory"_s,
                         u"Double click on the parent directory for the new directory and click "
                         "Create New Directory"_s);
-    lblhint = makeHeading(this, u"lblhint"_s, {});
-    lblhint->setWordWrap(true);
-    QFont large = lblhint->font();
-    large.setPointSizeF(large.pointSizeF() * 1.3);
-    lblhint->setFont(large);
+    lblhint = makeLabel(this, u"lblhint"_s, {}, {}, true);
+    enlarge(lblhint, 1.3);
     lblhint->setStyleSheet(u"color: #a02000"_s);
     auto *inside = new QVBoxLayout(group);
     inside->setSpacing(12);
@@ -107,6 +104,7 @@ void frmdirb::showFolders()
     const QString &directory = m_context.session.settings.eventDirectory;
     txtdrivedir->setText(directory);
     lblhint->clear();
+    lblnote->setText(lastDirectoryNote(m_context.session.settings));
     trapErrors(this, m_context.session, ErrorStyle::DescriptionAndLabel, u"Directory-Open"_s,
                [&] { m_folders->showFolders(directory); });
 }
@@ -114,6 +112,8 @@ void frmdirb::showFolders()
 void frmdirb::driveChosen(const QString &drive)
 {
     Session &session = m_context.session;
+    if (session.settings.eventDirectory.startsWith(drive, Qt::CaseInsensitive))
+        return;
     if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { chooseDrive(session, drive); }))
         m_folders->showDrives(session.settings.eventDirectory);
     showFolders();

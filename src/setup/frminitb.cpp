@@ -6,6 +6,7 @@
 #include "common/event/session.h"
 #include "setup/clearevent.h"
 #include "setup/eventchoices.h"
+#include "setup/eventfolders.h"
 #include "setup/startup.h"
 #include "ui/prompts.h"
 
@@ -44,12 +45,6 @@ QString instructions()
     return texts.join(u'\n');
 }
 
-QFont enlarged(QFont font, double factor)
-{
-    font.setPointSizeF(font.pointSizeF() * factor);
-    return font;
-}
-
 // Four controls in two equal columns whose buttons share the group's height.
 void placeInSquare(QGroupBox *group, const std::array<QWidget *, 4> &controls)
 {
@@ -84,7 +79,7 @@ bool frminitb::trap(Work work)
 void frminitb::build()
 {
     lbltitle = makeHeading(this, u"lbltitle"_s, u"TRELAWN"_s);
-    lbltitle->setFont(enlarged(lbltitle->font(), 1.8));
+    scaleText(lbltitle, 1.8);
     txtbanner = makeBanner(this, u"txtbanner"_s, {},
                            u"Names this event and identifies which race is betting. Can be changed "
                            "on the setup screen"_s);
@@ -94,7 +89,7 @@ void frminitb::build()
                               6);
 
     for (QAbstractButton *option : m_races.group->buttons())
-        option->setFont(enlarged(option->font(), 1.2));
+        scaleText(option, 1.2);
 
     auto *head = new QHBoxLayout;
     head->addWidget(lbltitle);
@@ -179,7 +174,7 @@ QWidget *frminitb::buildInstructions()
 {
     auto *group = new QGroupBox(u"Instructions"_s, this);
     lblinst = makeLabel(group, u"lblinst"_s, instructions(), {}, true);
-    lblinst->setFont(enlarged(lblinst->font(), 1.15));
+    scaleText(lblinst, 1.15);
     lblinst->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto *layout = new QVBoxLayout(group);
     layout->addWidget(lblinst);
@@ -318,8 +313,10 @@ void frminitb::changeRaceTo(int race)
 
 void frminitb::takeBanner()
 {
-    if (!trap([&] { changeBanner(m_context.session, txtbanner1->text()); }))
-        return;
+    const bool saved = trap([&] { changeBanner(m_context.session, txtbanner1->text()); });
+    txtbanner->setText(m_context.session.settings.bannerAndRace());
+    if (!saved)
+        return showNote();
     showSettings();
     showMessage(this, u"Banner information changed"_s, u"Setup"_s);
 }
@@ -327,7 +324,10 @@ void frminitb::takeBanner()
 void frminitb::showNote()
 {
     const bool unsaved = txtbanner1->text() != m_context.session.settings.banner;
-    lblnote->setText(unsaved ? u"Press Enter in the banner text to change the banner."_s : m_note);
+    QStringList notes{lastDirectoryNote(m_context.session.settings), m_note};
+    notes.removeAll(QString());
+    lblnote->setText(unsaved ? u"Press Enter in the banner text to change the banner."_s
+                             : notes.join(u'\n'));
 }
 
 void frminitb::switchReceipts()
@@ -405,6 +405,7 @@ void frminitb::goToMenu()
 {
     QString note;
     if (trap([&] { note = CreateEventFiles(m_context.session); })) {
+        m_context.session.settings.lastEventDirectory.clear();
         m_context.navigator.open(u"frmmenub"_s, note);
         return;
     }

@@ -40,9 +40,7 @@ public:
              const QString &toolTip)
     {
         button = makeButton(m_box, name, caption, toolTip);
-        QFont font = button->font();
-        font.setPointSizeF(font.pointSizeF() * m_scale);
-        button->setFont(font);
+        scaleText(button, m_scale);
         button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
         m_grid->addWidget(button, m_grid->rowCount(), 0);
     }

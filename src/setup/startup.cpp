@@ -67,9 +67,9 @@ QString resetEventDirectory(Session &session, bool initWasDamaged)
     Settings &settings = session.settings;
     const QString last = settings.eventDirectory;
     settings.eventDirectory = defaultEventDirectory(settings);
-    QStringList notes;
     if (last.compare(settings.eventDirectory, Qt::CaseInsensitive) != 0)
-        notes += "Last event directory: "_L1 + last;
+        settings.lastEventDirectory = last;
+    QStringList notes;
     if (session.files.othersAreOpen)
         notes +=
             u"TRELAWN is open more than once on this computer: what one window shows may be old."_s;

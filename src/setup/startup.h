@@ -23,7 +23,7 @@ bool readOrCreateInit(Session &session);
 // of the bets grow with their files.
 void sizeTables(Session &session);
 
-// Sets the event directory of a start and rewrites Init; of a damaged Init a copy goes to Saved
-// first. Returns a note that names the directory of the last run when it was another one, tells
-// that the program is open twice, and names the copy; or an empty text.
+// Sets the event directory of a start, remembers that of the last run when it was another one, and
+// rewrites Init; of a damaged Init a copy goes to Saved first. Returns a note that tells that the
+// program is open twice and names the copy; or an empty text.
 QString resetEventDirectory(Session &session, bool initWasDamaged);

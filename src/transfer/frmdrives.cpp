@@ -51,9 +51,7 @@ void DriveChoice::build()
     lstdrive = new QListWidget(this);
     lstdrive->setObjectName(u"lstdrive"_s);
     lstdrive->setAccessibleName(u"Drives"_s);
-    QFont font = lstdrive->font();
-    font.setPointSizeF(font.pointSizeF() * 1.3);
-    lstdrive->setFont(font);
+    scaleText(lstdrive, 1.3);
     cmdrefresh = makeButton(this, u"cmdrefresh"_s, u"Look Again"_s,
                             u"List the drives again, after a thumb drive was put in"_s);
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return"_s);

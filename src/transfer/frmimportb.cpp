@@ -2,6 +2,7 @@
 
 #include "common/event/session.h"
 #include "common/files/folders.h"
+#include "ui/celltable.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"
 #include "ui/progressbox.h"
@@ -248,17 +249,7 @@ bool frmimportb::askAboutBetsOnFile(ImportPlan &plan)
 void frmimportb::showResult(const ImportPlan &plan)
 {
     const ImportTable table = importTable(plan.races);
-    grdimport->setRowCount(int(table.rows.size()));
-    for (int row = 0; row < int(table.rows.size()); ++row) {
-        const QStringList &cells = table.rows[row];
-        grdimport->setVerticalHeaderItem(row, new QTableWidgetItem(cells.first()));
-        for (int column = 0; column < int(table.columns.size()); ++column) {
-            auto *item = new QTableWidgetItem(cells.value(column + 1));
-            const bool isText = column + 1 == int(table.columns.size());
-            item->setTextAlignment((isText ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-            grdimport->setItem(row, column, item);
-        }
-    }
+    fillTable(grdimport, table.columns, table.rows, table.columns.size() - 1);
     lstnames->clear();
     for (const QString &name : plan.duplicates)
         lstnames->addItem(u"duplicate: "_s + name);

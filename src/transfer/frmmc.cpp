@@ -3,6 +3,7 @@
 #include "common/event/session.h"
 #include "common/print/format.h"
 #include "transfer/addedtable.h"
+#include "ui/celltable.h"
 #include "ui/controls.h"
 #include "ui/prompts.h"
 
@@ -115,7 +116,7 @@ void frmmc::build()
                         [this, screen = step.screen] { openDrive(screen); });
         }
     }
-    cmdreturn->setToolTip("<span>"_L1 + roleIsNotSaved.toHtmlEscaped() + "</span>"_L1);
+    setTip(cmdreturn, roleIsNotSaved);
 
     auto *roles = new QGroupBox(u"What the computers may do"_s, this);
     auto *roleRow = new QHBoxLayout(roles);
@@ -153,18 +154,7 @@ void frmmc::showAddedBets()
     const QList<AddedBets> &races = m_context.session.addedBets;
     grdadded->setVisible(!races.isEmpty());
     const AddedBetsTable table = addedBetsTable(races);
-    grdadded->setColumnCount(int(table.columns.size()));
-    grdadded->setRowCount(int(table.rows.size()));
-    grdadded->setHorizontalHeaderLabels(table.columns);
-    for (int row = 0; row < int(table.rows.size()); ++row) {
-        const QStringList &cells = table.rows[row];
-        grdadded->setVerticalHeaderItem(row, new QTableWidgetItem(cells.first()));
-        for (int column = 0; column < int(table.columns.size()); ++column) {
-            auto *item = new QTableWidgetItem(cells.value(column + 1));
-            item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            grdadded->setItem(row, column, item);
-        }
-    }
+    fillTable(grdadded, table.columns, table.rows, table.columns.size());
     grdadded->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     grdadded->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     lblnote->setText(table.note);

@@ -23,7 +23,7 @@ BettorSearch::BettorSearch(Typing typing, const QString &resetCaption, const QSt
     txtname->setAccessibleName(u"Bettor name"_s);
     lstentries = new QListWidget(this);
     lstentries->setObjectName(u"lstentries"_s);
-    lstentries->setToolTip(u"Click to select a bettor name"_s);
+    setTip(lstentries, u"Click to select a bettor name"_s);
     lstentries->setAccessibleName(u"Bettor names"_s);
     lstentries->setUniformItemSizes(true);
     cmdreset = makeButton(this, u"cmdreset"_s, resetCaption, resetToolTip);
@@ -72,11 +72,9 @@ void BettorSearch::focusSearch()
 void BettorSearch::search(const QString &typed)
 {
     const QString text = typed.toUpper();
-    if (txtname->text() != text) {
-        const int cursor = txtname->cursorPosition();
+    if (txtname->text() != text)
         txtname->setText(text);
-        txtname->setCursorPosition(cursor);
-    }
+    txtname->end(false);
     const QString key = searchKey(text);
     if (m_typing == Typing::NarrowsList) {
         for (int row = 0; row < lstentries->count(); ++row)

@@ -7,12 +7,14 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
+#include <QListWidget>
 #include <QMap>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -70,12 +72,32 @@ template<typename Widget>
 Widget *named(Widget *widget, const QString &name, const QString &toolTip)
 {
     widget->setObjectName(name);
-    if (!toolTip.isEmpty()) {
-        // Rich text only to wrap long tips; the tip's own characters stay what they are.
-        widget->setToolTip("<span>"_L1 + toolTip.toHtmlEscaped() + "</span>"_L1);
-        widget->setAccessibleDescription(toolTip);
-    }
+    if (!toolTip.isEmpty())
+        setTip(widget, toolTip);
     return widget;
+}
+
+// Lets words that are wider than \a width be broken: a blank of no width after each character.
+QString breakable(const QString &text, const QFontMetrics &metrics, int width)
+{
+    QString result;
+    qsizetype from = 0;
+    while (from < text.size()) {
+        qsizetype to = from;
+        while (to < text.size() && !text[to].isSpace())
+            ++to;
+        const QString word = text.mid(from, to - from);
+        if (metrics.horizontalAdvance(word) > width) {
+            for (const QChar character : word)
+                result += QString(character) + QChar(0x200b);
+        } else {
+            result += word;
+        }
+        if (to < text.size())
+            result += text[to];
+        from = to + 1;
+    }
+    return result;
 }
 
 } // namespace
@@ -83,6 +105,15 @@ Widget *named(Widget *widget, const QString &name, const QString &toolTip)
 QString memberName(const QString &array, int index)
 {
     return array + u'_' + QString::number(index);
+}
+
+void setTip(QWidget *widget, const QString &toolTip)
+{
+    // Rich text only to wrap long tips; the tip's own characters stay what they are.
+    widget->setToolTip(toolTip.isEmpty() ? QString()
+                                         : QString("<span style='white-space: pre-wrap'>"_L1
+                                                   + toolTip.toHtmlEscaped() + "</span>"_L1));
+    widget->setAccessibleDescription(toolTip);
 }
 
 QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
@@ -97,10 +128,7 @@ QPushButton *makeButton(QWidget *parent, const QString &name, const QString &cap
 void standOut(QPushButton *button)
 {
     button->setProperty("standsOut", true);
-    QFont font = button->font();
-    font.setBold(true);
-    font.setPointSizeF(font.pointSizeF() * 1.3);
-    button->setFont(font);
+    enlarge(button, 1.3);
 }
 
 void setCaption(QAbstractButton *button, const QString &caption)
@@ -141,19 +169,107 @@ QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &captio
 QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text, const QString &toolTip,
                   bool wraps)
 {
-    auto *label = named(new QLabel(parent), name, toolTip);
+    auto *label = named(wraps ? new WrappedLabel(parent) : new QLabel(parent), name, toolTip);
     label->setTextFormat(Qt::PlainText);
     label->setText(text);
     label->setWordWrap(wraps);
     return label;
 }
 
-void enlarge(QWidget *widget, double factor)
+QSize WrappedLabel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 20, fontMetrics().height()};
+}
+
+int WrappedLabel::heightForWidth(int width) const
+{
+    const QMargins margins = contentsMargins();
+    const int inside = width - margins.left() - margins.right();
+    const QString shown = breakable(text(), fontMetrics(), inside);
+    const QRect bounds =
+        fontMetrics().boundingRect(QRect(0, 0, inside, QWIDGETSIZE_MAX), Qt::TextWordWrap, shown);
+    return bounds.height() + margins.top() + margins.bottom();
+}
+
+void WrappedLabel::paintEvent(QPaintEvent *event)
+{
+    const QString shown = breakable(text(), fontMetrics(), contentsRect().width());
+    if (shown == text())
+        return QLabel::paintEvent(event);
+    QPainter painter(this);
+    style()->drawItemText(&painter, contentsRect(), int(alignment()) | Qt::TextWordWrap, palette(),
+                          isEnabled(), shown, foregroundRole());
+}
+
+ShortLabel::ShortLabel(QWidget *parent)
+    : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
+QString ShortLabel::shortened() const
+{
+    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+}
+
+bool ShortLabel::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const bool cut = shortened() != text();
+        setTip(this, cut ? text() : QString());
+    }
+    return QLabel::event(event);
+}
+
+void ShortLabel::paintEvent(QPaintEvent *event)
+{
+    const QString shown = shortened();
+    if (shown == text())
+        return QLabel::paintEvent(event);
+    QPainter painter(this);
+    style()->drawItemText(&painter, contentsRect(), int(alignment()), palette(), isEnabled(), shown,
+                          foregroundRole());
+}
+
+ShortLabel *makeShortLabel(QWidget *parent, const QString &name)
+{
+    return named(new ShortLabel(parent), name, {});
+}
+
+void scaleText(QWidget *widget, double factor)
 {
     QFont font = widget->font();
     font.setPointSizeF(font.pointSizeF() * factor);
+    widget->setFont(font);
+}
+
+void enlarge(QWidget *widget, double factor)
+{
+    scaleText(widget, factor);
+    QFont font = widget->font();
     font.setBold(true);
     widget->setFont(font);
+}
+
+QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
+                      const QString &toolTip)
+{
+    auto *list = named(new QListWidget(parent), name, toolTip);
+    list->setAccessibleName(accessibleName);
+    list->setFont(fixedPitchFont());
+    list->setUniformItemSizes(true);
+    return list;
+}
+
+QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
+                     const QString &toolTip, double factor)
+{
+    QLineEdit *field = makeDisplay(parent, name, toolTip);
+    field->setAccessibleName(accessibleName);
+    field->setAlignment(Qt::AlignRight);
+    enlarge(field, factor);
+    return field;
 }
 
 QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,

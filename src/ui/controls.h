@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QList>
 #include <QString>
@@ -9,7 +10,6 @@ class QBoxLayout;
 class QButtonGroup;
 class QCheckBox;
 class QGroupBox;
-class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -18,6 +18,9 @@ class QPushButton;
 
 // Name of a member of a control array: "optrace_3".
 QString memberName(const QString &array, int index);
+
+// The tool tip and what a screen reader says: plain text whose blanks and line breaks stay.
+void setTip(QWidget *widget, const QString &toolTip);
 
 QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
                         const QString &toolTip = {});
@@ -36,6 +39,41 @@ QString captionOf(const QAbstractButton *button);
 
 // Gives every button and option of the screen an Alt letter of its own, in tab order.
 void assignAltLetters(QWidget *screen);
+
+// A label whose text never widens the screen: it goes on in the next line, inside a word where the
+// word is wider than the label.
+class WrappedLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    using QLabel::QLabel;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+// A label of one line whose text never widens the screen: what does not fit is cut with dots, and
+// the tool tip shows the whole.
+class ShortLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit ShortLabel(QWidget *parent);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString shortened() const;
+};
+
+// A label for a text that is not the program's own, such as a name.
+ShortLabel *makeShortLabel(QWidget *parent, const QString &name);
 
 // Plain text; wraps when asked to.
 QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text,
@@ -88,8 +126,19 @@ struct RaceOptions
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
                             const QString &captionPrefix = {});
 
+// Makes the widget's text \a factor times as large.
+void scaleText(QWidget *widget, double factor);
+
 // Makes the widget's text bold and \a factor times as large.
 void enlarge(QWidget *widget, double factor);
+
+// A list of lines in the fixed-pitch font.
+QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
+                      const QString &toolTip = {});
+
+// A display field for a sum, bold and \a factor times as large.
+QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
+                     const QString &toolTip = {}, double factor = 1.2);
 
 // Sets the width of a field to hold \a characters, whatever the font.
 void fitCharacters(QWidget *field, int characters);

@@ -1,6 +1,7 @@
 #include "ui/printing.h"
 
 #include "common/event/session.h"
+#include "ui/progressbox.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
 
@@ -54,7 +55,8 @@ Printed printCopies(QWidget *screen, const ScreenContext &context, const PrintTa
     int printed = 0;
     auto job = SlipPrinter::Job::Printed;
     trapErrors(screen, context.session, task.style, task.label, [&] {
-        for (; printed < copies; ++printed)
+        ProgressBox progress(screen, u"Printing ..."_s);
+        for (; printed < copies && progress.step(printed, copies); ++printed)
             job = context.printer.print(slip);
     });
     QString note = task.done + QString::number(printed);

@@ -75,6 +75,7 @@ private slots:
     void refundWhenTheBackupFails();
     void clearing();
     void leaving();
+    void leavingWithoutSaving();
     void unreadListIsNotSaved();
     void failedSaveKeepsTheScreen();
     void keysInTheList();
@@ -238,6 +239,29 @@ void tst_frmbettorsb::clearing()
         QCOMPARE(event.read(file), QByteArray("1,\"AnyBettor\"\r\n"));
     QCOMPARE(event.saved().size(), 2);
     QCOMPARE(event.read("Saved\\"_L1 + event.saved().front()), before);
+}
+
+// Files that cannot be written keep nobody on the screen.
+void tst_frmbettorsb::leavingWithoutSaving()
+{
+    for (const bool changed : {false, true}) {
+        ListEvent event;
+        BoxRobot robot;
+        event.list();
+        if (changed)
+            event.addNew(robot);
+        QVERIFY(QFile::remove(event.path(u"Bettors"_s)));
+        QVERIFY(QDir().mkdir(event.path(u"Bettors"_s)));
+        if (changed) {
+            robot.expect(u"75 Path/File access error"_s, u"Bettors output"_s);
+            clickButton(event.list(), u"cmdreturn"_s);
+            QCOMPARE(event.shown(), u"frmbettorsb"_s);
+            QVERIFY(event.note().contains(u"leaves without saving"_s));
+        }
+        clickButton(event.list(), u"cmdreturn"_s);
+        QVERIFY(robot.allCame());
+        QCOMPARE(event.shown(), u"frmmenub"_s);
+    }
 }
 
 void tst_frmbettorsb::leaving()

@@ -1,4 +1,3 @@
-#include "betting/parts/betsheet.h"
 #include "common/event/init.h"
 #include "common/files/fileerror.h"
 #include "kit/testkit.h"
@@ -222,8 +221,8 @@ void tst_frmsheetb::limitRefuses()
     event.openSheet();
     event.choose(u"SMITH"_s);
     event.press({u"txtnumber_21"_s, u"txtnumber_42"_s});
-    event.place(Answer::Yes,
-                {u"The race has room for 3 bets. These bets were not placed."_s, u"Place Bets"_s});
+    event.place(Answer::Yes, {u"The race has room for 1 bet more. These bets were not placed."_s,
+                              u"Place Bets"_s});
     QVERIFY(event.boxes.allCame());
     QVERIFY(event.bothBetFilesHold(twoBets));
     QCOMPARE(event.text(u"txttotaltot"_s), u"2"_s);
@@ -235,6 +234,8 @@ void tst_frmsheetb::choosingARace()
     QWidget *sheet = event.openSheet();
     event.choose(u"SMITH"_s);
     event.press({u"txtnumber_23"_s});
+    clickButton(sheet, u"optrace_1"_s); // the race that is shown keeps what was entered for it
+    QVERIFY(!event.text(u"txtnumber_23"_s).isEmpty());
     clickButton(sheet, u"optrace_2"_s);
     QCOMPARE(event.text(u"txtbanner1"_s), u" Race2"_s);
     QCOMPARE(event.text(u"txthorse_1"_s), u"Sea Hero"_s);
@@ -367,12 +368,10 @@ void tst_frmsheetb::oldCard()
 void tst_frmsheetb::networkKind()
 {
     SheetEvent event;
-    BetSheet sheet({event.session, event.navigator(), event.printer}, networkBetSheet(), nullptr);
-    sheet.show();
-    event.sheet = &sheet;
-    QCOMPARE(caption(&sheet, u"cmdclearprior"_s), u"Clear Selected Prior Bets"_s);
-    QVERIFY(child<QWidget>(&sheet, u"cmdpay"_s)->isVisible());
-    QVERIFY(!sheet.findChild<QWidget *>(u"cmdmulti"_s));
+    QWidget *sheet = event.sheet = event.open(u"frmsheetbnw"_s);
+    QCOMPARE(caption(sheet, u"cmdclearprior"_s), u"Clear Selected Prior Bets"_s);
+    QVERIFY(child<QWidget>(sheet, u"cmdpay"_s)->isVisible());
+    QVERIFY(!sheet->findChild<QWidget *>(u"cmdmulti"_s));
     event.choose(u"SMITH"_s);
     event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n3,\"BROWN\"\r\n9,\"LATE\"\r\n");
     event.press({u"txtnumber_21"_s});
@@ -386,9 +385,9 @@ void tst_frmsheetb::networkKind()
     event.place(Answer::Yes, {u"Bettor number 9 is no longer LATE. No bet was placed. Select the "
                               "bettor again."_s,
                               u"Place Bets"_s});
-    QCOMPARE(labelText(&sheet, u"lblselected"_s), u"No bettor selected"_s);
+    QCOMPARE(labelText(sheet, u"lblselected"_s), u"No bettor selected"_s);
     QCOMPARE(event.text(u"txtnumber_21"_s), u"1"_s);
-    clickButton(&sheet, u"cmdclrentries"_s);
+    clickButton(sheet, u"cmdclrentries"_s);
     // Without the shared list nothing is placed.
     event.choose(u"LATE"_s);
     event.press({u"txtnumber_21"_s});

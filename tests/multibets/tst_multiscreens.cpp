@@ -1,6 +1,7 @@
 #include "common/files/fileerror.h"
 #include "multibets/multiraces.h"
 #include "multibets/multislips.h"
+#include "ui/controls.h"
 #include "ui/mainwindow.h"
 #include "ui/slippainter.h"
 
@@ -288,15 +289,23 @@ void tst_multiscreens::amounts()
     QCOMPARE(bet(), u"$.00"_s);
 }
 
-// Arrows move in the grid, Space marks; the Tab key stops once a line.
+// Arrows move in the grid, Space marks and moves nothing; the Tab key stops once a line.
 void tst_multiscreens::keyboard()
 {
     MultibetEvent event;
     QWidget *screen = openForAnn(event);
+    const auto geometries = [screen] {
+        QList<QRect> all;
+        for (const auto *cell : screen->findChildren<ClickCell *>())
+            all << cell->geometry();
+        return all;
+    };
+    const QList<QRect> places = geometries();
     child<QWidget>(screen, cellName(1, 1))->setFocus();
     for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Space})
         QTest::keyClick(screen->focusWidget(), key);
     QVERIFY(isSelected(screen, 2, 3));
+    QCOMPARE(geometries(), places);
     QCOMPARE(tabOrder(screen).filter(u"txtnum_"_s), (QStringList{u"txtnum_0"_s, u"txtnum_21"_s}));
 }
 

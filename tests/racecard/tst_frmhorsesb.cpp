@@ -43,6 +43,7 @@ private slots:
     void missingBettorsEndTheScratch();
     void unreadableCardIsReportedAndKept();
     void cardChangedElsewhere();
+    void unreadableBetsAreANote();
     void editsAreFlagged();
     void messageIsHeldForTheRun();
     void keyboardWalksTheCard();
@@ -296,6 +297,15 @@ void tst_frmhorsesb::cardChangedElsewhere()
     QVERIFY(click(u"cmdupdatehorses"_s));
     QCOMPARE(horses(), race1Shown);
     QVERIFY(update()); // what was written is what is there
+}
+
+void tst_frmhorsesb::unreadableBetsAreANote()
+{
+    QVERIFY(QFile::remove(event->path(u"Bets Race2"_s)));
+    QVERIFY(QDir().mkdir(event->path(u"Bets Race2"_s)));
+    chooseRace(2);
+    QVERIFY(note().contains(u"cannot be read"_s));
+    QVERIFY(robot->allCame());
 }
 
 void tst_frmhorsesb::editsAreFlagged()

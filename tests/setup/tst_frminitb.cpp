@@ -132,8 +132,11 @@ void tst_frminitb::laterStart()
     QCOMPARE(caption(run.screen, u"cmdprint"_s), u"Bet receipts will not print"_s);
     QCOMPARE(caption(run.screen, u"cmdround"_s), u"Round payoff to nearest 1.00"_s);
     QVERIFY(child<QRadioButton>(run.screen, u"optrace_7"_s)->isChecked());
-    clickButton(run.screen, u"optrace_6"_s);
-    QCOMPARE(labelText(run.screen, u"lblnote"_s), u"Last event directory: D:\\Party\\"_s);
+    for (const QString &away : {u"Command1"_s, u"cmdreturn"_s}) {
+        clickButton(run.event.current(), away); // it stays until a directory is chosen or used
+        QCOMPARE(labelText(run.event.current(), u"lblnote"_s),
+                 u"Last event directory: D:\\Party\\"_s);
+    }
     QVERIFY(!run.event.session.settings.mayPrint());
     QCOMPARE(run.event.session.bettors.slotCount(), 50);
 }
@@ -204,6 +207,14 @@ void tst_frminitb::raceIsStoredAtOnce()
     clickButton(screen, u"optrace_4"_s);
     QVERIFY(robot.allCame());
     QCOMPARE(event.session.settings.currentRace, 4);
+
+    // A banner that cannot be stored does not come into force; what was typed stays.
+    robot.expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
+    typeInto(screen, u"txtbanner1"_s, u"Oaks"_s);
+    QTest::keyClick(child<QLineEdit>(screen, u"txtbanner1"_s), Qt::Key_Return);
+    QVERIFY(robot.allCame());
+    QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Kentucky Derby Race4"_s);
+    QCOMPARE(fieldText(screen, u"txtbanner1"_s), u"Oaks"_s);
 }
 
 void tst_frminitb::bannerIsTakenOnEnter()

@@ -3,10 +3,12 @@
 
 #include <QButtonGroup>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSet>
+#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +18,8 @@ class tst_controls : public QObject
 
 private slots:
     void plainCaptions();
+    void tips();
+    void longTexts();
     void altLetters();
     void cellClicks();
     void fieldsHoldTheirText();
@@ -25,13 +29,45 @@ void tst_controls::plainCaptions()
 {
     const QString text = u"WIN & PLACE  <b>"_s;
     QWidget form;
-    const auto *button = makeButton(&form, u"cmdx"_s, text, u"A & <i>B"_s);
+    const auto *button = makeButton(&form, u"cmdx"_s, text);
     QCOMPARE(captionOf(button), text);
     QCOMPARE(button->text(), u"WIN && PLACE  <b>"_s);
-    QCOMPARE(button->toolTip(), u"<span>A &amp; &lt;i&gt;B</span>"_s);
     const auto *label = makeLabel(&form, u"lblx"_s, text);
     QCOMPARE(label->text(), text);
     QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+// Blanks, line breaks and signs of a tip are shown as they are.
+void tst_controls::tips()
+{
+    const QString tip = u"Uses  bet file\nA & <i>B"_s;
+    QWidget form;
+    QTextDocument shown;
+    shown.setHtml(makeButton(&form, u"cmdx"_s, u"X"_s, tip)->toolTip());
+    QCOMPARE(shown.toPlainText(), tip);
+}
+
+// A name of any length leaves the screen as wide as it is.
+void tst_controls::longTexts()
+{
+    const QString name(200, u'W');
+    for (const bool wraps : {true, false}) {
+        QWidget form;
+        QLabel *label = wraps ? makeLabel(&form, u"lblx"_s, {}, {}, true)
+                              : makeShortLabel(&form, u"lblx"_s);
+        auto *layout = new QVBoxLayout(&form);
+        layout->addWidget(label);
+        const int width = form.minimumSizeHint().width();
+        const int height = layout->heightForWidth(width);
+        label->setText(name);
+        QCOMPARE(label->text(), name);
+        QCOMPARE(form.minimumSizeHint().width(), width);
+        QCOMPARE(layout->heightForWidth(width) > height, wraps);
+        form.show();
+        QHelpEvent help(QEvent::ToolTip, {}, {});
+        QCoreApplication::sendEvent(label, &help);
+        QCOMPARE(label->toolTip().contains(name), !wraps);
+    }
 }
 
 void tst_controls::altLetters()

@@ -190,5 +190,5 @@ void tst_quickkeys::everyScreen()
     qInfo("%d presses, %d boxes", int(pressed.size()), boxes);
 }
 
-TRELAWN_TEST_MAIN(tst_quickkeys)
+TRELAWN_TEST(tst_quickkeys)
 #include "tst_quickkeys.moc"

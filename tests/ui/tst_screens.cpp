@@ -1,8 +1,10 @@
+#include "common/event/horses.h"
 #include "kit/testkit.h"
 #include "screens.h"
 #include "ui/mainwindow.h"
 
 #include <QLabel>
+#include <QListWidget>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -15,6 +17,8 @@ class tst_screens : public QObject
 private slots:
     void everyScreen_data();
     void everyScreen();
+    void longNames_data() { everyScreen_data(); }
+    void longNames();
 };
 
 void tst_screens::everyScreen_data()
@@ -53,6 +57,35 @@ void tst_screens::everyScreen()
             QVERIFY2(!field->accessibleName().isEmpty() || !field->toolTip().isEmpty(),
                      qPrintable(field->objectName()));
     }
+}
+
+// Names of any length leave every screen as wide as it is.
+void tst_screens::longNames()
+{
+    const QString name(150, u'W');
+    const auto screenFor = [](TestEvent &event, const QString &text) {
+        HorseTable horses;
+        for (int post = 1; post <= postCount; ++post)
+            horses.post(post) = {post, 0, QString::number(post), text};
+        event.write(u"Horses Race1"_s, horseRecords(horses));
+        event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"" + text.toUtf8() + "\"\r\n");
+        event.session.settings.banner = text;
+        event.session.settings.lastEventDirectory = u"D:\\"_s + text;
+        QWidget *screen = event.open(QString::fromLatin1(QTest::currentDataTag()));
+        for (auto *list : screen->findChildren<QListWidget *>()) {
+            list->setCurrentRow(list->count() - 1);
+            if (list->currentItem() && list->objectName() == "lstentries"_L1)
+                emit list->itemClicked(list->currentItem());
+        }
+        child<QLabel>(screen, u"lblnote"_s)->setText(text);
+        QCoreApplication::processEvents();
+        return screen;
+    };
+    TestEvent plain;
+    BoxRobot robot;
+    const int width = screenFor(plain, u"W"_s)->minimumSizeHint().width();
+    TestEvent event;
+    QCOMPARE(screenFor(event, name)->minimumSizeHint().width(), width);
 }
 
 TRELAWN_TEST(tst_screens)

@@ -105,6 +105,7 @@ void BetSheet::loadRace()
     });
     if (!betsNote.isEmpty())
         note(betsNote);
+    m_races->button(session.settings.currentRace)->setChecked(true);
     txtbanner->setText(session.settings.banner);
     txtbanner1->setText(session.settings.raceName());
     m_grid->setHorses(session.horses);
@@ -123,8 +124,11 @@ void BetSheet::showOdds()
     m_grid->setOdds(winOdds(session.pools, couplings));
 }
 
+// The race that is shown already keeps what was entered for it.
 void BetSheet::chooseRace(int race)
 {
+    if (race == m_context.session.settings.currentRace)
+        return;
     note({});
     m_context.session.settings.currentRace = race;
     trapped([&] { saveInit(m_context.session); });
@@ -204,11 +208,11 @@ void BetSheet::place()
         return;
     if (m_bettor == 0)
         return showMessage(this, u"Must select bettor first."_s, title);
-    const PlacementPlan asked = plan();
+    PlacementPlan asked = plan();
     if (!askYesNo(this, u"Place these bets?"_s, title))
         return;
     note({});
-    if (!bettorHolds() || !cardHolds())
+    if (!bettorHolds() || !cardHolds(asked))
         return;
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, asked); })) {
@@ -218,9 +222,11 @@ void BetSheet::place()
     }
     const QString limit = QString::number(session.settings.betLimit);
     if (placement.raceIsFull) {
-        return showMessage(
-            this, u"The race has room for "_s + limit + u" bets. These bets were not placed."_s,
-            title);
+        return showMessage(this,
+                           u"The race has room for "_s
+                               + betCount(placement.roomLeft)
+                               + u" more. These bets were not placed."_s,
+                           title);
     }
     listPlaced(placement);
     if (placement.plan.stopsAtNegative)
@@ -258,7 +264,7 @@ bool BetSheet::bettorHolds()
 
 // A horse may have been scratched, or another entered, since the sheet was filled: bets go to the
 // card on file, and only when the cashier has seen it.
-bool BetSheet::cardHolds()
+bool BetSheet::cardHolds(PlacementPlan &asked)
 {
     Session &session = m_context.session;
     const HorseTable shown = session.horses;
@@ -278,6 +284,7 @@ bool BetSheet::cardHolds()
     m_grid->setHorses(session.horses);
     showOdds();
     showEntries();
+    asked = plan();
     const QString title = u"Place Bets"_s;
     if (m_entries.total() != 0)
         return askYesNo(this, changes.join(u'\n') + u"\nPlace these bets?"_s, title);

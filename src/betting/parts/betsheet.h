@@ -78,7 +78,7 @@ private:
     PlacementPlan plan() const;
     void place();
     bool bettorHolds();
-    bool cardHolds();
+    bool cardHolds(PlacementPlan &asked);
     void listPlaced(const Placement &placement);
     void finishPlacement(const Placement &placement);
     void stopAtNegative(const PlacementPlan &plan);

@@ -30,13 +30,6 @@ constexpr char16_t instructions[] =
     ">Collect total bet\n"
     ">Click \"Place these Bets\" to enter these bets!";
 
-void shrink(QWidget *widget)
-{
-    QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * 0.8);
-    widget->setFont(font);
-}
-
 } // namespace
 
 const BetSheetKind &localBetSheet()
@@ -92,9 +85,8 @@ QWidget *BetSheet::buildHead()
     const RaceOptions races = makeRaceOptions(head, u"Click to select a race"_s, 6);
     m_races = races.group;
     m_races->button(m_context.session.settings.currentRace)->setChecked(true);
-    lblselected = makeLabel(head, u"lblselected"_s, {}, {}, true);
+    lblselected = makeShortLabel(head, u"lblselected"_s);
     enlarge(lblselected, 2);
-    lblselected->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lbltobeplaced = makeLabel(head, u"lbltobeplaced"_s, {},
                               u"What the bettor pays for the bets of this sheet"_s);
     enlarge(lbltobeplaced, 1.6);
@@ -127,7 +119,7 @@ QWidget *BetSheet::buildBettorColumn()
                           u"Leave this screen to update bettor information"_s, u"frmbettorsb"_s});
     QLabel *lblinstructions =
         makeLabel(column, u"lblinstructions"_s, QString::fromUtf16(instructions), {}, true);
-    shrink(lblinstructions);
+    scaleText(lblinstructions, 0.8);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
@@ -147,7 +139,7 @@ QWidget *BetSheet::buildGridColumn()
                   u"Keys: arrows move, Space bets, 1-6 presets, + and - sign, Ctrl+Enter places, "
                   "Esc finds a bettor"_s,
                   {}, true);
-    shrink(lblkeys);
+    scaleText(lblkeys, 0.8);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);

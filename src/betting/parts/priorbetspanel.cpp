@@ -18,12 +18,11 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
 {
     QLabel *lblprior = makeHeading(this, u"lblprior"_s, u"PRIOR BETS"_s,
                                    u"List of all saved bets for this bettor"_s);
-    lblpriorbettor = makeLabel(this, u"lblpriorbettor"_s, {});
-    lblpriorbettor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblpriorbettor = makeShortLabel(this, u"lblpriorbettor"_s);
     lblpriorbettor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     lstpriorbets = new QListWidget(this);
     lstpriorbets->setObjectName(u"lstpriorbets"_s);
-    lstpriorbets->setToolTip(u"List of all saved bets for this bettor"_s);
+    setTip(lstpriorbets, u"List of all saved bets for this bettor"_s);
     lstpriorbets->setAccessibleName(u"Prior bets"_s);
     lstpriorbets->setSelectionMode(QAbstractItemView::ExtendedSelection);
     lstpriorbets->setUniformItemSizes(true);
@@ -54,9 +53,7 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
 
 void PriorBetsPanel::showBets(const PriorBets &prior)
 {
-    lblpriorbettor->setText(lblpriorbettor->fontMetrics().elidedText(prior.name, Qt::ElideRight,
-                                                                     lblpriorbettor->width()));
-    lblpriorbettor->setAccessibleName(prior.name);
+    lblpriorbettor->setText(prior.name);
     lstpriorbets->clear();
     lstpriorbets->addItems(prior.lines());
     lstpriorbets->scrollToBottom();

@@ -29,6 +29,7 @@ struct Settings
     // For this run only.
     bool started = false;        // the questions of the start were asked and answered
     QString initDrive;           // "C:", "D:" or "E:"; empty until it is known
+    QString lastEventDirectory;  // of the run before, until a directory is chosen or used
     QString receiptFontSize;     // points, empty means 8
     QString operationLabel;      // the file operation in progress, set by labelled()
     QString betsCleared;         // "yes" once Clear ALL Bet Files was done in this run

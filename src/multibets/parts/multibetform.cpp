@@ -16,29 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
-                      const QString &toolTip = {})
-{
-    auto *list = new QListWidget(parent);
-    list->setObjectName(name);
-    list->setAccessibleName(accessibleName);
-    list->setToolTip(toolTip);
-    list->setFont(fixedPitchFont());
-    list->setUniformItemSizes(true);
-    return list;
-}
-
-// A money field that stands out.
-QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
-                     const QString &toolTip = {})
-{
-    QLineEdit *field = makeDisplay(parent, name, toolTip);
-    field->setAccessibleName(accessibleName);
-    field->setAlignment(Qt::AlignRight);
-    enlarge(field, 1.2);
-    return field;
-}
-
 QBoxLayout *labelled(QWidget *parent, const QString &labelName, const QString &text,
                      QWidget *control)
 {
@@ -124,8 +101,8 @@ QWidget *MultibetForm::buildGrid()
     for (int line = 0; line < 3; ++line) {
         auto *boxed = new QCheckBox(u"Box"_s, box);
         boxed->setObjectName(memberName(u"chkbox"_s, line));
-        boxed->setToolTip(u"Bet all possible combinations of this post number and any other boxed "
-                          "post numbers"_s);
+        setTip(boxed, u"Bet all possible combinations of this post number and any other boxed "
+                      "post numbers"_s);
         boxed->setAccessibleName("Box line "_L1 + QString::number(line + 1));
         m_grid->addAtEnd(line, boxed);
         chkbox[std::size_t(line)] = boxed;
@@ -141,9 +118,8 @@ QWidget *MultibetForm::buildBettor()
     auto *box = new QGroupBox(u"Bettor"_s, this);
     m_search = new BettorSearch(BettorSearch::Typing::NarrowsList, u"Reset Bettor list"_s,
                                 u"Reset bettor list to beginning"_s, box);
-    lblbettor = makeHeading(box, u"lblbettor"_s, {});
+    lblbettor = makeShortLabel(box, u"lblbettor"_s);
     enlarge(lblbettor, 1.3);
-    lblbettor->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *layout = new QVBoxLayout(box);
     layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(lblbettor);

@@ -21,25 +21,17 @@ using enum Combination;
 
 namespace {
 
-QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName)
+QListWidget *makeNameList(QWidget *parent, const QString &name, const QString &accessibleName)
 {
     auto *list = new QListWidget(parent);
     list->setObjectName(name);
     list->setAccessibleName(accessibleName);
-    QFont font = list->font();
-    font.setPointSizeF(font.pointSizeF() * 1.15);
-    list->setFont(font);
+    scaleText(list, 1.15);
     // A long name is cut with dots rather than scrolled to.
     list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setMinimumHeight(list->fontMetrics().height() * 6);
     return list;
-}
-
-// A text of the operator's own must not widen the screen.
-void ignoreTextWidth(QLabel *label)
-{
-    label->setSizePolicy(QSizePolicy::Ignored, label->sizePolicy().verticalPolicy());
 }
 
 } // namespace
@@ -103,8 +95,8 @@ void PayForm::makeFields()
     fitCharacters(txtfactor, 5);
     payoffs = new CombinationGrid(1.5, this);
     txtbanner = makeBanner(this, u"txtbanner"_s, {});
-    lsthorses = makeList(this, u"lsthorses"_s, u"Horses of the race"_s);
-    lstwinners = makeList(this, u"lstwinners"_s, u"WINNING BETTORS"_s);
+    lsthorses = makeNameList(this, u"lsthorses"_s, u"Horses of the race"_s);
+    lstwinners = makeNameList(this, u"lstwinners"_s, u"WINNING BETTORS"_s);
     lblnote = makeNoteLine(this);
 }
 
@@ -187,10 +179,10 @@ QWidget *PayForm::buildFinish()
     auto *grid = new QGridLayout;
     QPushButton *const buttons[] = {cmdwinner, cmdplace, cmdshow};
     for (int i = 0; i < finishCount; ++i) {
-        QLabel *label = makeHeading(group, memberName(u"lblfinish"_s, i + 1), {});
+        QLabel *label = makeShortLabel(group, memberName(u"lblfinish"_s, i + 1));
+        enlarge(label, 1);
         label->setWordWrap(true);
         label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(12, u'n')));
-        ignoreTextWidth(label);
         lblfinish[std::size_t(i)] = label;
         grid->addWidget(buttons[i], i, 0);
         grid->addWidget(finishFields()[std::size_t(i)], i, 1);
@@ -223,9 +215,8 @@ QWidget *PayForm::buildPayoffs()
     buttons->addWidget(cmdtrack, 1, 0);
     buttons->addWidget(cmdusing, 1, 1);
 
-    lblpays = makeHeading(group, u"lblpays"_s, {});
+    lblpays = makeShortLabel(group, u"lblpays"_s);
     enlarge(lblpays, 1.15);
-    ignoreTextWidth(lblpays);
     auto *totals = new QGridLayout;
     lbltotals = makeHeading(group, u"lbltotals"_s, {});
     totals->addWidget(lbltotals, 0, 0, 1, 4);

@@ -137,7 +137,7 @@ QGroupBox *HorsesForm::buildBetSheet()
     txtmsg->setObjectName(u"txtmsg"_s);
     const QString tip = u"Message to be printed on the bet sheet - make changes as needed - click "
                         "UPDATE MESSAGE"_s;
-    txtmsg->setToolTip(tip);
+    setTip(txtmsg, tip);
     txtmsg->setAccessibleName(u"Bet sheet message"_s);
     txtmsg->setAccessibleDescription(tip);
     txtmsg->setTabChangesFocus(true);
