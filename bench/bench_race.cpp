@@ -65,10 +65,11 @@ struct FullEvent
             bettors += QByteArray::number(n) + ",\"BETTOR " + QByteArray::number(n * 7919 % 9973)
                        + "\"\r\n";
         replaceRecordFile(mainFile(session, RecordFile::Bettors, 0), bettors);
+        HorseTable horses;
         for (int post = 1; post <= postCount; ++post)
-            session.horses.post(post) = {post, post <= 2 ? 1 : 0, QString::number(post),
-                                         "HORSE "_L1 + QString::number(post)};
-        saveHorses(session);
+            horses.post(post) = {post, post <= 2 ? 1 : 0, QString::number(post),
+                                 "HORSE "_L1 + QString::number(post)};
+        saveHorses(session, horses);
         refill();
     }
 

@@ -89,14 +89,13 @@ float betTotal(const BetTable &bets, int number)
 
 QString takeOutBets(Session &session, int number, float &refund)
 {
-    const QString note = LoadRaceBets(session);
-    // A bet without a bettor does not outlive the rewrite.
-    const auto isOut = [&](const BetRow &row) {
-        return session.bets.isBetOf(row, number) || session.bets.isBetOf(row, 0);
-    };
-    removeBets(session, isOut, [&] {
-        refund = betTotal(session.bets, number);
-        return true;
+    const QString note = LoadRaceBets(session).note;
+    removeBets(session, [&](const BetTable &bets) {
+        refund = betTotal(bets, number);
+        // A bet without a bettor does not outlive the rewrite.
+        return placesWhere(bets, [&](const BetRow &row) {
+            return bets.isBetOf(row, number) || bets.isBetOf(row, 0);
+        });
     });
     return note;
 }
@@ -143,6 +142,7 @@ void clearBettorList(Session &session)
 {
     labelled(session, u"Bettors output"_s, [&] { makeFolder(eventFolder(session)); });
     clearBettors(session, {});
+    session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
 }
 
 QString bettorListNote(const BettorTable &bettors)

@@ -23,8 +23,8 @@ void markBettorDeleted(BettorTable &bettors, const QString &name);
 // The dollars that the bettor has on this race, all posts and types together.
 float betTotal(const BetTable &bets, int number);
 
-// Takes the bettor's bets out of the current race's files and totals the pools again. Returns a
-// note of what was moved to Saved, or an empty text; \a refund is set before a file is changed.
+// Takes the bettor's bets out of the current race's files. Returns a note of what was moved to
+// Saved, or an empty text; \a refund is set before a file is changed.
 QString takeOutBets(Session &session, int number, float &refund);
 
 // The races in which the bettor number has bets, "Race5 $12.00, Race8 $4.00"; empty when it has

@@ -2,7 +2,7 @@
 
 #include "betting/bettorlist.h"
 #include "betting/bettorrefund.h"
-#include "common/event/racefiles.h"
+#include "common/event/eventrecords.h"
 #include "common/event/roles.h"
 #include "common/event/session.h"
 #include "ui/controls.h"
@@ -150,7 +150,7 @@ void frmbettorsb::load()
     Session &session = m_context.session;
     session.bettors = BettorTable(session.settings.bettorLimit);
     m_loaded = trapErrors(this, ErrorStyle::NumberAndDescription,
-                          [&] { loadBettors(session, u"Bettors input"_s); });
+                          [&] { session.bettors = readBettors(session); });
     m_asRead = session.bettors;
     fillList();
 }
@@ -306,7 +306,7 @@ void frmbettorsb::clearAll()
     Session &session = m_context.session;
     if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor clear not permitted in multiple computer mode"_s);
-    if (session.settings.betsCleared != "yes"_L1)
+    if (!session.settings.betsWereCleared())
         return showMessage(this, u"Must clear Bets first"_s, session.settings.operationLabel);
     if (!askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
         return;

@@ -10,7 +10,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr BetType betTypes[] = {BetType::Win, BetType::Place, BetType::Show};
 
 // The rows of the bets, the last ones of several that are equal. As a rule they are the file's last
 // rows; after a failure some may stand further up.
@@ -53,7 +52,7 @@ void BetEntries::add(int post, BetType type, float dollars)
 void BetEntries::removeUnused(const HorseTable &horses)
 {
     for (const Horse &horse : horses) {
-        for (const BetType type : betTypes) {
+        for (const BetType type : allBetTypes) {
             if (isUnused(horse)) {
                 m_amounts[cell(horse.post, type)] = 0;
                 m_entered[cell(horse.post, type)] = false;
@@ -65,7 +64,7 @@ void BetEntries::removeUnused(const HorseTable &horses)
 float BetEntries::rowTotal(int post) const
 {
     float sum = 0;
-    for (const BetType type : betTypes)
+    for (const BetType type : allBetTypes)
         sum += amount(post, type);
     return sum;
 }
@@ -97,7 +96,7 @@ float PlacementPlan::total() const
 PlacementPlan planPlacement(const BetEntries &entries, int bettor, int betsOfBettor, int betLimit)
 {
     PlacementPlan plan;
-    for (const BetType type : betTypes) {
+    for (const BetType type : allBetTypes) {
         for (int post = 1; post <= postCount; ++post) {
             if (type == BetType::Win && betsOfBettor > betLimit) {
                 plan.overBettorLimit = true;
@@ -134,17 +133,17 @@ Placement placeBets(Session &session, const PlacementPlan &plan)
     const QByteArray now =
         appendTwins(session, RecordFile::Bets, session.settings.currentRace, newLines,
                     u"Bets input"_s, u"Bets Append"_s, u"Betsbackup Append"_s);
-    session.bets = parseBets(now.toStdString());
-    session.pools = poolsOf(session.bets);
+    const BetTable bets = parseBets(now.toStdString());
+    placement.pools = poolsOf(bets);
     if (!placement.raceIsFull)
-        placement.rows = lastRowsOf(session.bets, placement.plan.bets);
+        placement.rows = lastRowsOf(bets, placement.plan.bets);
     return placement;
 }
 
 QString entriesNote(const BetEntries &entries)
 {
     std::set<EntryFate> fates;
-    for (const BetType type : betTypes) {
+    for (const BetType type : allBetTypes) {
         for (int post = 1; post <= postCount; ++post) {
             if (const float amount = entries.amount(post, type); amount != 0)
                 fates.insert(fateOf(amount));

@@ -61,11 +61,12 @@ struct Placement
 {
     PlacementPlan plan;
     std::vector<std::size_t> rows; // of the placed bets in the race's bet table
+    PoolTable pools;               // of the race, with the placed bets
     bool raceIsFull = false;       // nothing was written: the race's bet limit leaves no room
     std::size_t roomLeft = 0;      // bets that the race had room for before
 };
 
-// Appends the planned bets to Bets and Betsbackup and loads the race's bets. Throws FileError; then
+// Appends the planned bets to Bets and Betsbackup. Throws FileError; then
 // no bet was placed, unless the error's aftermath is Unsure: bets may be on file, and placing the
 // same plan again places those alone that are not.
 Placement placeBets(Session &session, const PlacementPlan &plan);

@@ -35,8 +35,9 @@ QString savedBetLine(const HorseTable &horses, const Bet &bet);
 // The line of a bet just placed: number on the right of 2 characters, name cut to 15.
 QString placedBetLine(const HorseTable &horses, const Bet &bet);
 
-// Reads the current race's bets and lists those of the bettor. Throws FileError.
-PriorBets loadPriorBets(Session &session, int bettor, const QString &name);
+// The bettor's bets among those of a race.
+PriorBets priorBets(const BetTable &bets, const HorseTable &horses, int bettor,
+                    const QString &name);
 
 // What deleting prior bets came to.
 struct DeletedBets

@@ -1,8 +1,8 @@
 #include "multibets/frmmulti.h"
 
+#include "common/event/bettypes.h"
+#include "common/event/eventrecords.h"
 #include "common/event/init.h"
-#include "common/event/multibettypes.h"
-#include "common/event/racefiles.h"
 #include "common/event/roles.h"
 #include "common/print/format.h"
 #include "multibets/legs.h"
@@ -84,7 +84,7 @@ void frmmulti::fill()
 void frmmulti::loadBettorList()
 {
     trapErrors(this, ErrorStyle::DescriptionOnly, [this] {
-        loadBettors(m_context.session, u"Bettors Input"_s);
+        m_context.session.bettors = readBettors(m_context.session, u"Bettors Input"_s);
         m_search->setBettors(m_context.session.bettors);
     });
 }

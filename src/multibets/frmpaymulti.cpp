@@ -1,7 +1,7 @@
 #include "multibets/frmpaymulti.h"
 
-#include "common/event/multibettypes.h"
-#include "common/event/racefiles.h"
+#include "common/event/bettypes.h"
+#include "common/event/eventrecords.h"
 #include "common/print/format.h"
 #include "multibets/legs.h"
 #include "multibets/multislips.h"
@@ -161,8 +161,9 @@ void frmpaymulti::fill()
 
 void frmpaymulti::entered()
 {
-    trapErrors(this, ErrorStyle::DescriptionOnly,
-               [this] { loadBettors(m_context.session, u"Bettors Input"_s); });
+    trapErrors(this, ErrorStyle::DescriptionOnly, [this] {
+        m_context.session.bettors = readBettors(m_context.session, u"Bettors Input"_s);
+    });
 }
 
 void frmpaymulti::chooseRace(int race)
@@ -212,8 +213,9 @@ void frmpaymulti::findWinners()
     Session &session = m_context.session;
     MultibetSettlement settled;
     const bool read = trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
-        settled = settleMultibets(loadMultibets(session, u"Multibets"_s), session.bettors,
-                                  type->code, winners, session.multibetHousePercent);
+        settled =
+            settleMultibets(readMultibets(session, session.settings.currentRace, u"Multibets"_s),
+                            session.bettors, type->code, winners, session.multibetHousePercent);
     });
     if (!read)
         return;

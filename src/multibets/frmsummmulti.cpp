@@ -1,6 +1,6 @@
 #include "multibets/frmsummmulti.h"
 
-#include "common/event/multibetrecords.h"
+#include "common/event/eventrecords.h"
 #include "multibets/multislips.h"
 #include "multibets/multisummary.h"
 #include "multibets/parts/multibetscreen.h"
@@ -55,8 +55,9 @@ void frmsummmulti::entered()
 {
     Session &session = m_context.session;
     MultibetTable bets;
-    trapErrors(this, ErrorStyle::DescriptionOnly,
-               [&] { bets = loadMultibets(session, u"Multibets"_s); });
+    trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
+        bets = readMultibets(session, session.settings.currentRace, u"Multibets"_s);
+    });
     lstsumm->addItems(multibetSummary(bets, session.settings.banner, session.settings.raceName()));
 }
 

@@ -1,7 +1,6 @@
 #include "multibets/legs.h"
 
-#include "common/event/eventfiles.h"
-#include "common/event/racefiles.h"
+#include "common/event/eventrecords.h"
 #include "common/files/fileerror.h"
 
 using namespace Qt::StringLiterals;
@@ -20,8 +19,7 @@ void addPosts(std::set<int> &posts, const HorseTable &horses)
 HorseTable laterHorses(Session &session, int race, QStringList &notes)
 {
     try {
-        const HorseFile file =
-            parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
+        const HorseFile file = readHorses(session, race);
         if (!file.damage().isEmpty())
             notes += raceName(race).trimmed() + ": "_L1 + file.damage();
         return file.horses;
@@ -35,7 +33,9 @@ HorseTable laterHorses(Session &session, int race, QStringList &notes)
 
 MultibetLegs loadLegs(Session &session, const MultibetType *type)
 {
-    QStringList notes{loadHorses(session, u"Horses input"_s)};
+    const HorseFile card = readHorses(session, session.settings.currentRace);
+    const HorseTable &horses = card.horses;
+    QStringList notes{card.damage()};
     const int lines = type ? type->lines : 2;
     const int firstRace = session.settings.currentRace;
     MultibetLegs legs;
@@ -44,9 +44,9 @@ MultibetLegs loadLegs(Session &session, const MultibetType *type)
     for (int line = 0; line < lines; ++line) {
         const auto at = std::size_t(line);
         const int race = type && type->races ? firstRace + line : firstRace;
-        addPosts(legs.posts[at], session.horses);
+        addPosts(legs.posts[at], horses);
         if (race == firstRace) {
-            legs.horses[at] = session.horses;
+            legs.horses[at] = horses;
         } else if (race <= raceCount) {
             legs.horses[at] = laterHorses(session, race, notes);
             addPosts(legs.posts[at], legs.horses[at]);

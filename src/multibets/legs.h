@@ -1,7 +1,7 @@
 #pragma once
 
+#include "common/event/bettypes.h"
 #include "common/event/horses.h"
-#include "common/event/multibettypes.h"
 #include "common/event/session.h"
 
 #include <QString>
@@ -21,6 +21,5 @@ struct MultibetLegs
 
 // The lines of a bet type for the current race (label "Horses input"), or lines 1 and 2 while no
 // type is chosen. Where each line is a race of its own, the posts of the current race stay on the
-// further lines and those of the race that the line names are added. The session's horses become
-// those of the current race.
+// further lines and those of the race that the line names are added.
 MultibetLegs loadLegs(Session &session, const MultibetType *type);

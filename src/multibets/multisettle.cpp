@@ -11,24 +11,6 @@ namespace {
 
 constexpr char dollars[] = "$#,##0.00";
 
-// The names by bettor number; the first bettor with a number has it.
-QHash<int, QString> namesOf(const BettorTable &bettors)
-{
-    QHash<int, QString> names;
-    names.reserve(bettors.slotCount());
-    for (int slot = 1; slot <= bettors.slotCount(); ++slot) {
-        const Bettor &bettor = bettors.slot(slot);
-        if (bettor.isBettor() && !names.contains(bettor.number))
-            names.insert(bettor.number, bettor.name);
-    }
-    return names;
-}
-
-QString badBettor(int number)
-{
-    return QString::number(number) + u" Bad Bettor Number"_s;
-}
-
 QString payLine(const QString &name, double amount)
 {
     return name + u' ' + formatMoney(amount, dollars);
@@ -37,16 +19,15 @@ QString payLine(const QString &name, double amount)
 QStringList winnerLines(const QList<Multibet> &winning, const BettorTable &bettors,
                         double payPerDollar)
 {
-    const QHash<int, QString> names = namesOf(bettors);
+    const BettorNames names(bettors);
     QHash<double, QString> payouts; // by stake: a race has few different ones
     QStringList lines;
     lines.reserve(winning.size());
     for (const Multibet &bet : winning) {
-        const auto name = names.constFind(bet.bettor);
         QString &payout = payouts[bet.amount];
         if (payout.isEmpty())
             payout = u' ' + formatMoney(bet.amount * payPerDollar, dollars);
-        lines.append((name == names.cend() ? badBettor(bet.bettor) : *name) + payout);
+        lines.append(names.listed(bet.bettor) + payout);
     }
     return lines;
 }
@@ -63,7 +44,7 @@ QStringList refundLines(QMap<int, double> stakes, const BettorTable &bettors)
     // What is left was bet under numbers that are no longer in the list.
     for (auto stake = stakes.cbegin(); stake != stakes.cend(); ++stake) {
         if (*stake != 0)
-            lines.append(payLine(badBettor(stake.key()), *stake));
+            lines.append(payLine(badBettorNumber(QString::number(stake.key())), *stake));
     }
     return lines;
 }

@@ -1,6 +1,6 @@
 #include "multibets/multislips.h"
 
-#include "common/event/multibettypes.h"
+#include "common/event/bettypes.h"
 #include "common/print/format.h"
 
 #include <utility>
@@ -87,7 +87,7 @@ Slip multibetWinnersSlip(const QString &banner, const MultibetResult &result)
 {
     const MultibetType *type = multibetType(result.type);
     Slip slip{sansSerif.toString(), 8, false, {}, 0};
-    slip.addLine(banner + u' ' + (type ? type->printedName : QString()) + u' '
+    slip.addLine(banner + u' ' + (type ? type->name.toUpper() : QString()) + u' '
                  + u" List of Winners/Refunds"_s);
     slip.addLine(QString());
     for (const QString &line : result.lines) {

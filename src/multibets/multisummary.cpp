@@ -1,6 +1,6 @@
 #include "multibets/multisummary.h"
 
-#include "common/event/multibettypes.h"
+#include "common/event/bettypes.h"
 #include "common/print/format.h"
 
 #include <QHash>

@@ -1,6 +1,7 @@
 #include "payoff/frmpaywinnersb.h"
 
-#include "common/event/racefiles.h"
+#include "common/event/bettypes.h"
+#include "common/event/eventrecords.h"
 #include "common/print/format.h"
 #include "payoff/parts/combinationgrid.h"
 #include "payoff/settlerace.h"
@@ -110,8 +111,11 @@ void frmpaywinnersb::showRace()
     lblnote->clear();
 
     session.horses = {};
-    trapErrors(this, ErrorStyle::DescriptionOnly,
-               [&] { lblnote->setText(loadHorses(session, u"Horses input"_s)); });
+    trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
+        const HorseFile card = readHorses(session, session.settings.currentRace);
+        session.horses = card.horses;
+        lblnote->setText(card.damage());
+    });
     for (const Horse &horse : session.horses) {
         if (isUnused(horse))
             continue;
@@ -131,7 +135,8 @@ void frmpaywinnersb::clearCalculation()
         field->clear();
     lblowed->clear();
     lblpays->setText(u"$2 bet pays"_s);
-    setTotalCaptions(u"POOLS"_s, {u"Win"_s, u"Place"_s, u"Show"_s, u"Total"_s});
+    setTotalCaptions(u"POOLS"_s, {betTypeWord(BetType::Win), betTypeWord(BetType::Place),
+                                  betTypeWord(BetType::Show), u"Total"_s});
     guidance->setCurrentIndex(0);
     cmdusing->setVisible(m_track.has_value());
 }
@@ -212,12 +217,13 @@ void frmpaywinnersb::settleAndShow(const RaceResult &result)
     Session &session = m_context.session;
     if (!mayStartOver(session.settings.currentRace))
         return;
-    Settlement settlement;
+    SettledRace settled;
     if (!trapErrors(this, ErrorStyle::DescriptionOnly,
-                    [&] { settlement = settleCurrentRace(session, result); }))
+                    [&] { settled = settleCurrentRace(session, result); }))
         return;
+    const Settlement &settlement = settled.settlement;
     m_result = result;
-    m_settledBets = session.bets;
+    m_settledBets = std::move(settled.bets);
     const RacePayoffs calculated = session.payoffs;
     clearCalculation();
     session.payoffs = calculated;
@@ -253,8 +259,9 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
 void frmpaywinnersb::listWinners(const Settlement &settlement)
 {
     const Session &session = m_context.session;
+    const BettorNames names(session.bettors);
     for (const WinningBettor &winner : settlement.winners) {
-        auto *item = new QListWidgetItem(winnerName(session.bettors, winner.number), lstwinners);
+        auto *item = new QListWidgetItem(names.listed(winner.number), lstwinners);
         item->setData(Qt::UserRole, lstwinners->count() - 1);
     }
     m_ledger.start(session.payoffs.race, settlement.winners, session.payoffs.perDollar,

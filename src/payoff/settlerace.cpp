@@ -1,9 +1,8 @@
 #include "payoff/settlerace.h"
 
 #include "common/event/eventfiles.h"
-#include "common/event/racefiles.h"
+#include "common/event/eventrecords.h"
 #include "common/files/fileerror.h"
-#include "common/files/recordfile.h"
 #include "common/print/format.h"
 
 #include <algorithm>
@@ -12,17 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-BetTable readBets(Session &session)
+BetTable readBetsToSettle(Session &session)
 {
-    try {
-        const int race = session.settings.currentRace;
-        return parseBets(
-            readMainFile(session, RecordFile::Bets, race, u"Bets input"_s).toStdString());
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
+    const auto bytes = readMainFileIfThere(session, RecordFile::Bets, session.settings.currentRace,
+                                           u"Bets input"_s);
+    if (!bytes)
         throw FileError(ErrorNumber::FileNotFound, u"Bet file empty"_s);
-    }
+    return parseBets(bytes->toStdString());
 }
 
 } // namespace
@@ -33,29 +28,27 @@ int firstUnusedPost(const HorseTable &horses)
     return found == horses.end() ? 0 : found->post;
 }
 
-Settlement settleCurrentRace(Session &session, RaceResult result)
+SettledRace settleCurrentRace(Session &session, RaceResult result)
 {
-    loadBettors(session, u"Bets input"_s);
-    BetTable bets = readBets(session);
+    session.bettors = readBettors(session, u"Bets input"_s);
+    BetTable bets = readBetsToSettle(session);
     for (int post = 1; post <= postCount; ++post)
         result.coupling[std::size_t(post)] = session.horses.couplingOf(post);
     result.bettorCount = session.bettors.highestNumber();
 
     Settlement settlement = settle(bets, result);
-    session.bets = std::move(bets);
-    session.pools = settlement.pools;
     session.payoffs = {};
     if (settlement.hasWinners) {
         session.payoffs = {
             session.settings.currentRace, result.finishers, settlement.payoffs,
             settlement.beforeHouse,       result.is532,     result.trackPayoffs.has_value()};
     }
-    return settlement;
+    return {std::move(bets), std::move(settlement)};
 }
 
 QString betsSinceSettled(Session &session, const BetTable &settled, BetTable &found)
 {
-    found = readBets(session);
+    found = readBetsToSettle(session);
     if (found.bytes == settled.bytes)
         return {};
     if (found.rows.size() <= settled.rows.size() || !found.bytes.starts_with(settled.bytes))

@@ -7,12 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString winnerName(const BettorTable &bettors, int number)
-{
-    const QString name = bettors.nameOf(number);
-    return name.isNull() ? QString(QString::number(number) + u" Bad Bettor Number"_s) : name;
-}
-
 void WinnerLedger::start(int race, std::vector<WinningBettor> winners,
                          const CombinationAmounts &payoffs, int roundingIndex)
 {
@@ -49,10 +43,11 @@ void WinnerLedger::closeRace(const BettorTable &bettors)
 QString WinnerLedger::unpaidNote(const BettorTable &bettors) const
 {
     constexpr int named = 3;
+    const BettorNames bettorNames(bettors);
     QStringList names;
     for (std::size_t i = 0; i < m_winners.size() && names.size() < named; ++i) {
         if (!m_isPaid[i])
-            names.append(winnerName(bettors, m_winners[i].number));
+            names.append(bettorNames.listed(m_winners[i].number));
     }
     if (names.isEmpty())
         return {};

@@ -7,9 +7,6 @@
 #include <QMap>
 #include <QStringList>
 
-// The name that a winner is listed under: the bettor's, or the number and " Bad Bettor Number".
-QString winnerName(const BettorTable &bettors, int number);
-
 // What a visit to the pay-winners screen keeps: the winners of the race being paid, who of them was
 // paid and how much, and, of races paid before, the slips and who was left unpaid. Totals are in
 // dollars and exact however many winners there are.

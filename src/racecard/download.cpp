@@ -3,7 +3,6 @@
 #include "common/event/filebatch.h"
 #include "common/event/init.h"
 #include "common/event/labelled.h"
-#include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 
 #include <QFileInfo>
@@ -42,14 +41,13 @@ QString downloadAddress(Session &session)
                    session.paths.toHost(defaultEventDirectory(session.settings) + u"Download"_s))
             .value_or(QByteArray());
     });
-    std::string_view rest = view(bytes);
-    std::string_view line;
+    QString address;
     std::vector<RecordField> fields;
-    while (nextRecordLine(rest, line)) {
-        if (!isBlankLine(line) && splitRecord(line, fields) && !fields[0].text.empty())
-            return fieldText(fields[0]).trimmed();
-    }
-    return QStringLiteral(TRELAWN_DOWNLOAD_URL);
+    forEachRecord(view(bytes), [&](std::string_view line) {
+        if (address.isEmpty() && splitRecord(line, fields))
+            address = fieldText(fields[0]).trimmed();
+    });
+    return address.isEmpty() ? QStringLiteral(TRELAWN_DOWNLOAD_URL) : address;
 }
 
 PublishedCard readDownload(const QByteArray &text)

@@ -1,6 +1,7 @@
 #include "racecard/frmhorsesb.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/eventrecords.h"
 #include "common/event/labelled.h"
 #include "common/event/racefiles.h"
 #include "common/event/session.h"
@@ -59,17 +60,16 @@ void frmhorsesb::load()
     txtbanner->setText(session.settings.bannerAndRace());
     if (QAbstractButton *option = optrace->button(session.settings.currentRace))
         option->setChecked(true);
-    session.horses = HorseTable();
-    session.bets = BetTable();
-    session.pools = PoolTable();
+    m_pools = PoolTable();
     m_poolsEmptied = false;
     m_loaded = HorseTable();
     m_saved = CardRows();
     showRows(m_saved);
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-        const QString damage = loadHorses(session, u"Horses input"_s);
-        m_loaded = session.horses;
-        m_saved = rowsOf(session.horses);
+        const HorseFile card = readHorses(session, session.settings.currentRace);
+        const QString damage = card.damage();
+        m_loaded = card.horses;
+        m_saved = rowsOf(card.horses);
         showRows(m_saved);
         if (!damage.isEmpty())
             lblnote->setText(damage + " The other posts are shown empty."_L1);
@@ -82,7 +82,9 @@ void frmhorsesb::readBets()
 {
     QString note;
     try {
-        note = LoadRaceBets(m_context.session);
+        const RaceBets race = LoadRaceBets(m_context.session);
+        m_pools = race.pools;
+        note = race.note;
     } catch (const FileError &error) {
         note = "The bets of this race cannot be read: "_L1 + error.description();
     }
@@ -112,7 +114,7 @@ void frmhorsesb::edited(const QLineEdit *box, int post)
         }
     }
     showUnsaved();
-    lblnote->setText(betsNote(m_context.session.pools, post));
+    lblnote->setText(betsNote(m_pools, post));
 }
 
 void frmhorsesb::updateHorses()
@@ -128,10 +130,12 @@ void frmhorsesb::updateHorses()
 void frmhorsesb::clearHorses()
 {
     Session &session = m_context.session;
-    if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
-                    [&] { lblnote->setText(LoadRaceBets(session)); }))
+    RaceBets race;
+    if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { race = LoadRaceBets(session); }))
         return;
-    if (!session.bets.rows.empty()) {
+    m_pools = race.pools;
+    lblnote->setText(race.note);
+    if (!race.bets.rows.empty()) {
         showMessage(this, u"Must clear all bets first"_s, u"Clear horses"_s);
         return;
     }
@@ -142,9 +146,8 @@ void frmhorsesb::clearHorses()
         row.pool.clear();
     showRows(empty);
     trapErrors(this, session, ErrorStyle::DescriptionAndLabel, u"Horses output"_s, [&] {
-        session.horses = HorseTable();
-        saveHorses(session);
-        m_loaded = session.horses;
+        m_loaded = HorseTable();
+        saveHorses(session, m_loaded);
         m_saved = empty;
         m_poolsEmptied = true;
         showUnsaved();
@@ -180,7 +183,7 @@ bool frmhorsesb::mayReplaceCard()
     Session &session = m_context.session;
     HorseFile now;
     if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
-                    [&] { now = readHorsesIfThere(session, u"Horses input"_s); }))
+                    [&] { now = readHorsesIfThere(session, session.settings.currentRace); }))
         return false;
     QStringList reasons = cardChanges(m_loaded, now.horses);
     if (!reasons.isEmpty())
@@ -203,14 +206,15 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
     Session &session = m_context.session;
     QStringList notes;
     if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-            const Slip refunds = scratchRefunds(session, post, name);
-            const std::size_t listed = session.bets.rows.size();
+            const Scratch scratch = prepareScratch(session, post, name);
             const PrintTask task{u"Print Refunds"_s, ErrorStyle::DescriptionAndLabel};
-            const Printed list = printOrList(this, m_context, task, refunds, u"The refund list"_s);
+            const Printed list =
+                printOrList(this, m_context, task, scratch.refunds, u"The refund list"_s);
             if (!list.note.isEmpty())
                 notes.append(list.note);
-            removeBetsOn(session, post, listed);
-            if (const QString later = betsNote(session.pools, post); !later.isEmpty())
+            removeScratchedBets(session, scratch);
+            m_pools = LoadRaceBets(session).pools;
+            if (const QString later = betsNote(m_pools, post); !later.isEmpty())
                 notes.append(later + " that came meanwhile and are not refunded."_L1);
         }))
         return notes.join(u' ');
@@ -318,10 +322,10 @@ bool frmhorsesb::poolsAreValid()
 void frmhorsesb::save()
 {
     Session &session = m_context.session;
-    session.horses = horsesOf(rows());
-    saveHorses(session);
-    m_loaded = session.horses;
-    m_saved = rowsOf(session.horses);
+    const HorseTable horses = horsesOf(rows());
+    saveHorses(session, horses);
+    m_loaded = horses;
+    m_saved = rowsOf(horses);
     m_poolsEmptied = false;
     showRows(m_saved);
 }

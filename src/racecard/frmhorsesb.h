@@ -40,6 +40,7 @@ private:
     QString unsavedNote() const;
 
     ScreenContext m_context;
+    PoolTable m_pools;           // of the race as last read
     HorseTable m_loaded;         // the card as it was last read or written here
     CardRows m_saved;            // the rows as the files hold them
     bool m_poolsEmptied = false; // CLEAR HORSES emptied the pool boxes; nothing was typed since

@@ -42,20 +42,17 @@ QList<QStringList> linesOf(const QByteArray &file, int &damagedLines)
     const qsizetype last = file.lastIndexOf('"');
     if (last <= first)
         return lines;
-    std::string_view rest = view(file).substr(size_t(first + 1), size_t(last - first - 1));
-    std::string_view line;
+    const auto entries = view(file).substr(size_t(first + 1), size_t(last - first - 1));
     std::vector<RecordField> fields;
-    while (nextRecordLine(rest, line)) {
-        if (isBlankLine(line))
-            continue;
+    forEachRecord(entries, [&](std::string_view line) {
         if (!splitRecord(line, fields)) {
             ++damagedLines;
-            continue;
+            return;
         }
         lines.append(QStringList());
         for (const RecordField &field : fields)
             lines.last().append(fieldText(field));
-    }
+    });
     return lines;
 }
 

@@ -1,9 +1,9 @@
 #include "racecard/scratch.h"
 
+#include "common/event/bettypes.h"
 #include "common/event/eventfiles.h"
-#include "common/event/labelled.h"
+#include "common/event/eventrecords.h"
 #include "common/event/multibetrecords.h"
-#include "common/event/multibettypes.h"
 #include "common/event/racefiles.h"
 #include "common/print/format.h"
 #include "common/print/refundlist.h"
@@ -55,21 +55,23 @@ ScratchAnswer scratchAnswer(const QString &answer)
     return {int(value), true};
 }
 
-Slip scratchRefunds(Session &session, int post, const QString &horseName)
+Scratch prepareScratch(Session &session, int post, const QString &horseName)
 {
-    loadBettors(session, u"Bettors input"_s);
-    LoadRaceBets(session);
+    const BettorTable bettors = readBettors(session);
+    const BetTable bets = LoadRaceBets(session).bets;
     RefundList list;
     list.titles = {"REFUND BETS ON "_L1 + horseName};
     list.heading = bettorRefundHeading();
-    list.refunds = bettorRefunds(totalsByBettor(session.bets, isOn(post)), session.bettors);
-    return refundSlip(list);
+    list.refunds = bettorRefunds(totalsByBettor(bets, isOn(post)), bettors);
+    return {post, refundSlip(list), bets.rows.size()};
 }
 
-void removeBetsOn(Session &session, int post, std::size_t listed)
+void removeScratchedBets(Session &session, const Scratch &scratch)
 {
-    removeBets(session, [&](const BetRow &row) {
-        return isOn(post)(row) && std::size_t(&row - session.bets.rows.data()) < listed;
+    removeBets(session, [&](const BetTable &bets) {
+        auto places = placesWhere(bets, isOn(scratch.post));
+        places.erase(places.lower_bound(scratch.listed), places.end());
+        return places;
     });
 }
 
@@ -85,13 +87,12 @@ QString betsNote(const PoolTable &pools, int post)
 MultibetCount multibetsOn(Session &session, int post)
 {
     MultibetCount count;
-    labelled(session, u"Multibets Input"_s, [&] {
-        const int race = session.settings.currentRace;
-        for (int racesLater = 0; racesLater < 3 && racesLater < race; ++racesLater) {
-            const QByteArray bets = readMainOrNothing(session, RecordFile::Multibets,
-                                                      race - racesLater, u"Multibets Input"_s);
-            countMultibets(parseMultibets(bets.toStdString()), racesLater, post, count);
-        }
-    });
+    const int race = session.settings.currentRace;
+    for (int racesLater = 0; racesLater < 3 && racesLater < race; ++racesLater) {
+        const auto bytes = readMainFileIfThere(session, RecordFile::Multibets, race - racesLater,
+                                               u"Multibets Input"_s);
+        if (bytes)
+            countMultibets(parseMultibets(bytes->toStdString()), racesLater, post, count);
+    }
     return count;
 }

@@ -14,12 +14,20 @@ struct ScratchAnswer
 };
 ScratchAnswer scratchAnswer(const QString &answer);
 
-// Reads the bettors and the current race's bets and composes the list of refunds for the post.
-Slip scratchRefunds(Session &session, int post, const QString &horseName);
+// A scratch before it is carried out.
+struct Scratch
+{
+    int post = 0;
+    Slip refunds;           // the list of what every bettor gets back
+    std::size_t listed = 0; // records of the bet file when the list was made
+};
 
-// Takes the bets on the post among the first \a listed records out of the current race's bet files
-// and reloads the bets: what another computer adds after the list of refunds was made stays.
-void removeBetsOn(Session &session, int post, std::size_t listed);
+// Reads the bettors and the current race's bets and composes the list of refunds for the post.
+Scratch prepareScratch(Session &session, int post, const QString &horseName);
+
+// Takes the bets that the list of refunds names out of the current race's bet files: what another
+// computer added after the list was made stays.
+void removeScratchedBets(Session &session, const Scratch &scratch);
 
 // "Post 3 has bets of $12.00", or an empty text when the loaded pools hold no money on the post.
 QString betsNote(const PoolTable &pools, int post);

@@ -95,19 +95,6 @@ const ListingKind &kindOf(Listing listing)
     return *std::ranges::find(kinds, listing, &ListingKind::listing);
 }
 
-// Each record line of a file with its number, from 1.
-template<typename Use>
-void forEachRecord(const QByteArray &bytes, const Use &use)
-{
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    int number = 0;
-    while (nextRecordLine(rest, line)) {
-        if (!isBlankLine(line))
-            use(++number, line);
-    }
-}
-
 QByteArray readAs(Session &session, const QString &label, RecordFile file, int race,
                   RecordList &list, bool backup = false)
 {
@@ -148,8 +135,8 @@ void readRows(Session &session, const ListingKind &kind, RecordList &list)
 {
     RecordLookup lookup = readLookup(session, kind, list);
     const QByteArray bytes = readAs(session, kind.label, kind.file, list.race, list, kind.backup);
-    forEachRecord(bytes, [&](int number, std::string_view line) {
-        list.rows.append(kind.makeRow(number, line, lookup));
+    forEachRecord(view(bytes), [&](std::string_view line) {
+        list.rows.append(kind.makeRow(int(list.rows.size()) + 1, line, lookup));
     });
     if (kind.file == RecordFile::Horses)
         list.damage = parseHorses(bytes).damage();
@@ -196,23 +183,20 @@ RecordList listRecords(Session &session, Listing listing, int race)
 bool removeRecord(Session &session, const RecordList &list, const RecordRow &row)
 {
     const ListingKind &kind = kindOf(list.listing);
-    const int removed = row.cells.first().toInt();
-    bool found = false;
-    const auto withoutRecord = [&](const QByteArray &bytes) {
-        QByteArray kept;
-        found = false;
-        forEachRecord(bytes, [&](int number, std::string_view line) {
-            if (number == removed && line == view(row.line))
-                found = true;
-            else
-                kept.append(line.data(), qsizetype(line.size())).append(recordEnd);
+    const auto removed = std::size_t(row.cells.first().toInt() - 1);
+    const auto withoutRecord = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
+        std::size_t place = 0;
+        bool found = false;
+        forEachRecord(view(bytes), [&](std::string_view line) {
+            found |= place++ == removed && line == view(row.line);
         });
-        return found ? kept : bytes;
+        if (!found)
+            return {};
+        return QByteArray::fromStdString(recordsWithout(view(bytes), {removed}));
     };
     const QString base = recordFileName(kind.file);
-    changeTwins(session, kind.file, list.race, withoutRecord, kind.label, base + " Output"_L1,
-                base + "backup Output"_L1);
-    return found;
+    return changeTwins(session, kind.file, list.race, withoutRecord, kind.label,
+                       base + " Output"_L1, base + "backup Output"_L1);
 }
 
 Slip recordListSlip(const RecordList &list, const QList<QStringList> &rows)

@@ -2,6 +2,7 @@
 
 #include "common/event/betrecords.h"
 #include "common/event/bettors.h"
+#include "common/event/bettypes.h"
 #include "common/event/multibetrecords.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
@@ -22,7 +23,6 @@ constexpr float mostAmount = 1000;
 const QString badHorse = u" Bad Horse Number"_s;
 const QString badAmount = u" Bad Bet Amount"_s;
 const QString nullBettor = u" Null Bettor Number"_s;
-const QString badBettor = u" Bad Bettor Number"_s;
 
 // The fields of a line, whatever it holds; those of a torn one count as missing, so that every
 // column tells what it lacks.
@@ -104,7 +104,7 @@ void addBettor(RowMaker &row, std::optional<double> number, const QString &text,
     const auto whole = wholeNumber(number);
     const auto name = whole ? names.constFind(*whole) : names.constEnd();
     row.checked(name != names.constEnd(), name != names.constEnd() ? *name : QString(),
-                shown + badBettor);
+                badBettorNumber(shown));
 }
 
 void addAmount(RowMaker &row, std::optional<double> amount)
@@ -119,28 +119,9 @@ bool runs(const HorseTable &horses, int post)
     return post >= 1 && post <= postCount && !isUnused(horses.post(post));
 }
 
-struct MultibetName
-{
-    QString code;
-    QString name;
-    std::size_t lines;
-    bool races; // each line is a race of its own
-};
-
-const MultibetName *multibetName(const QString &code)
-{
-    static const MultibetName names[] = {{u"EX"_s, u" Exacta"_s, 2, false},
-                                         {u"Q"_s, u" Quinela"_s, 2, false},
-                                         {u"T"_s, u" Trifecta"_s, 3, false},
-                                         {u"DD"_s, u" Daily Double"_s, 2, true},
-                                         {u"P3"_s, u" Pick 3"_s, 3, true}};
-    const auto *found = std::ranges::find(names, code, &MultibetName::code);
-    return found == std::end(names) ? nullptr : found;
-}
-
 // The program number of the horse on a line of a multibet, or nothing when none runs there. Posts
 // of the race itself are offered on every line, so they pass on every line.
-std::optional<QString> multibetHorse(const RecordLookup &lookup, const MultibetName &type,
+std::optional<QString> multibetHorse(const RecordLookup &lookup, const MultibetType &type,
                                      std::size_t line, int post)
 {
     const std::size_t leg = type.races ? line : 0;
@@ -155,7 +136,6 @@ std::optional<QString> multibetHorse(const RecordLookup &lookup, const MultibetN
 
 RecordRow betRow(int number, std::string_view line, RecordLookup &lookup)
 {
-    static const QString positions[] = {u" Win  "_s, u" Place"_s, u" Show "_s};
     const Record record(line);
     Bet bet;
     const bool isRead = parseBet(line, bet);
@@ -171,9 +151,8 @@ RecordRow betRow(int number, std::string_view line, RecordLookup &lookup)
     row.value(knownHorse ? lookup.horses[0].post(*post).number : record.text(1));
     row.checked(knownHorse, knownHorse ? lookup.horses[0].post(*post).name : QString(), badHorse);
     const auto type = wholeNumber(value(2));
-    const bool knownType = type && *type >= 1 && *type <= 3;
-    row.checked(knownType, knownType ? positions[*type - 1] : QString(),
-                u" Bad Bet Type - Not 1,2, or 3"_s);
+    const QString word = type ? betTypeWord(float(*type)) : QString();
+    row.checked(!word.isNull(), u' ' + leftColumn(word, 5), u" Bad Bet Type - Not 1,2, or 3"_s);
     addAmount(row, value(3));
     return row.row(line, badAmount);
 }
@@ -184,11 +163,11 @@ RecordRow multibetRow(int number, std::string_view line, RecordLookup &lookup)
     Multibet bet;
     RowMaker row(number, parseMultibet(line, bet));
     addBettor(row, record.number(5), record.text(5), lookup.bettors);
-    const MultibetName *type = multibetName(record.text(3));
-    row.checked(type, type ? type->name : QString(), u" Bad Bet Type"_s);
+    const MultibetType *type = multibetType(record.text(3));
+    row.checked(type, type ? QString(u' ' + type->name) : QString(), u" Bad Bet Type"_s);
     QStringList horses;
     bool allRun = wholeNumber(record.number(2)).value_or(-1) >= 0; // the third post may be 0
-    for (std::size_t i = 0; i < (type ? type->lines : 2); ++i) {
+    for (std::size_t i = 0; i < std::size_t(type ? type->lines : 2); ++i) {
         const auto post = wholeNumber(record.number(i));
         const auto horse = post && type ? multibetHorse(lookup, *type, i, *post) : std::nullopt;
         allRun = allRun && horse;
@@ -210,9 +189,10 @@ RecordRow bettorRow(int number, std::string_view line, RecordLookup &lookup)
         lookup.bettors.insert(bettor.number, bettor.name);
     const QString shown = isRead ? QString::number(bettor.number) : record.text(0);
     RowMaker row(number, isRead);
-    row.checked(isFirst, shown, record.number(0).value_or(0) > 0 ? shown + badBettor : nullBettor);
+    row.checked(isFirst, shown,
+                record.number(0).value_or(0) > 0 ? badBettorNumber(shown) : nullBettor);
     row.value(record.text(1));
-    return row.row(line, badBettor);
+    return row.row(line, badBettorNumber({}));
 }
 
 RecordRow horseRow(int number, std::string_view line, RecordLookup &lookup)

@@ -12,17 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int recordsIn(const QString &path)
-{
-    const QByteArray bytes = readRecordFile(path);
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    int records = 0;
-    while (nextRecordLine(rest, line))
-        records += isBlankLine(line) ? 0 : 1;
-    return records;
-}
-
 // Name, race number and time of a copy: "Betsbackup Race3 2026-05-02 20.15.00.000-2".
 QRegularExpressionMatch matchCopyName(const QString &name)
 {
@@ -61,7 +50,8 @@ RecordList listSavedCopies(Session &session)
             RecordRow row;
             row.cells = {QString::number(list.rows.size() + 1),
                          matchCopyName(info.fileName()).captured(1), time,
-                         QString::number(info.size()), QString::number(recordsIn(info.filePath()))};
+                         QString::number(info.size()),
+                         QString::number(countRecords(view(readRecordFile(info.filePath()))))};
             row.line = info.fileName().toUtf8();
             list.rows.append(row);
         }

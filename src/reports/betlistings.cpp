@@ -1,5 +1,6 @@
 #include "reports/betlistings.h"
 
+#include "common/event/bettypes.h"
 #include "common/print/format.h"
 
 #include <algorithm>
@@ -35,7 +36,7 @@ std::vector<BettorBets> groupByBettor(const BetTable &bets, const BettorTable &b
     sorted.reserve(byNumber.size());
     for (auto &[number, group] : byNumber) {
         group.number = number;
-        group.name = names.nameOf(number);
+        group.name = names.listed(number);
         sorted.emplace_back(searchKey(group.name), std::move(group));
     }
     std::ranges::stable_sort(sorted, {}, [](const auto &entry) { return entry.first; });
@@ -64,13 +65,10 @@ QString grandTotal(const std::vector<BettorBets> &groups)
 
 } // namespace
 
-QString betTypeWord(float type)
+QString listedBetType(float type)
 {
-    if (type == 1)
-        return u"Win"_s;
-    if (type == 2)
-        return u"Place"_s;
-    return type == 3 ? u"Show"_s : plainNumber(type);
+    const QString word = betTypeWord(type);
+    return word.isNull() ? plainNumber(type) : word;
 }
 
 Horse horseOfBet(const HorseTable &horses, const Bet &bet)
@@ -80,23 +78,6 @@ Horse horseOfBet(const HorseTable &horses, const Bet &bet)
     if (onCard && !isUnused(horses.post(int(bet.post))))
         return horses.post(int(bet.post));
     return {0, 0, plainNumber(bet.post), u"(no horse)"_s};
-}
-
-BettorNames::BettorNames(const BettorTable &bettors)
-{
-    m_names.reserve(bettors.slotCount());
-    for (int slot = 1; slot <= bettors.slotCount(); ++slot) {
-        const Bettor &bettor = bettors.slot(slot);
-        if (bettor.isBettor() && !m_names.contains(bettor.number))
-            m_names.insert(bettor.number, bettor.name);
-    }
-}
-
-QString BettorNames::nameOf(float number) const
-{
-    const bool whole = number == std::floor(number) && std::abs(number) < 1e6F;
-    const auto name = whole ? m_names.constFind(int(number)) : m_names.cend();
-    return name == m_names.cend() ? QString(plainNumber(number) + " Bad Bettor Number"_L1) : *name;
 }
 
 QStringList betsByBettor(const BetTable &bets, const HorseTable &horses, const BettorTable &bettors,
@@ -116,7 +97,7 @@ QStringList betsByBettor(const BetTable &bets, const HorseTable &horses, const B
         lines.append(group.name);
         for (const Bet &bet : group.bets) {
             const Horse horse = horseOfBet(horses, bet);
-            lines.append(lineOf(horse.number, horse.name, betTypeWord(bet.type), bet.amount));
+            lines.append(lineOf(horse.number, horse.name, listedBetType(bet.type), bet.amount));
         }
         lines.append(lineOf({}, u"TOTAL"_s, {}, group.sum));
         lines.append(u" "_s);

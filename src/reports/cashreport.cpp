@@ -1,6 +1,6 @@
 #include "reports/cashreport.h"
 
-#include "common/event/multibettypes.h"
+#include "common/event/bettypes.h"
 #include "common/event/settle.h"
 #include "common/print/format.h"
 
@@ -29,10 +29,10 @@ ExactMoney wholeCents(ExactMoney money)
 std::vector<CashLine> emptyLines()
 {
     std::vector<CashLine> lines;
-    for (const QString &word : {u"Win"_s, u"Place"_s, u"Show"_s})
-        lines.push_back({word});
+    for (const BetType type : allBetTypes)
+        lines.push_back({betTypeWord(type)});
     for (const MultibetType &type : multibetTypes())
-        lines.push_back({capitalized(type.printedName)});
+        lines.push_back({type.name});
     lines.push_back({u"Bad records"_s});
     return lines;
 }

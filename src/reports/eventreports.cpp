@@ -1,7 +1,7 @@
 #include "reports/eventreports.h"
 
+#include "common/event/bettypes.h"
 #include "common/event/eventrecords.h"
-#include "common/event/multibettypes.h"
 #include "common/print/format.h"
 #include "reports/betlistings.h"
 #include "reports/cashreport.h"
@@ -43,7 +43,7 @@ public:
     {
         const auto [entry, isNew] = m_found.try_emplace(number);
         if (isNew) {
-            entry->second.name = m_names.nameOf(number);
+            entry->second.name = m_names.listed(number);
             entry->second.key = searchKey(entry->second.name);
         }
         return entry->second;
@@ -110,10 +110,10 @@ Report horsesReport(Session &session, const ReportRequest &request)
     for (int race = 1; race <= raceCount; ++race) {
         if (request.race != 0 && request.race != race)
             continue;
-        const RaceRecords records = readRaceHorses(session, race);
-        if (!records.horseDamage.isEmpty())
-            damaged += raceName(race).trimmed() + ": "_L1 + records.horseDamage;
-        for (const Horse &horse : records.horses) {
+        const HorseFile card = readHorses(session, race);
+        if (const QString damage = card.damage(); !damage.isEmpty())
+            damaged += raceName(race).trimmed() + ": "_L1 + damage;
+        for (const Horse &horse : card.horses) {
             if (isUnused(horse))
                 continue;
             rows.push_back({searchKey(horse.name),
@@ -204,7 +204,7 @@ Report bettorsReport(Session &session, const ReportRequest &request)
     }
     // What is left was bet under numbers that no bettor carries.
     for (const auto &[number, betting] : byNumber)
-        addRow(number, plainNumber(number) + " Bad Bettor Number"_L1, betting);
+        addRow(number, badBettorNumber(plainNumber(number)), betting);
     report.rows = sortedRows(std::move(rows), request);
     report.rows.append({{{},
                          u"TOTAL"_s,
@@ -242,7 +242,7 @@ Report betsReport(Session &session, const ReportRequest &request)
                  double(bet.bettor),
                  race.race,
                  {QString::number(race.race), plainNumber(bet.bettor), name.name, horse.number,
-                  horse.name, betTypeWord(bet.type), formatMoney(bet.amount, "$#,##0.00")}});
+                  horse.name, listedBetType(bet.type), formatMoney(bet.amount, "$#,##0.00")}});
         }
     }
     report.rows = sortedRows(std::move(rows), request);
@@ -284,8 +284,7 @@ Report multibetsReport(Session &session, const ReportRequest &request)
                             double(bet.bettor),
                             race.race,
                             {QString::number(race.race), QString::number(bet.bettor), name.name,
-                             type ? capitalized(type->printedName) : bet.type, postsText(bet),
-                             money(bet.amount)}});
+                             type ? type->name : bet.type, postsText(bet), money(bet.amount)}});
         }
     }
     report.rows = sortedRows(std::move(rows), request);

@@ -87,16 +87,6 @@ ReportLines reportLines(const Report &report)
     return text;
 }
 
-QString capitalized(const QString &words)
-{
-    QString text = words.toLower();
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (i == 0 || text[i - 1] == u' ')
-            text[i] = text[i].toUpper();
-    }
-    return text;
-}
-
 Slip reportSlip(const ReportLines &report, int points)
 {
     qsizetype longest = 1;

@@ -41,9 +41,6 @@ struct ReportLines
 };
 ReportLines reportLines(const Report &report);
 
-// "Daily Double" for "DAILY DOUBLE".
-QString capitalized(const QString &words);
-
 // The report as a print job in a report font of \a points, or in the largest smaller one in which
 // its lines fit the width of the paper.
 Slip reportSlip(const ReportLines &report, int points);

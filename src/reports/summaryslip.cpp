@@ -1,5 +1,6 @@
 #include "reports/summaryslip.h"
 
+#include "common/event/bettypes.h"
 #include "common/print/format.h"
 
 #include <algorithm>
@@ -8,7 +9,13 @@ using namespace Qt::StringLiterals;
 
 QStringList summaryHeadings()
 {
-    return {u"No."_s, u"Horse"_s, u"Win"_s, u"Place"_s, u"Show"_s, u"Total"_s, u"Odds"_s};
+    return {u"No."_s,
+            u"Horse"_s,
+            betTypeWord(BetType::Win),
+            betTypeWord(BetType::Place),
+            betTypeWord(BetType::Show),
+            u"Total"_s,
+            u"Odds"_s};
 }
 
 QStringList summaryCells(const SummaryRow &row)

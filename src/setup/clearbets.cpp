@@ -2,21 +2,28 @@
 
 #include "common/event/multibetrecords.h"
 #include "common/event/twinfiles.h"
-#include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// The current race's file; a missing one is empty.
+QByteArray recordsOf(Session &session, RecordFile file, const QString &label)
+{
+    return readMainOrNothing(session, file, session.settings.currentRace, label);
+}
+
+} // namespace
+
 RaceStakes straightStakes(Session &session)
 {
-    const QByteArray bytes =
-        readMainOrNothing(session, RecordFile::Bets, session.settings.currentRace, u"Bets input"_s);
-    const BetTable bets = parseBets(bytes.toStdString());
     RaceStakes stakes;
+    stakes.records = recordsOf(session, RecordFile::Bets, u"Bets input"_s);
+    const BetTable bets = parseBets(stakes.records.toStdString());
     stakes.byBettor = totalsByBettor(bets, [](const BetRow &) { return true; });
     stakes.damaged = bets.damagedRows();
-    stakes.records = bytes;
     for (const BetRow &row : bets.rows)
         stakes.total += row.damaged ? 0 : row.bet.amount;
     return stakes;
@@ -25,8 +32,7 @@ RaceStakes straightStakes(Session &session)
 RaceStakes multibetStakes(Session &session)
 {
     RaceStakes stakes;
-    stakes.records = readMainOrNothing(session, RecordFile::Multibets, session.settings.currentRace,
-                                       u"Multibets Input"_s);
+    stakes.records = recordsOf(session, RecordFile::Multibets, u"Multibets Input"_s);
     const MultibetTable bets = parseMultibets(stakes.records.toStdString());
     for (const MultibetRow &row : bets.rows) {
         if (row.damaged) {
@@ -54,12 +60,6 @@ Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stak
 bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes)
 {
     const QString name = recordFileName(file);
-    if (!deleteTwins(session, file, session.settings.currentRace, stakes.records,
-                     name + u" Output"_s, name + u"backup Output"_s))
-        return false;
-    if (file == RecordFile::Bets) {
-        session.bets = BetTable();
-        session.pools = PoolTable();
-    }
-    return true;
+    return deleteTwins(session, file, session.settings.currentRace, stakes.records,
+                       name + u" Output"_s, name + u"backup Output"_s);
 }

@@ -24,8 +24,8 @@ RaceStakes multibetStakes(Session &session);
 // The list of what every bettor gets back for \a stakes of Bets or Multibets.
 Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes);
 
-// Deletes the current race's Bets or Multibets and the twin after copies of both went to Saved; the
-// tables of deleted straight bets are emptied with them. False, and nothing deleted, when another
-// program has changed the file since the stakes were read. When only the twin could not be deleted,
-// the bets are gone all the same: the error's aftermath says so.
+// Deletes the current race's Bets or Multibets and the twin after copies of both went to Saved.
+// False, and nothing deleted, when another program has changed the file since the stakes were read.
+// When only the twin could not be deleted, the bets are gone all the same: the error's aftermath
+// says so.
 bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes);

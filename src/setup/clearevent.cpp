@@ -24,27 +24,18 @@ int clearAllBets(Session &session)
 {
     makeEventFolder(session);
     const int kept = rewriteAllRaces(session, RecordFile::Bets, {});
-    session.bets = BetTable();
-    session.pools = PoolTable();
-    session.settings.betsCleared = u"yes"_s;
+    session.settings.betsCleared = true;
     return kept;
 }
 
 int clearAllHorses(Session &session)
 {
-    const int kept = rewriteAllRaces(session, RecordFile::Horses, horseRecords(HorseTable()));
-    session.horses = HorseTable();
-    return kept;
-}
-
-bool betsWereCleared(const Settings &settings)
-{
-    return settings.betsCleared == "yes"_L1;
+    return rewriteAllRaces(session, RecordFile::Horses, horseRecords(HorseTable()));
 }
 
 QString clearRefusal(const Settings &settings)
 {
-    if (settings.networkMode == 0)
+    if (!settings.isNetworked())
         return {};
     return u"Nothing was cleared: network mode is on, and the files are those of every computer. "
            "End Networked Betting on the menu first."_s;

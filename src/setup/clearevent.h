@@ -13,9 +13,6 @@ int clearAllBets(Session &session);
 // Rewrites Horses and Horsesbackup of every race with 21 unused posts.
 int clearAllHorses(Session &session);
 
-// True once clearAllBets was done in this run: bettors and horses may be cleared then.
-bool betsWereCleared(const Settings &settings);
-
 // Why the files of the event must not be cleared now, or an empty text: in network mode they are
 // those of all computers.
 QString clearRefusal(const Settings &settings);

@@ -258,7 +258,7 @@ void frminitb::startRun()
     settings.started = true;
     if (isTooNarrow())
         showMessage(this, u"Display size must be set to 1024 x 768"_s);
-    settings.betsCleared = u"no"_s;
+    settings.betsCleared = false;
     settings.banner.clear();
     settings.eventDirectory.clear();
     askInitDrive();
@@ -384,7 +384,7 @@ bool frminitb::refusesToClear()
 
 bool frminitb::refusesBeforeBets(const QString &title)
 {
-    if (betsWereCleared(m_context.session.settings))
+    if (m_context.session.settings.betsWereCleared())
         return false;
     showMessage(this, u"Must clear Bets first"_s, title);
     return true;

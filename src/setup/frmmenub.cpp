@@ -1,5 +1,6 @@
 #include "setup/frmmenub.h"
 
+#include "common/event/eventrecords.h"
 #include "common/event/networkmode.h"
 #include "common/event/racefiles.h"
 #include "common/event/roles.h"
@@ -176,6 +177,7 @@ void frmmenub::connectScreens()
         {cmdsetup, u"frminitb"_s},
         {cmdhelp, u"frmhelpb"_s},
     };
+    connect(cmdmc, &QPushButton::clicked, this, [this] { startWithoutRole(m_context.session); });
     for (const auto &entry : screens) {
         connect(entry.button, &QPushButton::clicked, &navigator,
                 [&navigator, screen = entry.screen] { navigator.open(screen); });
@@ -219,8 +221,8 @@ void frmmenub::fill()
                      "bets"_s);
     setCaption(cmdclearbets, clearBetsCaption(session.settings));
     lblnetwork->setText(networkStatus(session.settings));
-    cmdstartnw->setEnabled(session.settings.networkMode == 0);
-    cmdendnw->setEnabled(session.settings.networkMode != 0);
+    cmdstartnw->setEnabled(!session.settings.isNetworked());
+    cmdendnw->setEnabled(session.settings.isNetworked());
 }
 
 void frmmenub::entered()
@@ -236,7 +238,7 @@ void frmmenub::clearBets()
         return;
     lblnote->clear();
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-        loadBettors(session, u"Bettors input"_s);
+        session.bettors = readBettors(session);
         bool printWanted = true;
         clearStraightBets(printWanted);
         clearMultibets(printWanted);
@@ -315,7 +317,7 @@ void frmmenub::useBackups()
 
 void frmmenub::startNetwork()
 {
-    m_context.session.settings.networkMode = 0;
+    m_context.session.settings.networkMode = NetworkMode::Off;
     switch (askYesNoCancel(this, u"Is this the master computer?"_s)) {
     case Choice::Yes:
         return becomeMaster();

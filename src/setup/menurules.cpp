@@ -14,8 +14,13 @@ QString clearBetsCaption(const Settings &settings)
 
 QString networkStatus(const Settings &settings)
 {
-    if (settings.networkMode == 0)
-        return {};
-    return settings.isNetworkMaster ? u"Using networked files as master computer"_s
-                                    : u"Using networked files as satellite computer"_s;
+    switch (settings.networkMode) {
+    case NetworkMode::Master:
+        return u"Using networked files as master computer"_s;
+    case NetworkMode::Satellite:
+        return u"Using networked files as satellite computer"_s;
+    case NetworkMode::Off:
+        break;
+    }
+    return {};
 }

@@ -17,16 +17,6 @@ RestoreChoice choiceOf(RecordFile file, const QString &nameInConfirmation)
             nameInConfirmation + u" file replaced with "_s + base + u"backup file"_s};
 }
 
-int recordCount(const QByteArray &bytes)
-{
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    int count = 0;
-    while (nextRecordLine(rest, line))
-        count += isBlankLine(line) ? 0 : 1;
-    return count;
-}
-
 } // namespace
 
 std::array<RestoreChoice, 4> restoreChoices()
@@ -45,7 +35,7 @@ QString restoreFromTwin(Session &session, RecordFile file)
                                      [&] { return readRecordFile(twinFile(session, file, race)); });
     const QString main = mainFile(session, file, race);
     const QString name = QFileInfo(main).fileName();
-    const QString now = QString::number(recordCount(twin)) + u" now"_s;
+    const QString now = QString::number(countRecords(view(twin))) + u" now"_s;
     QByteArray before;
     try {
         before = readIfThere(main).value_or(QByteArray());
@@ -56,5 +46,6 @@ QString restoreFromTwin(Session &session, RecordFile file)
     }
     batch.replaceMain(file, race, twin, label);
     batch.commit();
-    return name + u": "_s + QString::number(recordCount(before)) + u" records before, "_s + now;
+    return name + u": "_s + QString::number(countRecords(view(before))) + u" records before, "_s
+           + now;
 }

@@ -58,8 +58,6 @@ bool readOrCreateInit(Session &session)
 void sizeTables(Session &session)
 {
     session.bettors = BettorTable(session.settings.bettorLimit);
-    session.bets = BetTable();
-    session.pools = PoolTable();
 }
 
 QString resetEventDirectory(Session &session, bool initWasDamaged)

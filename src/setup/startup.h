@@ -19,8 +19,8 @@ void completeSettings(Settings &settings);
 // written.
 bool readOrCreateInit(Session &session);
 
-// Empties the shared tables. That of the bettors gets a slot for each that the limit allows; those
-// of the bets grow with their files.
+// Empties the shared table of the bettors and gives it a slot for each that the limit allows.
+// Tables of bets belong to who reads them and grow with their files.
 void sizeTables(Session &session);
 
 // Sets the event directory of a start, remembers that of the last run when it was another one, and

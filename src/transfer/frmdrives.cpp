@@ -106,9 +106,7 @@ bool DriveChoice::takeRole()
                                : u"Only permitted on satellite computer"_s);
         return false;
     }
-    Settings &settings = m_context.session.settings;
-    settings.mainComputer = main ? u"yes"_s : u"no"_s;
-    settings.satelliteComputer = main ? u"no"_s : u"yes"_s;
+    m_context.session.settings.setRole(main, !main);
     return true;
 }
 

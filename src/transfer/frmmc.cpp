@@ -79,10 +79,6 @@ const QString satelliteRole = u"Satellite Computer - All changes to \nHorses or 
 frmmc::frmmc(const ScreenContext &context)
     : m_context(context)
 {
-    Settings &settings = m_context.session.settings;
-    settings.mainComputer = u"no"_s;
-    settings.satelliteComputer = u"no"_s;
-    m_context.session.addedBets.clear();
     build();
     connect(cmdreturn, &QPushButton::clicked, this, &frmmc::returnMultiple);
     connect(cmdsing, &QPushButton::clicked, this, &frmmc::returnSingle);
@@ -163,19 +159,17 @@ void frmmc::showAddedBets()
 void frmmc::returnMultiple()
 {
     Settings &settings = m_context.session.settings;
-    if (settings.mainComputer == "no"_L1 && settings.satelliteComputer == "no"_L1) {
-        const bool main = askYesNo(this, u"Is this the main computer?"_s);
-        settings.mainComputer = main ? u"yes"_s : u"no"_s;
-        settings.satelliteComputer = main ? u"no"_s : u"yes"_s;
+    if (settings.hasRole()) {
+        settings.mainComputer = true;
     } else {
-        settings.mainComputer = u"yes"_s;
+        const bool main = askYesNo(this, u"Is this the main computer?"_s);
+        settings.setRole(main, !main);
     }
     m_context.navigator.open(u"frmmenub"_s);
 }
 
 void frmmc::returnSingle()
 {
-    m_context.session.settings.mainComputer = u"no"_s;
-    m_context.session.settings.satelliteComputer = u"no"_s;
+    m_context.session.settings.clearRole();
     m_context.navigator.open(u"frmmenub"_s);
 }

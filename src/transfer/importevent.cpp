@@ -1,5 +1,6 @@
 #include "transfer/importevent.h"
 
+#include "common/event/eventrecords.h"
 #include "common/event/filebatch.h"
 #include "common/event/labelled.h"
 #include "common/event/multibetrecords.h"
@@ -31,16 +32,10 @@ void tell(const TransferProgress &progress, int done, int total)
 std::optional<QByteArray> readForeign(Session &session, const QString &folder, RecordFile file,
                                       int race)
 {
-    try {
-        return labelled(session, u"Import input"_s, [&] {
-            const QString name = QFileInfo(mainFile(session, file, race)).fileName();
-            return readRecordFile(session.paths.toHost(folder + name), Links::Refused);
-        });
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-        return {};
-    }
+    return labelled(session, u"Import input"_s, [&] {
+        const QString name = QFileInfo(mainFile(session, file, race)).fileName();
+        return readIfThere(session.paths.toHost(folder + name), Links::Refused);
+    });
 }
 
 bool isEventDirectory(Session &session, const QString &folder)
@@ -112,18 +107,14 @@ Foreign readFolder(Session &session, const QString &folder, const ImportChoice &
 
 Local readEvent(Session &session, const TransferProgress &progress)
 {
-    const auto read = [&session](const QString &label, RecordFile file, int race) {
-        return readMainFile(session, file, race, label);
-    };
     Local here;
-    here.bettors = read(u"Bettors input"_s, RecordFile::Bettors, 0);
+    here.bettors = readMainFile(session, RecordFile::Bettors, 0, u"Bettors input"_s);
     here.highestBettor = BettorTable::parse(here.bettors, 0).highestNumber();
     for (std::size_t i = 0; i < raceCount; ++i) {
         const int race = int(i) + 1;
-        here.cards[i] = parseHorses(read(u"Horses input"_s, RecordFile::Horses, race)).horses;
-        here.bets[i] = parseBets(read(u"Bets input"_s, RecordFile::Bets, race).toStdString());
-        const MultibetTable multibets =
-            parseMultibets(read(u"Multibets input"_s, RecordFile::Multibets, race).toStdString());
+        here.cards[i] = readHorses(session, race).horses;
+        here.bets[i] = readBets(session, race);
+        const MultibetTable multibets = readMultibets(session, race);
         for (const BetRow &row : here.bets[i].rows)
             here.highestBettor = std::max(here.highestBettor, bettorOf(row));
         for (const MultibetRow &row : multibets.rows)

@@ -1,5 +1,6 @@
 #include "transfer/thumbdrive.h"
 
+#include "common/event/eventrecords.h"
 #include "common/event/filebatch.h"
 #include "common/event/labelled.h"
 #include "common/event/tornend.h"
@@ -104,12 +105,6 @@ AddedBets compareBets(const BetTable &before, const BetTable &added, const Horse
     for (auto record = come.cbegin(); record != come.cend(); ++record)
         result.looksImported &= had.value(record.key()) >= record.value();
     return result;
-}
-
-// The drive's lines as they stand, each with its line end.
-std::string wholeLines(const BetTable &bets)
-{
-    return betFileWithout(bets, [](const BetRow &) { return false; });
 }
 
 } // namespace

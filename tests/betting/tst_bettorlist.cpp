@@ -1,5 +1,5 @@
 #include "betting/bettorlist.h"
-#include "common/event/racefiles.h"
+#include "common/event/eventrecords.h"
 #include "kit/testkit.h"
 
 #include <QDir>
@@ -75,7 +75,7 @@ void tst_bettorlist::savedFiles()
     TestEvent event(false);
     event.write(u"Bettors"_s, file(before));
     event.write(u"Bettorsbackup"_s, file("1,'old'"));
-    loadBettors(event.session, u"Bettors input"_s);
+    event.session.bettors = readBettors(event.session);
     const BettorTable asRead = event.session.bettors;
     const QStringList steps = QString::fromUtf8(changes).split(u' ', Qt::SkipEmptyParts);
     for (const QString &step : steps) {

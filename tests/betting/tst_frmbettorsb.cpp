@@ -108,10 +108,10 @@ void tst_frmbettorsb::adding()
 
 void tst_frmbettorsb::deletionRefused()
 {
-    const std::tuple<QString, QString, QString> refusals[] = {
-        {u"yes"_s, u"SMITH-JOHN"_s, u"Bettor delete not permitted in multiple computer mode"_s},
-        {u"no"_s, {}, u"Select bettor from list first"_s},
-        {u"no"_s, u"AnyBettor"_s, u"Can't delete AnyBettor"_s}};
+    const std::tuple<bool, QString, QString> refusals[] = {
+        {true, u"SMITH-JOHN"_s, u"Bettor delete not permitted in multiple computer mode"_s},
+        {false, {}, u"Select bettor from list first"_s},
+        {false, u"AnyBettor"_s, u"Can't delete AnyBettor"_s}};
     for (const auto &[mainComputer, name, message] : refusals) {
         ListEvent event;
         event.session.settings.mainComputer = mainComputer;
@@ -217,13 +217,13 @@ void tst_frmbettorsb::clearing()
     const QByteArray before = event.read(u"Bettors"_s);
     BoxRobot robot;
     event.list();
-    settings.mainComputer = u"yes"_s;
+    settings.setRole(true, false);
     robot.expect(u"Bettor clear not permitted in multiple computer mode"_s, u"TRELAWN"_s);
     clickButton(event.list(), u"cmdclearbettors"_s);
-    settings.mainComputer = u"no"_s;
+    settings.clearRole();
     robot.expect(u"Must clear Bets first"_s, u"Bettors input"_s);
     clickButton(event.list(), u"cmdclearbettors"_s);
-    settings.betsCleared = u"yes"_s;
+    settings.betsCleared = true;
     robot.expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s, Answer::Cancel);
     clickButton(event.list(), u"cmdclearbettors"_s);
     QVERIFY(robot.allCame());

@@ -98,11 +98,11 @@ void tst_frmsheetb::opens()
     event.session.settings.banner.clear();
     event.session.settings.currentRace = 1;
     event.session.settings.eventDirectory = u"C:\\Trelawn\\"_s;
-    event.session.settings.satelliteComputer = u"yes"_s;
+    event.session.settings.setRole(false, true);
     QWidget *sheet = event.openSheet();
     QCOMPARE(event.text(u"txtbanner"_s), u"Old Banner"_s); // Init was read again
     QCOMPARE(event.text(u"txtbanner1"_s), u" Race1"_s);
-    QCOMPARE(event.session.settings.satelliteComputer, u"yes"_s);
+    QVERIFY(event.session.settings.isSatelliteComputer());
     QCOMPARE(event.text(u"txtnumber_105"_s), QString()); // no odds where no horse runs
     QVERIFY(!child<QWidget>(sheet, u"txtnumber_24"_s)->isVisible());
     QVERIFY(event.boxes.allCame());
@@ -316,7 +316,6 @@ void tst_frmsheetb::receiptsOff()
 void tst_frmsheetb::failuresOnOpening()
 {
     SheetEvent event;
-    event.session.horses.post(3) = {3, 0, u"3"_s, u"From Another Race"_s};
     QVERIFY(QFile::remove(event.path(u"Horses Race1"_s)));
     QVERIFY(QFile::remove(event.path(u"Bettors"_s)));
     event.boxes.expect(u"53 File not found"_s, u"Bettors Input"_s);

@@ -1,6 +1,7 @@
 #include "betting/placement.h"
 #include "betting/priorbets.h"
 #include "common/event/eventfiles.h"
+#include "common/event/eventrecords.h"
 #include "common/event/racefiles.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
@@ -106,7 +107,8 @@ void tst_placement::deletionOfAStaleList()
 {
     TestEvent event;
     event.write(u"Bets Race1"_s, "2,1,1,5\r\n2,2,1,3\r\n");
-    const PriorBets prior = loadPriorBets(event.session, 2, u"SMITH"_s);
+    const PriorBets prior =
+        priorBets(LoadRaceBets(event.session).bets, HorseTable(), 2, u"SMITH"_s);
     // Another computer deleted the first bet: the remembered rows moved.
     const QByteArray moved = "2,2,1,3\r\n3,1,1,8\r\n";
     event.write(u"Bets Race1"_s, moved);
@@ -119,13 +121,13 @@ void tst_placement::fileCalls()
 {
     TestEvent event;
     Session &session = event.session;
-    loadBettors(session, u"Bettors input"_s);
+    session.bettors = readBettors(session);
     BetEntries entries;
     entries.add(3, BetType::Win, 5);
     const FileCalls calls(eventFolder(session));
-    loadPriorBets(session, 2, u"ANNA"_s);
+    priorBets(LoadRaceBets(session).bets, HorseTable(), 2, u"ANNA"_s);
     const int choosing = calls.all();
-    loadBettors(session, u"Bettors input"_s);
+    session.bettors = readBettors(session);
     placeBets(session, entries, 2);
     const QByteArray counts = QByteArray::number(choosing) + ' '
                               + QByteArray::number(calls.all() - choosing) + ' '

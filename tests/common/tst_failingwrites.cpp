@@ -1,6 +1,7 @@
 #include "betting/bettorlist.h"
 #include "betting/placement.h"
 #include "common/event/eventfiles.h"
+#include "common/event/eventrecords.h"
 #include "common/event/init.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/networkmode.h"
@@ -86,7 +87,7 @@ void placeSome(Session &session)
 
 void saveNewBettor(Session &session)
 {
-    loadBettors(session, u"Bettors input"_s);
+    session.bettors = readBettors(session);
     const BettorTable asRead = session.bettors;
     addBettor(session.bettors, u"BERT"_s);
     saveBettors(session, asRead);
@@ -120,7 +121,10 @@ QList<Operation> pairOperations()
          true},
         {"remove bets", twins(race, bets), twins(race, without),
          [](Session &session) {
-             removeBets(session, [&](const BetRow &row) { return session.bets.isBetOf(row, 1); });
+             removeBets(session, [](const BetTable &table) {
+                 return placesWhere(table,
+                                    [&](const BetRow &row) { return table.isBetOf(row, 1); });
+             });
          }},
         {"remove multibets", twins(multi, multibets), twins(multi, "1,3,0,\"EX\",5,2\r\n"),
          [](Session &session) {
@@ -129,10 +133,7 @@ QList<Operation> pairOperations()
         {"remove a record", twins(race, bets), twins(race, bets.mid(9)), &removeFirstRecord},
         {"horses", twins(u"Horses Race1"_s, noHorses),
          twins(u"Horses Race1"_s, horseRecords(somebody())),
-         [](Session &session) {
-             session.horses = somebody();
-             saveHorses(session);
-         }},
+         [](Session &session) { saveHorses(session, somebody()); }},
         {"bettors", twins(u"Bettors"_s, bettors), twins(u"Bettors"_s, bettors + "3,\"BERT\"\r\n"),
          &saveNewBettor},
         {"clear the race", twins(race, bets), twins(race, {}),

@@ -141,7 +141,6 @@ void setUp(Session &session, const QString &folder)
     session.settings.eventDirectory = defaultEventDirectory(session.settings);
     session.settings.roundingIndex = 1;
     session.settings.setReceiptPrinting(true);
-    session.settings.betsCleared = u"no"_s;
     makeInitFolder(session);
 }
 

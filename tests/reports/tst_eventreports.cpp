@@ -365,7 +365,7 @@ private slots:
             horses += QByteArray::number(post) + ",0,\"1 \",\"HORSE\"\r\n";
         event.write(u"Horses Race1"_s, horses);
         event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"ANN\"\r\n3,\"BOB\"\r\n");
-        loadHorses(session, {});
+        session.horses = readHorses(session, 1).horses;
 
         // Win 100, place 60, show 90, of which $4.75 more are taken back.
         const struct
@@ -391,9 +391,10 @@ private slots:
                 entries.add(post, type, dollars);
             placeBets(session, planPlacement(entries, sheet.bettor, 0, session.settings.betLimit));
             slips.append(
-                betReceipt(session.settings, loadPriorBets(session, sheet.bettor, u"NAME"_s)));
+                betReceipt(session.settings, priorBets(readBets(session, 1), session.horses,
+                                                       sheet.bettor, u"NAME"_s)));
         }
-        const PriorBets prior = loadPriorBets(session, 2, u"ANN"_s);
+        const PriorBets prior = priorBets(readBets(session, 1), session.horses, 2, u"ANN"_s);
         for (const PriorBet &bet : prior.bets) {
             if (bet.bet.amount == 4.75F)
                 slips.append(
@@ -403,13 +404,13 @@ private slots:
             {{1, 2, 0}, u"EX"_s, 2.5, 2}, {{2, 1, 0}, u"EX"_s, 7.5, 3}, {{1, 2, 3}, u"T"_s, 3, 3}};
         appendMultibets(session, multibets);
         for (const int bettor : {2, 3}) {
-            const MultibetTable saved = loadMultibets(session, {});
+            const MultibetTable saved = readMultibets(session, 1);
             slips.append(multibetReceipt({}, {}, multibetsOf(saved, bettor), 8));
         }
         RaceResult result;
         result.finishers = {1, 2, 3};
         result.housePercent = 10;
-        const Settlement settlement = settleCurrentRace(session, result);
+        const Settlement settlement = settleCurrentRace(session, result).settlement;
         int paid = 0;
         for (const WinningBettor &winner : settlement.winners) {
             const Slip slip = winnerSlips(
@@ -421,7 +422,7 @@ private slots:
             }
         }
         const MultibetSettlement exacta =
-            settleMultibets(loadMultibets(session, {}), session.bettors, u"EX"_s, {1, 2, 0}, 10);
+            settleMultibets(readMultibets(session, 1), session.bettors, u"EX"_s, {1, 2, 0}, 10);
 
         const Report report = makeReport(session, {ReportKind::Cash, 0, false, false, 10});
         const auto cents = [&](const QString &type, int column) {

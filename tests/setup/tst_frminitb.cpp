@@ -289,12 +289,12 @@ void tst_frminitb::clearingForANewEvent()
     event.write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n");
     event.write(u"Horses Race5"_s, "1,0,\"1 \",\"Second Wind\"\r\n");
     QWidget *screen = event.open(u"frminitb"_s);
-    event.session.settings.networkMode = 1; // every computer's files
+    event.session.settings.networkMode = NetworkMode::Master; // every computer's files
     for (const QString &button : {u"cmdbettors"_s, u"cmdhorses"_s, u"cmdbets"_s}) {
         clickButton(screen, button);
         QVERIFY(labelText(screen, u"lblnote"_s).startsWith("Nothing was cleared"_L1));
     }
-    event.session.settings.networkMode = 0;
+    event.session.settings.networkMode = NetworkMode::Off;
     robot.expect(u"Must clear Bets first"_s, u"Clear Bettors"_s);
     robot.expect(u"Must clear Bets first"_s, u"Clear Horses"_s);
     robot.expect(u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s, Answer::Cancel);

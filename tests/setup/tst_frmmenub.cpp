@@ -99,14 +99,11 @@ void tst_frmmenub::rolesRefuse()
     const QString bettors = u"Bettor update not permitted in satellite computer mode"_s;
     const QString multiple = u"Horses update not permitted in multiple computer mode"_s;
     // Main computer, satellite (it comes first), and what is said of horses and bettors.
-    const std::tuple<QString, QString, QString, QString> roles[] = {
-        {u"yes"_s, u"no"_s, multiple, {}},
-        {u"no"_s, u"yes"_s, horses, bettors},
-        {u"yes"_s, u"yes"_s, horses, bettors}};
+    const std::tuple<bool, bool, QString, QString> roles[] = {
+        {true, false, multiple, {}}, {false, true, horses, bettors}, {true, true, horses, bettors}};
     MenuEvent menu(allWorkingScreens);
     for (const auto &[main, satellite, ofHorses, ofBettors] : roles) {
-        menu.event.session.settings.mainComputer = main;
-        menu.event.session.settings.satelliteComputer = satellite;
+        menu.event.session.settings.setRole(main, satellite);
         menu.robot.expect(ofHorses, u"TRELAWN"_s);
         if (!ofBettors.isEmpty())
             menu.robot.expect(ofBettors, u"TRELAWN"_s);

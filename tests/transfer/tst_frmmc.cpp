@@ -24,10 +24,16 @@ struct Computer : TestEvent
     void plugIn(const QString &thumb) const { QFile::link(thumb, driveLink()); }
     void pullOut() const { QFile::remove(driveLink()); }
 
+    QWidget *openSteps()
+    {
+        clickButton(open(u"frmmenub"_s), u"cmdmc"_s);
+        return current();
+    }
+
     // Presses the step's button and returns the drive choice that it opens.
     QWidget *step(const QString &button, const QString &screen)
     {
-        QWidget *steps = navigator().currentName() == u"frmmc"_s ? current() : open(u"frmmc"_s);
+        QWidget *steps = navigator().currentName() == u"frmmc"_s ? current() : openSteps();
         clickButton(steps, button);
         return child<QWidget>(navigator().window(), screen);
     }
@@ -96,14 +102,14 @@ private slots:
         expectTransfer(mainQuestion, true, "All Horses and Bettors written to thumb drive");
         selectInList(main.step(u"cmdsavebh"_s, u"frmdrive"_s), u"lstdrive"_s, u"F:"_s);
         QVERIFY(m_boxes.allCame());
-        QCOMPARE(main.session.settings.mainComputer, u"yes"_s);
+        QVERIFY(main.session.settings.isMainComputer());
         QVERIFY(!QFileInfo::exists(onThumb(u"Bettorsbackup"_s)));
 
         expectTransfer(satelliteQuestion, true,
                        "All Horses and Bettors written to satellite computer");
         selectInList(satellite.step(u"cmdloadbh"_s, u"frmsatdrv"_s), u"lstdrive"_s, u"F:"_s);
         QVERIFY(m_boxes.allCame());
-        QCOMPARE(satellite.session.settings.satelliteComputer, u"yes"_s);
+        QVERIFY(satellite.session.settings.isSatelliteComputer());
         for (const auto &twin : {u"Bettors"_s, u"Bettorsbackup"_s})
             QCOMPARE(satellite.read(twin), bettors);
         for (const auto &twin : {u"Horses Race3"_s, u"Horsesbackup Race3"_s})
@@ -146,8 +152,7 @@ private slots:
             selectInList(computer.step(button, screen), u"lstdrive"_s, u"F:"_s);
             QVERIFY(m_boxes.allCame());
             QVERIFY(QDir(empty.path()).isEmpty());
-            QCOMPARE(computer.session.settings.mainComputer, u"no"_s);
-            QCOMPARE(computer.session.settings.satelliteComputer, u"no"_s);
+            QVERIFY(!computer.session.settings.hasRole());
         }
     }
 
@@ -204,23 +209,23 @@ private slots:
         Computer computer(m_thumb.path());
         Settings &settings = computer.session.settings;
         const auto roles = [&]() -> QString {
-            return settings.mainComputer + u'/' + settings.satelliteComputer;
+            return settings.mainComputer.word() + u'/' + settings.satelliteComputer.word();
         };
         const auto leave = [&] {
             clickButton(computer.current(), u"cmdreturn"_s);
             return m_boxes.allCame() && computer.navigator().currentName() == u"frmmenub"_s;
         };
         for (const Answer answer : {Answer::Yes, Answer::No}) {
-            computer.open(u"frmmc"_s);
+            computer.openSteps();
             m_boxes.expect(u"Is this the main computer?"_s, u"TRELAWN"_s, answer);
             QVERIFY(leave());
             QCOMPARE(roles(), answer == Answer::Yes ? u"yes/no"_s : u"no/yes"_s);
         }
-        computer.open(u"frmmc"_s);
-        settings.satelliteComputer = u"yes"_s; // a role that is set is not asked for
+        computer.openSteps();
+        settings.setRole(false, true); // a role that is set is not asked for
         QVERIFY(leave());
         QCOMPARE(roles(), u"yes/yes"_s);
-        clickButton(computer.open(u"frmmc"_s), u"cmdsing"_s);
+        clickButton(computer.openSteps(), u"cmdsing"_s);
         QCOMPARE(roles(), u"no/no"_s);
     }
 };

@@ -207,7 +207,7 @@ private slots:
         if (row == "no bettors there")
             QFile::remove(event.there(u"Bettors"_s));
         if (row.startsWith("satellite"))
-            event.session.settings.satelliteComputer = u"yes"_s;
+            event.session.settings.setRole(false, true);
         const bool horsesAlone = row == "nothing there";
         const ImportChoice choice{row != "satellite, no horses",
                                   row != "bets without their bettors" && !horsesAlone,

@@ -2,6 +2,7 @@
 #include "betting/placement.h"
 #include "betting/priorbets.h"
 #include "common/event/eventfiles.h"
+#include "common/event/eventrecords.h"
 #include "common/event/networkmode.h"
 #include "common/event/racefiles.h"
 #include "kit/testkit.h"
@@ -36,7 +37,7 @@ void connectShare(const TestEvent &event, const QString &share)
 
 void addBettorNamed(Session &session, const QString &name)
 {
-    loadBettors(session, u"Bettors input"_s);
+    session.bettors = readBettors(session);
     const BettorTable asRead = session.bettors;
     addBettor(session.bettors, name);
     saveBettors(session, asRead);
@@ -65,13 +66,15 @@ void manageRaces(Session &session)
         own.add(1, BetType::Show, 5);
         placeBets(session, planPlacement(own, 50, 0, session.settings.betLimit));
         // A list that another computer has outdated deletes nothing; it is made again.
-        while (deletePriorBets(session, loadPriorBets(session, 50, u"FIFTY"_s).bets).listWasStale) {
+        const auto priorOf50 = [&] {
+            return priorBets(LoadRaceBets(session).bets, HorseTable(), 50, u"FIFTY"_s).bets;
+        };
+        while (deletePriorBets(session, priorOf50()).listWasStale) {
         }
         BetEntries scratched;
         scratched.add(scratchedPost, BetType::Win, 5);
         placeBets(session, planPlacement(scratched, 51, 0, session.settings.betLimit));
-        LoadRaceBets(session);
-        removeBetsOn(session, scratchedPost, session.bets.rows.size());
+        removeScratchedBets(session, prepareScratch(session, scratchedPost, {}));
         addBettorNamed(session, u"MANAGED-%1"_s.arg(round));
     }
 }

@@ -3,8 +3,8 @@
 
 #include <QButtonGroup>
 #include <QGroupBox>
-#include <QHelpEvent>
 #include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSet>
@@ -53,8 +53,8 @@ void tst_controls::longTexts()
     const QString name(200, u'W');
     for (const bool wraps : {true, false}) {
         QWidget form;
-        QLabel *label = wraps ? makeLabel(&form, u"lblx"_s, {}, {}, true)
-                              : makeShortLabel(&form, u"lblx"_s);
+        QLabel *label =
+            wraps ? makeLabel(&form, u"lblx"_s, {}, {}, true) : makeShortLabel(&form, u"lblx"_s);
         auto *layout = new QVBoxLayout(&form);
         layout->addWidget(label);
         const int width = form.minimumSizeHint().width();

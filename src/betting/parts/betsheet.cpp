@@ -4,6 +4,7 @@
 #include "betting/parts/betgrid.h"
 #include "betting/parts/priorbetspanel.h"
 #include "betting/receipts.h"
+#include "common/event/eventrecords.h"
 #include "common/event/init.h"
 #include "common/event/labelled.h"
 #include "common/event/odds.h"
@@ -85,7 +86,7 @@ void BetSheet::note(const QString &text)
 void BetSheet::loadBettorList()
 {
     Session &session = m_context.session;
-    trapped([&] { loadBettors(session, u"Bettors Input"_s); });
+    trapped([&] { session.bettors = readBettors(session, u"Bettors Input"_s); });
     m_search->setBettors(session.bettors);
 }
 
@@ -94,22 +95,25 @@ void BetSheet::loadBettorList()
 void BetSheet::loadRace()
 {
     Session &session = m_context.session;
-    session.horses = {};
-    session.bets = {};
-    session.pools = {};
+    m_horses = {};
+    m_pools = {};
     QString betsNote;
     trapped([&] {
-        if (const QString damage = loadHorses(session, u"Horses input"_s); !damage.isEmpty())
+        const HorseFile card = readHorses(session, session.settings.currentRace);
+        m_horses = card.horses;
+        if (const QString damage = card.damage(); !damage.isEmpty())
             note(damage);
-        betsNote = LoadRaceBets(session);
+        const RaceBets race = LoadRaceBets(session);
+        m_pools = race.pools;
+        betsNote = race.note;
     });
     if (!betsNote.isEmpty())
         note(betsNote);
     m_races->button(session.settings.currentRace)->setChecked(true);
     txtbanner->setText(session.settings.banner);
     txtbanner1->setText(session.settings.raceName());
-    m_grid->setHorses(session.horses);
-    if (std::ranges::all_of(session.horses, isUnused) && lblnote->text().isEmpty())
+    m_grid->setHorses(m_horses);
+    if (std::ranges::all_of(m_horses, isUnused) && lblnote->text().isEmpty())
         note(u"No horses are entered for this race yet."_s);
     showOdds();
     clearEntries();
@@ -117,11 +121,10 @@ void BetSheet::loadRace()
 
 void BetSheet::showOdds()
 {
-    const Session &session = m_context.session;
     std::array<int, postCount> couplings{};
     for (int post = 1; post <= postCount; ++post)
-        couplings[std::size_t(post - 1)] = session.horses.couplingOf(post);
-    m_grid->setOdds(winOdds(session.pools, couplings));
+        couplings[std::size_t(post - 1)] = m_horses.couplingOf(post);
+    m_grid->setOdds(winOdds(m_pools, couplings));
 }
 
 // The race that is shown already keeps what was entered for it.
@@ -158,7 +161,11 @@ void BetSheet::showBettor()
 void BetSheet::listPriorBets(int bettor, const QString &name)
 {
     PriorBets prior{bettor, name, {}, 0};
-    trapped([&] { prior = loadPriorBets(m_context.session, bettor, name); });
+    trapped([&] {
+        const RaceBets race = LoadRaceBets(m_context.session);
+        m_pools = race.pools;
+        prior = priorBets(race.bets, m_horses, bettor, name);
+    });
     showPrior(prior);
     showOdds();
 }
@@ -223,8 +230,7 @@ void BetSheet::place()
     const QString limit = QString::number(session.settings.betLimit);
     if (placement.raceIsFull) {
         return showMessage(this,
-                           u"The race has room for "_s
-                               + betCount(placement.roomLeft)
+                           u"The race has room for "_s + betCount(placement.roomLeft)
                                + u" more. These bets were not placed."_s,
                            title);
     }
@@ -244,7 +250,7 @@ bool BetSheet::bettorHolds()
     Session &session = m_context.session;
     if (!m_kind.readsBettorsToPlace)
         return true;
-    if (!trapped([&] { loadBettors(session, u"Bettors input"_s); })) {
+    if (!trapped([&] { session.bettors = readBettors(session); })) {
         note(u"No bet was placed."_s);
         return false;
     }
@@ -267,21 +273,21 @@ bool BetSheet::bettorHolds()
 bool BetSheet::cardHolds(PlacementPlan &asked)
 {
     Session &session = m_context.session;
-    const HorseTable shown = session.horses;
-    QString damage;
-    if (!trapped([&] { damage = loadHorses(session, u"Horses input"_s); })) {
+    HorseFile card;
+    if (!trapped([&] { card = readHorses(session, session.settings.currentRace); })) {
         note(u"No bet was placed."_s);
         return false;
     }
-    QStringList changes = cardChanges(shown, session.horses);
+    QStringList changes = cardChanges(std::exchange(m_horses, card.horses), card.horses);
     if (changes.isEmpty())
         return true;
+    const QString damage = card.damage();
     changes.prepend(damage.isEmpty() ? u"The card has changed."_s : damage);
     const float before = m_entries.total();
-    m_entries.removeUnused(session.horses);
+    m_entries.removeUnused(m_horses);
     if (const float lost = before - m_entries.total(); lost != 0)
         changes.append(dollars(lost) + u" on horses that run no longer left the sheet."_s);
-    m_grid->setHorses(session.horses);
+    m_grid->setHorses(m_horses);
     showOdds();
     showEntries();
     asked = plan();
@@ -295,12 +301,12 @@ bool BetSheet::cardHolds(PlacementPlan &asked)
 // Adds the placed bets to the prior bets.
 void BetSheet::listPlaced(const Placement &placement)
 {
-    Session &session = m_context.session;
     for (std::size_t i = 0; i < placement.rows.size(); ++i) {
         const Bet &bet = placement.plan.bets[i];
-        m_prior.append({placement.rows[i], bet, placedBetLine(session.horses, bet)});
+        m_prior.append({placement.rows[i], bet, placedBetLine(m_horses, bet)});
     }
     m_priorPanel->showBets(m_prior);
+    m_pools = placement.pools;
     showOdds();
 }
 

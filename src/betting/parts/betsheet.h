@@ -89,6 +89,8 @@ private:
 
     ScreenContext m_context;
     const BetSheetKind &m_kind;
+    HorseTable m_horses; // of the current race
+    PoolTable m_pools;   // of the current race as last read
     BetEntries m_entries;
     int m_bettor = 0; // number of the selected bettor, 0 for none
     QString m_bettorName;

@@ -58,12 +58,8 @@ BetTable parseBets(std::string bytes)
 {
     BetTable table;
     table.bytes = std::move(bytes);
-    std::string_view rest = table.bytes;
-    std::string_view line;
-    table.rows.reserve(rest.size() / 8);
-    while (nextRecordLine(rest, line)) {
-        if (isBlankLine(line))
-            continue;
+    table.rows.reserve(table.bytes.size() / 8);
+    forEachRecord(table.bytes, [&](std::string_view line) {
         BetRow row;
         row.start = std::size_t(line.data() - table.bytes.data());
         row.length = line.size();
@@ -71,7 +67,7 @@ BetTable parseBets(std::string bytes)
         if (row.damaged)
             row.bet = {};
         table.rows.push_back(row);
-    }
+    });
     return table;
 }
 
@@ -79,15 +75,4 @@ std::string betLine(const Bet &bet)
 {
     return recordNumber(bet.bettor) + ',' + recordNumber(bet.post) + ',' + recordNumber(bet.type)
            + ',' + recordNumber(bet.amount) + "\r\n";
-}
-
-std::string betFileWithout(const BetTable &bets, const std::function<bool(const BetRow &)> &dropped)
-{
-    std::string kept;
-    kept.reserve(bets.bytes.size());
-    for (const BetRow &row : bets.rows) {
-        if (!dropped(row))
-            kept.append(bets.line(row)).append("\r\n");
-    }
-    return kept;
 }

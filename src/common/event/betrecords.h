@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +9,7 @@
 // The Bets record and the table of a race's bets. Standard library alone, like recordlines.h.
 
 enum class BetType { Win = 1, Place = 2, Show = 3 };
+inline constexpr BetType allBetTypes[] = {BetType::Win, BetType::Place, BetType::Show};
 
 // One bet, as its record holds it: four single-precision numbers.
 struct Bet
@@ -56,6 +57,14 @@ BetTable parseBets(std::string bytes);
 // The record line of a bet, with its line end.
 std::string betLine(const Bet &bet);
 
-// The file again, byte for byte, without the rows for which \a dropped is true.
-std::string betFileWithout(const BetTable &bets,
-                           const std::function<bool(const BetRow &)> &dropped);
+// The places of the rows for which \a wanted is true, from 0.
+template<typename Wanted>
+std::set<std::size_t> placesWhere(const BetTable &bets, const Wanted &wanted)
+{
+    std::set<std::size_t> places;
+    for (std::size_t place = 0; place < bets.rows.size(); ++place) {
+        if (wanted(bets.rows[place]))
+            places.insert(place);
+    }
+    return places;
+}

@@ -3,6 +3,7 @@
 #include "common/files/recordfile.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -59,22 +60,18 @@ BettorTable::BettorTable(int limit)
 BettorTable BettorTable::parse(const QByteArray &bytes, int limit)
 {
     BettorTable table(limit);
-    std::string_view rest = view(bytes);
-    std::string_view line;
     int slot = 0;
-    while (nextRecordLine(rest, line)) {
-        if (isBlankLine(line))
-            continue;
+    forEachRecord(view(bytes), [&](std::string_view line) {
         Bettor bettor;
         if (!parseBettor(line, bettor)) {
             table.m_damaged.append(QByteArray(line.data(), qsizetype(line.size())));
-            continue;
+            return;
         }
         if (++slot > table.slotCount())
             table.m_slots.append(Bettor{});
         table.setSlot(slot, bettor);
         table.nextNumber = bettor.number + 1;
-    }
+    });
     return table;
 }
 
@@ -161,4 +158,42 @@ QByteArray BettorTable::backupRecords() const
 QByteArray newBettorRecords()
 {
     return record({anyBettorNumber, anyBettorName()});
+}
+
+QString badBettorNumber(const QString &number)
+{
+    return number + u" Bad Bettor Number"_s;
+}
+
+BettorNames::BettorNames(const BettorTable &bettors)
+{
+    m_names.reserve(bettors.slotCount());
+    for (int slot = 1; slot <= bettors.slotCount(); ++slot) {
+        const Bettor &bettor = bettors.slot(slot);
+        if (bettor.isBettor() && !m_names.contains(bettor.number))
+            m_names.insert(bettor.number, bettor.name.isNull() ? u""_s : bettor.name);
+    }
+}
+
+QString BettorNames::nameOf(int number) const
+{
+    return m_names.value(number);
+}
+
+QString BettorNames::nameOf(float number) const
+{
+    const bool whole = number == std::floor(number) && std::abs(number) < 1e6F;
+    return whole ? nameOf(int(number)) : QString();
+}
+
+QString BettorNames::listed(int number) const
+{
+    const QString name = nameOf(number);
+    return name.isNull() ? badBettorNumber(QString::number(number)) : name;
+}
+
+QString BettorNames::listed(float number) const
+{
+    const QString name = nameOf(number);
+    return name.isNull() ? badBettorNumber(QString::fromStdString(recordNumber(number))) : name;
 }

@@ -76,5 +76,26 @@ private:
     QList<QByteArray> m_damaged;
 };
 
+// What stands for the name of a number that no bettor carries: "12 Bad Bettor Number".
+QString badBettorNumber(const QString &number);
+
+// Looks up names by the bettor number of bet records; the first bettor with a number has it.
+class BettorNames
+{
+public:
+    explicit BettorNames(const BettorTable &bettors);
+
+    // The name, or a null string when no bettor carries the number.
+    QString nameOf(int number) const;
+    QString nameOf(float number) const;
+
+    // The name, or "12 Bad Bettor Number" when no bettor carries the number.
+    QString listed(int number) const;
+    QString listed(float number) const;
+
+private:
+    QHash<int, QString> m_names;
+};
+
 // The records of a new Bettors file: AnyBettor alone.
 QByteArray newBettorRecords();

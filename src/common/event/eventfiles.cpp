@@ -20,19 +20,6 @@ QString pathOf(const Session &session, RecordFile file, int race, const QString 
                                 + suffix);
 }
 
-// True when the file is not there; anything else that keeps it from being read is thrown.
-bool isMissing(const QString &path)
-{
-    try {
-        readRecordFile(path);
-    } catch (const FileError &error) {
-        if (error.number() == ErrorNumber::FileNotFound)
-            return true;
-        throw;
-    }
-    return false;
-}
-
 // A full twin whose main file is missing may be the only whole copy: out of the way with it.
 QString moveFullTwinToSaved(Session &session, const QString &twin)
 {
@@ -63,7 +50,7 @@ QString createIfMissing(Session &session, std::optional<EventLock> &lock, Record
 {
     const QString name = recordFileName(file);
     return labelled(session, name + " input-Setup"_L1, [&] {
-        if (!isMissing(mainFile(session, file, race)))
+        if (readIfThere(mainFile(session, file, race)))
             return QString();
         if (!lock)
             lock.emplace(session);
@@ -181,7 +168,8 @@ QByteArray readMainFile(Session &session, RecordFile file, int race, const QStri
     });
 }
 
-QByteArray readMainOrNothing(Session &session, RecordFile file, int race, const QString &label)
+std::optional<QByteArray> readMainFileIfThere(Session &session, RecordFile file, int race,
+                                              const QString &label)
 {
     try {
         return readMainFile(session, file, race, label);
@@ -190,6 +178,11 @@ QByteArray readMainOrNothing(Session &session, RecordFile file, int race, const 
             throw;
     }
     return {};
+}
+
+QByteArray readMainOrNothing(Session &session, RecordFile file, int race, const QString &label)
+{
+    return readMainFileIfThere(session, file, race, label).value_or(QByteArray());
 }
 
 QString eventFolder(const Session &session)

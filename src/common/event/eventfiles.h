@@ -23,6 +23,10 @@ QString twinFile(const Session &session, RecordFile file, int race);
 // told.
 QByteArray readMainFile(Session &session, RecordFile file, int race, const QString &label);
 
+// The same, or nothing when the file is missing.
+std::optional<QByteArray> readMainFileIfThere(Session &session, RecordFile file, int race,
+                                              const QString &label);
+
 // The same; a file that is missing holds nothing.
 QByteArray readMainOrNothing(Session &session, RecordFile file, int race, const QString &label);
 

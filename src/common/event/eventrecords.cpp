@@ -1,43 +1,48 @@
 #include "common/event/eventrecords.h"
 
 #include "common/event/eventfiles.h"
-#include "common/files/fileerror.h"
-#include "common/files/recordfile.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-std::string readIfThere(Session &session, RecordFile file, int race, const QString &label)
+HorseFile readHorses(Session &session, int race, const QString &label)
 {
-    try {
-        return readMainFile(session, file, race, label).toStdString();
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-        return {};
-    }
+    return parseHorses(readMainFile(session, RecordFile::Horses, race, label));
 }
 
-} // namespace
-
-RaceRecords readRaceHorses(Session &session, int race)
+HorseFile readHorsesIfThere(Session &session, int race, const QString &label)
 {
-    const HorseFile file =
-        parseHorses(readMainFile(session, RecordFile::Horses, race, u"Horses input"_s));
-    RaceRecords records;
-    records.race = race;
-    records.horses = file.horses;
-    records.horseDamage = file.damage();
-    return records;
+    const auto bytes = readMainFileIfThere(session, RecordFile::Horses, race, label);
+    return bytes ? parseHorses(*bytes) : HorseFile();
+}
+
+BetTable readBets(Session &session, int race, const QString &label)
+{
+    return parseBets(readMainFile(session, RecordFile::Bets, race, label).toStdString());
+}
+
+MultibetTable readMultibets(Session &session, int race, const QString &label)
+{
+    return parseMultibets(readMainFile(session, RecordFile::Multibets, race, label).toStdString());
+}
+
+BettorTable readBettors(Session &session, const QString &label)
+{
+    return BettorTable::parse(readMainFile(session, RecordFile::Bettors, 0, label),
+                              session.settings.bettorLimit);
 }
 
 RaceRecords readRace(Session &session, int race)
 {
-    RaceRecords records = readRaceHorses(session, race);
-    records.bets = parseBets(readIfThere(session, RecordFile::Bets, race, u"Bets input"_s));
-    records.multibets =
-        parseMultibets(readIfThere(session, RecordFile::Multibets, race, u"Multibets input"_s));
+    const auto bytesOf = [&](RecordFile file, const QString &label) {
+        return readMainFileIfThere(session, file, race, label).value_or(QByteArray()).toStdString();
+    };
+    const HorseFile card = readHorses(session, race);
+    RaceRecords records;
+    records.race = race;
+    records.horseDamage = card.damage();
+    records.horses = card.horses;
+    records.bets = parseBets(bytesOf(RecordFile::Bets, u"Bets input"_s));
+    records.multibets = parseMultibets(bytesOf(RecordFile::Multibets, u"Multibets input"_s));
     return records;
 }
 
@@ -49,10 +54,4 @@ std::vector<RaceRecords> readRaces(Session &session, int race)
             races.push_back(readRace(session, number));
     }
     return races;
-}
-
-BettorTable readBettors(Session &session)
-{
-    return BettorTable::parse(readMainFile(session, RecordFile::Bettors, 0, u"Bettors input"_s),
-                              session.settings.bettorLimit);
 }

@@ -80,19 +80,15 @@ HorseFile parseHorses(const QByteArray &bytes)
 {
     HorseFile file;
     std::array<bool, postCount + 1> isRead{};
-    std::string_view rest = view(bytes);
-    std::string_view line;
-    while (nextRecordLine(rest, line)) {
-        if (isBlankLine(line))
-            continue;
+    forEachRecord(view(bytes), [&](std::string_view line) {
         Horse horse;
         if (!parseHorse(line, horse) || std::exchange(isRead[std::size_t(horse.post)], true)) {
             ++file.damagedLines;
-            continue;
+            return;
         }
         ++file.records;
         file.horses.post(horse.post) = horse;
-    }
+    });
     return file;
 }
 

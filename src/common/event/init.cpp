@@ -116,7 +116,7 @@ bool loadInit(Session &session)
     settings.eventDirectory = settings.eventDirectory.isEmpty() ? defaultEventDirectory(settings)
                                                                 : settings.eventDirectory + u'\\';
     settings.fontIndex = fields.integer(3, 1, largest, 0);
-    settings.receiptPrinting = fields.text(4) == "no"_L1 ? u"no"_s : u"yes"_s;
+    settings.receiptPrinting = fields.text(4) != "no"_L1;
     settings.roundingIndex = fields.integer(5, 1, 5, 0);
     settings.currentRace = fields.integer(6, 1, raceCount, 0);
     const Settings defaults;
@@ -162,10 +162,10 @@ void saveInit(Session &session, InitWriter writer, const QString &openLabel,
     const Settings &settings = session.settings;
     const QString path = labelled(session, openLabel, [&] { return initFile(session); });
     const QString directory =
-        settings.networkMode != 0 ? defaultEventDirectory(settings) : settings.eventDirectory;
+        settings.isNetworked() ? defaultEventDirectory(settings) : settings.eventDirectory;
     QByteArray record = quotedField(settings.banner) + ',' + quotedField(directory) + ','
                         + QByteArray::number(settings.fontIndex) + ','
-                        + quotedField(settings.receiptPrinting) + ','
+                        + quotedField(settings.receiptPrinting.word()) + ','
                         + QByteArray::number(settings.roundingIndex) + ','
                         + QByteArray::number(settings.currentRace) + ',';
     switch (writer) {

@@ -1,9 +1,7 @@
 #include "common/event/multibetrecords.h"
 
-#include "common/event/labelled.h"
-#include "common/event/multibettypes.h"
+#include "common/event/bettypes.h"
 #include "common/event/twinfiles.h"
-#include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
 #include "common/files/recordlines.h"
 
@@ -58,9 +56,15 @@ bool parseWith(std::vector<RecordField> &fields, std::string_view line, Multibet
     return true;
 }
 
-std::string_view lineOf(const MultibetTable &bets, const MultibetRow &row)
+// The places in the table of the bettor's bets, from 0.
+std::vector<std::size_t> placesOf(const MultibetTable &bets, int bettor)
 {
-    return std::string_view(bets.bytes).substr(row.start, row.length);
+    std::vector<std::size_t> places;
+    for (std::size_t place = 0; place < bets.rows.size(); ++place) {
+        if (!bets.rows[place].damaged && bets.rows[place].bet.bettor == bettor)
+            places.push_back(place);
+    }
+    return places;
 }
 
 } // namespace
@@ -75,20 +79,16 @@ MultibetTable parseMultibets(std::string bytes)
 {
     MultibetTable table;
     table.bytes = std::move(bytes);
-    std::string_view rest = table.bytes;
-    std::string_view line;
     std::vector<RecordField> fields;
-    table.rows.reserve(rest.size() / 14);
-    while (nextRecordLine(rest, line)) {
-        if (isBlankLine(line))
-            continue;
+    table.rows.reserve(table.bytes.size() / 14);
+    forEachRecord(table.bytes, [&](std::string_view line) {
         MultibetRow &row = table.rows.emplace_back();
         row.start = std::size_t(line.data() - table.bytes.data());
         row.length = line.size();
         row.damaged = !parseWith(fields, line, row.bet);
         if (row.damaged)
             row.bet = {};
-    }
+    });
     return table;
 }
 
@@ -104,10 +104,8 @@ QByteArray multibetLine(const Multibet &bet)
 QList<Multibet> multibetsOf(const MultibetTable &bets, int bettor)
 {
     QList<Multibet> own;
-    for (const MultibetRow &row : bets.rows) {
-        if (!row.damaged && row.bet.bettor == bettor)
-            own.append(row.bet);
-    }
+    for (const std::size_t place : placesOf(bets, bettor))
+        own.append(bets.rows[place].bet);
     return own;
 }
 
@@ -119,25 +117,14 @@ double totalOf(const QList<Multibet> &bets)
     return total;
 }
 
-MultibetTable loadMultibets(Session &session, const QString &label)
-{
-    return parseMultibets(
-        readMainFile(session, RecordFile::Multibets, session.settings.currentRace, label)
-            .toStdString());
-}
-
 MultibetTable loadOrCreateMultibets(Session &session)
 {
-    try {
-        return loadMultibets(session, u"Multibets input"_s);
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-    }
     const QString label = u"Multibets input"_s;
-    tell(session, createMissingTwins(session, RecordFile::Multibets, session.settings.currentRace,
-                                     label, label));
-    return loadMultibets(session, label);
+    const int race = session.settings.currentRace;
+    if (const auto bytes = readMainFileIfThere(session, RecordFile::Multibets, race, label))
+        return parseMultibets(bytes->toStdString());
+    tell(session, createMissingTwins(session, RecordFile::Multibets, race, label, label));
+    return parseMultibets(readMainFile(session, RecordFile::Multibets, race, label).toStdString());
 }
 
 void appendMultibets(Session &session, std::span<const Multibet> bets)
@@ -155,23 +142,15 @@ bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &
 {
     const auto withoutRemoved = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
         const MultibetTable bets = parseMultibets(bytes.toStdString());
-        const QList<Multibet> own = multibetsOf(bets, bettor);
-        std::vector<bool> dropped(std::size_t(own.size()), false);
+        const std::vector<std::size_t> own = placesOf(bets, bettor);
+        std::set<std::size_t> dropped;
         for (const PlacedMultibet &bet : removed) {
-            if (bet.place >= own.size() || own[bet.place] != bet.bet)
+            const auto place = std::size_t(bet.place);
+            if (place >= own.size() || bets.rows[own[place]].bet != bet.bet)
                 return {};
-            dropped[std::size_t(bet.place)] = true;
+            dropped.insert(own[place]);
         }
-        QByteArray kept;
-        std::size_t place = 0;
-        for (const MultibetRow &row : bets.rows) {
-            const bool isOwn = !row.damaged && row.bet.bettor == bettor;
-            if (isOwn && dropped[place++])
-                continue;
-            const std::string_view line = lineOf(bets, row);
-            kept.append(line.data(), qsizetype(line.size())).append(recordEnd);
-        }
-        return kept;
+        return QByteArray::fromStdString(recordsWithout(bets.bytes, dropped));
     };
     return changeTwins(session, RecordFile::Multibets, session.settings.currentRace, withoutRemoved,
                        u"Multibets input"_s, u"Multibets output"_s, u"Multibetsbackup output"_s);

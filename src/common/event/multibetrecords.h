@@ -56,11 +56,8 @@ double totalOf(const QList<Multibet> &bets);
 // The functions below work on the files of the current race. They throw FileError and set the
 // operation label.
 
-// Reads the Multibets file under \a label; 53 when there is none.
-MultibetTable loadMultibets(Session &session, const QString &label);
-
-// The same, but a missing file is created empty, and so is its twin, a full one only after a copy
-// went to Saved (label "Multibets input").
+// Reads the Multibets file (label "Multibets input"). A missing file is created empty, and so is
+// its twin, a full one only after a copy went to Saved.
 MultibetTable loadOrCreateMultibets(Session &session);
 
 // Appends the bets to the file and to its twin, one write and flush each (label "Append Bets").

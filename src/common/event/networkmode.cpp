@@ -143,12 +143,11 @@ QString startAsMaster(Session &session, const QString &computer)
     Settings &settings = session.settings;
     const QString folder = shareFolder(computer);
     settings.eventDirectory = folder;
-    settings.networkMode = 0;
+    settings.networkMode = NetworkMode::Off;
     settings.masterComputer = computer;
     changeMarker(session, folder, ShareRecord{folder, computer, 1}, [](ShareRecord &) {});
     const QString note = createMissingEventFiles(session);
-    settings.networkMode = 1;
-    settings.isNetworkMaster = true;
+    settings.networkMode = NetworkMode::Master;
     return note;
 }
 
@@ -157,14 +156,13 @@ QString startAsSatellite(Session &session, const QString &master)
     Settings &settings = session.settings;
     const QString localDirectory = settings.eventDirectory;
     const QString folder = shareFolder(master);
-    settings.networkMode = 0;
+    settings.networkMode = NetworkMode::Off;
     try {
         changeMarker(session, folder, {}, [](ShareRecord &record) { ++record.computers; });
         settings.eventDirectory = folder;
         settings.masterComputer = master;
         const QString note = createMissingEventFiles(session);
-        settings.networkMode = 1;
-        settings.isNetworkMaster = false;
+        settings.networkMode = NetworkMode::Satellite;
         return note;
     } catch (const FileError &) {
         settings.eventDirectory = localDirectory;
@@ -184,7 +182,7 @@ bool endNetworkMode(Session &session)
     } catch (const FileError &) {
         shareReached = false;
     }
-    settings.networkMode = 0;
+    settings.networkMode = NetworkMode::Off;
     settings.eventDirectory = defaultEventDirectory(settings);
     saveInit(session);
     createMissingEventFiles(session);

@@ -7,47 +7,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void readBets(Session &session)
+// Missing Bets are created empty, and \a note tells what that moved to Saved.
+QByteArray readOrCreateBets(Session &session, QString &note)
 {
-    const QByteArray bytes =
-        readMainFile(session, RecordFile::Bets, session.settings.currentRace, u"Bets input"_s);
-    session.bets = parseBets(bytes.toStdString());
-    session.pools = poolsOf(session.bets);
+    const int race = session.settings.currentRace;
+    if (const auto bytes = readMainFileIfThere(session, RecordFile::Bets, race, u"Bets input"_s))
+        return *bytes;
+    note = CreateMissingRaceBets(session);
+    return readMainFile(session, RecordFile::Bets, race, u"Bets input"_s);
 }
 
 } // namespace
 
-QString loadHorses(Session &session, const QString &label)
+void saveHorses(Session &session, const HorseTable &horses)
 {
-    const HorseFile file =
-        parseHorses(readMainFile(session, RecordFile::Horses, session.settings.currentRace, label));
-    session.horses = file.horses;
-    return file.damage();
-}
-
-HorseFile readHorsesIfThere(Session &session, const QString &label)
-{
-    try {
-        return parseHorses(
-            readMainFile(session, RecordFile::Horses, session.settings.currentRace, label));
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-        return {};
-    }
-}
-
-void saveHorses(Session &session)
-{
-    const auto card = [&](const QByteArray &) { return horseRecords(session.horses); };
+    const auto card = [&](const QByteArray &) { return horseRecords(horses); };
     changeTwins(session, RecordFile::Horses, session.settings.currentRace, card, u"Horses input"_s,
                 u"Horses output"_s, u"Horsesbackup output"_s);
-}
-
-void loadBettors(Session &session, const QString &label)
-{
-    const QByteArray bytes = readMainFile(session, RecordFile::Bettors, 0, label);
-    session.bettors = BettorTable::parse(bytes, session.settings.bettorLimit);
 }
 
 int clearBettors(Session &session, const QString &labelEnd)
@@ -56,24 +32,16 @@ int clearBettors(Session &session, const QString &labelEnd)
     FileBatch batch(session, label);
     batch.replaceTwins(RecordFile::Bettors, 0, newBettorRecords(), label,
                        "Bettorsbackup output"_L1 + labelEnd);
-    const int kept = batch.commit();
-    session.bettors = BettorTable::parse(newBettorRecords(), session.settings.bettorLimit);
-    return kept;
+    return batch.commit();
 }
 
-QString LoadRaceBets(Session &session)
+RaceBets LoadRaceBets(Session &session)
 {
-    QString note;
-    try {
-        readBets(session);
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-        note = CreateMissingRaceBets(session);
-        readBets(session);
-    }
+    RaceBets race;
+    race.bets = parseBets(readOrCreateBets(session, race.note).toStdString());
+    race.pools = poolsOf(race.bets);
     createMissingBetsBackup(session);
-    return note;
+    return race;
 }
 
 QString CreateMissingRaceBets(Session &session)
@@ -99,23 +67,16 @@ void AppendBet(Session &session, std::span<const Bet> bets)
         u"Betsbackup Append"_s);
 }
 
-bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
-                const std::function<bool()> &confirmed, const QString &label,
+bool removeBets(Session &session, const BetChoice &choose, const QString &label,
                 const QString &twinLabel)
 {
-    const auto withoutDropped = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
-        session.bets = parseBets(bytes.toStdString());
-        if (confirmed && !confirmed())
+    const auto withoutChosen = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
+        const BetTable bets = parseBets(bytes.toStdString());
+        const auto chosen = choose(bets);
+        if (!chosen)
             return {};
-        return QByteArray::fromStdString(betFileWithout(session.bets, dropped));
+        return QByteArray::fromStdString(recordsWithout(bets.bytes, *chosen));
     };
-    bool removed = true;
-    const auto twinFailed = errorOfTwin([&] {
-        removed = changeTwins(session, RecordFile::Bets, session.settings.currentRace,
-                              withoutDropped, u"Bets input"_s, label, twinLabel);
-    });
-    if (twinFailed)
-        throw FileError(*twinFailed);
-    LoadRaceBets(session);
-    return removed;
+    return changeTwins(session, RecordFile::Bets, session.settings.currentRace, withoutChosen,
+                       u"Bets input"_s, label, twinLabel);
 }

@@ -2,34 +2,34 @@
 
 #include "common/event/session.h"
 
+#include <functional>
+#include <optional>
+#include <set>
 #include <span>
 
-// Loading and saving the record files of the current race, and the list of bettors. All functions
-// throw FileError and set the operation label.
+// Changing the record files of the current race, and the list of bettors. All functions throw
+// FileError with the label of the operation.
 
-// Reads the current race's Horses into the session. Returns what is wrong with the file, or an
-// empty text.
-QString loadHorses(Session &session, const QString &label);
-
-// The current race's Horses as they are on file now; a missing file holds none.
-HorseFile readHorsesIfThere(Session &session, const QString &label);
-
-// Rewrites the current race's Horses and Horsesbackup from the session's horses (labels "Horses
-// output", "Horsesbackup output").
-void saveHorses(Session &session);
-
-// Reads Bettors into the session.
-void loadBettors(Session &session, const QString &label);
+// Rewrites the current race's Horses and Horsesbackup (labels "Horses output", "Horsesbackup
+// output").
+void saveHorses(Session &session, const HorseTable &horses);
 
 // Rewrites Bettors and Bettorsbackup with AnyBettor alone; what they held goes to Saved first. The
 // labels are "Bettors output" and "Bettorsbackup output", each with \a labelEnd. Returns the number
 // of copies.
 int clearBettors(Session &session, const QString &labelEnd);
 
-// Reads the current race's Bets into the session's bet table and totals its pools (label "Bets
-// input"). Missing Bets are created empty; a missing Betsbackup is created as a copy of Bets.
-// Returns a note of what was moved to Saved, or an empty text.
-QString LoadRaceBets(Session &session);
+// The current race's bets, with the totals of its pools.
+struct RaceBets
+{
+    BetTable bets;
+    PoolTable pools;
+    QString note; // of what was moved to Saved, or empty
+};
+
+// Reads the current race's Bets (label "Bets input"). Missing Bets are created empty; a missing
+// Betsbackup is created as a copy of Bets (labels "Bets Append", "Betsbackup Append").
+RaceBets LoadRaceBets(Session &session);
 
 // Creates the current race's Bets and Betsbackup empty where Bets are missing; a full Betsbackup is
 // copied to Saved first (label "Bets input"). Returns a note as above.
@@ -44,11 +44,13 @@ void createMissingBetsBackup(Session &session);
 // taken off Bets again, so that nothing counts as placed.
 void AppendBet(Session &session, std::span<const Bet> bets);
 
-// Re-reads the current race's bets, and rewrites Bets and Betsbackup without the rows for which
-// \a dropped is true, after a copy of both went to Saved. Then reloads the bets. All other lines
-// stay byte for byte. \a confirmed sees the bets just read in the session before any is dropped;
-// when it is false, nothing is changed and the result is false.
-bool removeBets(Session &session, const std::function<bool(const BetRow &)> &dropped,
-                const std::function<bool()> &confirmed = {},
+// The places in the table, from 0, of the bets to take out of it; nothing to leave the files alone.
+using BetChoice = std::function<std::optional<std::set<std::size_t>>(const BetTable &bets)>;
+
+// Reads the current race's bets afresh, and rewrites Bets and Betsbackup without those that
+// \a choose picks from what was read, after a copy of both went to Saved. All other lines stay byte
+// for byte. Returns false, and nothing is changed, when \a choose picks nothing at all. It may be
+// asked again, when another computer wrote to the file meanwhile.
+bool removeBets(Session &session, const BetChoice &choose,
                 const QString &label = QStringLiteral("Bets Output"),
                 const QString &twinLabel = QStringLiteral("Betsbackup Output"));

@@ -1,8 +1,12 @@
 #pragma once
 
-#include "common/event/settings.h"
+#include "common/event/session.h"
 
 // What this computer's part among several computers allows, and where it sends the operator.
+
+// What opening the steps for several computers begins with: single-computer mode, and no bets added
+// yet.
+void startWithoutRole(Session &session);
 
 // Why the computer's role forbids the bettor list or the horses screen; empty when it does not.
 QString bettorsRefusal(const Settings &settings);

@@ -1,11 +1,9 @@
 #pragma once
 
 #include "common/event/addedbets.h"
-#include "common/event/betrecords.h"
 #include "common/event/bettors.h"
 #include "common/event/fileaccess.h"
 #include "common/event/horses.h"
-#include "common/event/pools.h"
 #include "common/event/racepayoffs.h"
 #include "common/event/settings.h"
 #include "common/files/hostpath.h"
@@ -13,16 +11,14 @@
 #include <QMap>
 
 // What one run of the program shares between its screens: made once in main, handed to every screen
-// by reference. The tables hold what was last loaded for the current race.
+// by reference. What a screen reads for itself it keeps itself.
 struct Session
 {
     Settings settings;
     HostPaths paths;
     FileAccess files;
-    BettorTable bettors;
-    HorseTable horses;
-    BetTable bets;
-    PoolTable pools;
+    BettorTable bettors;                 // the list as last read, or as its screen is changing it
+    HorseTable horses;                   // of the race being paid
     RacePayoffs payoffs;                 // while the pay-winners screen is open
     int multibetHousePercent = 0;        // of every multibet pool, for this run
     QMap<int, double> paidHousePercents; // by race: what Pay Winners paid it with in this run

@@ -4,16 +4,17 @@
 
 using namespace Qt::StringLiterals;
 
-bool Settings::receiptsPrint() const
-{
-    return receiptPrinting != "no"_L1;
-}
-
 void Settings::setReceiptPrinting(bool on)
 {
-    receiptPrinting = on ? u"yes"_s : u"no"_s;
+    receiptPrinting = on;
     if (on)
         printerAttached = true;
+}
+
+void Settings::setRole(bool main, bool satellite)
+{
+    mainComputer = main;
+    satelliteComputer = satellite;
 }
 
 QString Settings::raceName() const

@@ -47,6 +47,17 @@ std::optional<QByteArray> readIfThere(const QString &path)
     return {};
 }
 
+std::optional<QByteArray> readIfThere(const QString &path)
+{
+    try {
+        return readRecordFile(path);
+    } catch (const FileError &error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+        return {};
+    }
+}
+
 void replaceRecordFile(const QString &path, const QByteArray &bytes)
 {
     Replacement(path, bytes).commit();

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+#include <optional>
+
 // Reading and writing whole record files. Paths are this computer's own. Everything here throws
 // FileError; a file that could not be replaced is still the old one, whole.
 
@@ -16,8 +18,8 @@
 // file, 7 when it is larger than a record file can be.
 QByteArray readRecordFile(const QString &path, Links links = Links::Followed);
 
-// The same, or nothing when the file is missing.
-std::optional<QByteArray> readIfThere(const QString &path);
+// The same, or nothing when the file is missing; a missing folder is still 76.
+std::optional<QByteArray> readIfThere(const QString &path, Links links = Links::Followed);
 
 // Replaces the file: temporary file in the same folder, flushed to disk, renamed over it. There is
 // no other way: where that fails, the old file stays.

@@ -41,6 +41,25 @@ bool isBlankLine(std::string_view line)
     return line.find_first_not_of(blanks) == std::string_view::npos;
 }
 
+std::size_t countRecords(std::string_view bytes)
+{
+    std::size_t count = 0;
+    forEachRecord(bytes, [&](std::string_view) { ++count; });
+    return count;
+}
+
+std::string recordsWithout(std::string_view bytes, const std::set<std::size_t> &dropped)
+{
+    std::string kept;
+    kept.reserve(bytes.size());
+    std::size_t place = 0;
+    forEachRecord(bytes, [&](std::string_view line) {
+        if (!dropped.contains(place++))
+            kept.append(line).append("\r\n");
+    });
+    return kept;
+}
+
 bool splitRecord(std::string_view line, std::vector<RecordField> &fields)
 {
     fields.clear();

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,23 @@ bool nextRecordLine(std::string_view &rest, std::string_view &line);
 
 // True for a line that holds nothing but blanks; such a line is no record.
 bool isBlankLine(std::string_view line);
+
+// Calls \a use with each record of a file, in order; the line stays a view into \a bytes.
+template<typename Use>
+void forEachRecord(std::string_view bytes, Use &&use)
+{
+    std::string_view line;
+    while (nextRecordLine(bytes, line)) {
+        if (!isBlankLine(line))
+            use(line);
+    }
+}
+
+// The number of records in a file.
+std::size_t countRecords(std::string_view bytes);
+
+// The file again, record by record as it stands, without those at the places in \a dropped, from 0.
+std::string recordsWithout(std::string_view bytes, const std::set<std::size_t> &dropped);
 
 // Splits a line into its fields. Returns false when the line is damaged: an open quote, or text
 // beside a quoted field.

@@ -4,20 +4,7 @@
 #include "common/event/bettors.h"
 #include "common/print/format.h"
 
-#include <cmath>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// A null text for a number that no bettor carries.
-QString nameOf(const BettorTable &bettors, float number)
-{
-    const bool whole = number == std::floor(number) && std::abs(number) < 1e6F;
-    return whole ? bettors.nameOf(int(number)) : QString();
-}
-
-} // namespace
 
 BettorTotals totalsByBettor(const BetTable &bets,
                             const std::function<bool(const BetRow &)> &refunded)
@@ -42,16 +29,14 @@ SlipLine bettorRefund(const QString &name, float amount)
 
 QList<SlipLine> bettorRefunds(const BettorTotals &totals, const BettorTable &bettors)
 {
+    const BettorNames names(bettors);
     QList<SlipLine> lines;
     QList<SlipLine> badNumbers;
     for (const auto &[number, amount] : totals) {
         if (amount == 0)
             continue;
-        const QString name = nameOf(bettors, number);
-        if (name.isNull())
-            badNumbers.append(bettorRefund(plainNumber(number) + " Bad Bettor Number"_L1, amount));
-        else
-            lines.append(bettorRefund(name, amount));
+        auto &list = names.nameOf(number).isNull() ? badNumbers : lines;
+        list.append(bettorRefund(names.listed(number), amount));
     }
     return lines + badNumbers;
 }

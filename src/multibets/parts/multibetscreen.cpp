@@ -1,6 +1,6 @@
 #include "multibets/parts/multibetscreen.h"
 
-#include "common/event/multibettypes.h"
+#include "common/event/bettypes.h"
 #include "common/print/copies.h"
 #include "multibets/legs.h"
 #include "multibets/parts/typebuttons.h"

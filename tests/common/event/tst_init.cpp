@@ -68,7 +68,7 @@ void tst_init::networkDirectoryIsNotStored()
 {
     TestEvent event(false);
     event.session.settings.eventDirectory = u"\\\\MASTER\\Tshare\\"_s;
-    event.session.settings.networkMode = 1;
+    event.session.settings.networkMode = NetworkMode::Master;
     saveInit(event.session);
     event.session.settings.eventDirectory = defaultEventDirectory(event.session.settings);
     QVERIFY(event.read(u"Init"_s).contains(",\"C:\\Trelawn\\\","));

@@ -59,13 +59,13 @@ private slots:
         Computer master(share.path());
         Computer satellite(share.path());
         startAsMaster(master.session, u"HOST"_s);
-        QCOMPARE(master.session.settings.networkMode, 1);
+        QCOMPARE(master.session.settings.networkMode, NetworkMode::Master);
         QCOMPARE(master.session.settings.eventDirectory, u"\\\\HOST\\Tshare\\"_s);
         QVERIFY(QFileInfo::exists(share.filePath(u"Betsbackup Race12"_s)));
         QVERIFY(!QFileInfo::exists(share.filePath(u"Init"_s)));
 
         startAsSatellite(satellite.session, u"HOST"_s);
-        QCOMPARE(satellite.session.settings.networkMode, 1);
+        QCOMPARE(satellite.session.settings.networkMode, NetworkMode::Satellite);
         const auto computers = [&share] {
             QFile file(share.filePath(u"res"_s));
             return file.open(QIODevice::ReadOnly) ? decodeShareRecord(file.readAll())->computers
@@ -87,7 +87,7 @@ private slots:
     {
         Computer master{QString()};
         QVERIFY_THROWS_EXCEPTION(FileError, startAsMaster(master.session, u"HOST"_s));
-        QCOMPARE(master.session.settings.networkMode, 0);
+        QVERIFY(!master.session.settings.isNetworked());
         QCOMPARE(master.session.settings.eventDirectory, u"\\\\HOST\\Tshare\\"_s);
 
         QTemporaryDir share;
@@ -98,7 +98,7 @@ private slots:
         damaged.close();
         QVERIFY_THROWS_EXCEPTION(FileError, startAsSatellite(satellite.session, u"HOST"_s));
         QCOMPARE(satellite.session.settings.eventDirectory, u"C:\\Trelawn\\"_s);
-        QCOMPARE(satellite.session.settings.networkMode, 0);
+        QVERIFY(!satellite.session.settings.isNetworked());
     }
 
     // The share may vanish in mid-event: the computer goes local all the same and tells.
@@ -110,7 +110,7 @@ private slots:
         QVERIFY(share.remove());
         QVERIFY(!endNetworkMode(master.session));
         QCOMPARE(master.session.settings.eventDirectory, u"C:\\Trelawn\\"_s);
-        QCOMPARE(master.session.settings.networkMode, 0);
+        QVERIFY(!master.session.settings.isNetworked());
     }
 
     // The dialogue on the menu: what each answer leads to.
@@ -170,7 +170,7 @@ private slots:
         clickButton(computer.open(u"frmmenub"_s), u"cmdstartnw"_s);
         QVERIFY(boxes.allCame());
         const Settings &settings = computer.session.settings;
-        QCOMPARE(settings.networkMode, status.isEmpty() ? 0 : 1);
+        QCOMPARE(settings.isNetworked(), !status.isEmpty());
         QTEST(settings.eventDirectory, "directory");
         QTEST(labelText(computer.current(), u"lblnetwork"_s), "status");
         QCOMPARE(child<QWidget>(computer.current(), u"cmdendnw"_s)->isEnabled(), !status.isEmpty());
@@ -181,7 +181,7 @@ private slots:
         QCOMPARE(computer.navigator().window()->windowTitle(),
                  u"Using network files as master computer"_s);
         clickButton(computer.open(u"frmmenub"_s), u"cmdendnw"_s);
-        QCOMPARE(settings.networkMode, 0);
+        QVERIFY(!settings.isNetworked());
         QCOMPARE(settings.eventDirectory, u"C:\\Trelawn\\"_s);
         QCOMPARE(labelText(computer.current(), u"lblnetwork"_s), none);
     }
