@@ -56,3 +56,10 @@ for awk in mawk gawk; do
     command -v $awk >/dev/null && compare $awk settle_awk $awk
 done
 command -v sqlite3 >/dev/null && compare sqlite3 settle_sqlite
+
+echo
+echo "== From the start of the process to the first painted screen (median of 21 runs)"
+bare=$(median build/bench/bench/first_screen grid)
+setup=$(median build/bench/bench/first_screen setup)
+awk "BEGIN { printf \"%-26s %9d us\\n%-26s %9d us  %.2f times\\n\", \"200 bare fields\", $bare,
+    \"setup screen\", $setup, $setup / $bare }"

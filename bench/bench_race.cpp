@@ -8,11 +8,13 @@
 #include "common/event/settle.h"
 #include "common/files/recordfile.h"
 #include "screens.h"
+#include "ui/printing.h"
 #include "ui/slipprinter.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -149,15 +151,50 @@ void appendSheetOf63Cells(benchmark::State &state)
 }
 BENCHMARK(appendSheetOf63Cells)->Unit(benchmark::kMillisecond);
 
+// The list window with every bet of the race, as long as a bet's line is.
+void listAllBets(benchmark::State &state)
+{
+    FullEvent event;
+    SlipPrinter printer;
+    Navigator navigator(event.session, printer, allScreens());
+    navigator.open(u"frmmenub"_s);
+    QStringList lines;
+    for (int n = 1; n <= fullRace; ++n)
+        lines.append(QString::number(n) + u"  SECOND WIND           Win            $1,234.50"_s);
+    for (auto _ : state) {
+        showListing({event.session, navigator, printer}, lines);
+        QCoreApplication::processEvents();
+        navigator.window()->findChild<QAbstractButton *>(u"cmdreturn"_s)->click();
+        QCoreApplication::processEvents();
+    }
+}
+BENCHMARK(listAllBets)->Unit(benchmark::kMillisecond);
+
+// Bytes of memory that the process has taken; 0 where the system does not tell.
+double memoryTaken()
+{
+    QFile status(u"/proc/self/statm"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    return status.readAll().split(' ').value(1).toDouble() * 4096;
+}
+
 void openBetSheet(benchmark::State &state)
 {
     FullEvent event;
     SlipPrinter printer;
     Navigator navigator(event.session, printer, allScreens());
-    for (auto _ : state) {
+    const auto open = [&navigator] {
         navigator.open(u"frmsheetb"_s);
         QCoreApplication::processEvents();
-    }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    for (int n = 0; n < 50; ++n)
+        open();
+    const double before = memoryTaken();
+    for (auto _ : state)
+        open();
+    state.counters["growth_bytes"] = (memoryTaken() - before) / double(state.iterations());
 }
 BENCHMARK(openBetSheet)->Unit(benchmark::kMillisecond);
 

@@ -61,7 +61,6 @@ void frmreportb::build()
     lstreport->setObjectName(u"lstreport"_s);
     lstreport->setAccessibleName(u"Preview of the report"_s);
     lstreport->setFont(fixedPitchFont());
-    lstreport->setUniformItemSizes(true); // a whole evening's bets are shown at once
     lstreport->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_model = new QStringListModel(this);
     lstreport->setModel(m_model);
@@ -220,6 +219,7 @@ void frmreportb::showReport()
         m_report = makeReport(session, request);
         m_lines = reportLines(m_report);
     });
+    setUniformLines(lstreport, m_lines.lines); // a whole evening's bets are shown at once
     m_model->setStringList(m_lines.lines);
     for (QPushButton *button : {cmdprint, cmdcsv, cmdpdf})
         button->setEnabled(good);

@@ -174,7 +174,8 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
         results += compareBets(before, incoming, card.horses);
         results.last().race = race;
         if (!incoming.rows.empty())
-            batch.append(RecordFile::Bets, race, QByteArray::fromStdString(wholeLines(incoming)),
+            batch.append(RecordFile::Bets, race,
+                         QByteArray::fromStdString(recordsWithout(incoming.bytes, {})),
                          u"Bets Append"_s);
         tell(progress, race, 2 * raceCount);
     }

@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QSet>
 #include <QStyle>
+#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
 
@@ -380,4 +381,41 @@ QFont fixedPitchFont(double pointSize)
     if (pointSize > 0)
         font.setPointSizeF(pointSize);
     return font;
+}
+
+namespace {
+
+class UniformLines : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void setTextWidth(int width) { m_textWidth = width; }
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
+        return {m_textWidth + 2 * margin, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+
+private:
+    int m_textWidth = 0;
+};
+
+} // namespace
+
+void setUniformLines(QListView *list, const QStringList &lines)
+{
+    const auto shorter = [](const QString &one, const QString &other) {
+        return one.size() < other.size();
+    };
+    const auto longest = std::ranges::max_element(lines, shorter);
+    auto *delegate = dynamic_cast<UniformLines *>(list->itemDelegate());
+    if (!delegate) {
+        delegate = new UniformLines(list);
+        list->setItemDelegate(delegate);
+        list->setUniformItemSizes(true);
+    }
+    delegate->setTextWidth(
+        longest == lines.end() ? 0 : list->fontMetrics().horizontalAdvance(*longest));
 }

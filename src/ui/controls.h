@@ -10,6 +10,7 @@ class QBoxLayout;
 class QButtonGroup;
 class QCheckBox;
 class QGroupBox;
+class QListView;
 class QListWidget;
 class QPushButton;
 
@@ -145,3 +146,7 @@ void fitCharacters(QWidget *field, int characters);
 
 // The fixed-pitch font of lists and receipts.
 QFont fixedPitchFont(double pointSize = 0);
+
+// Lays out a list of text lines at once however long it is: every line gets the size of the longest
+// of \a lines, so that none is measured alone and none is cut.
+void setUniformLines(QListView *list, const QStringList &lines);

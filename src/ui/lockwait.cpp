@@ -1,7 +1,8 @@
 #include "ui/lockwait.h"
 
+#include "ui/progressbox.h"
+
 #include <QCoreApplication>
-#include <QProgressDialog>
 
 using namespace Qt::StringLiterals;
 
@@ -11,12 +12,8 @@ class LockWait : public WaitNotice
 {
 public:
     LockWait(QWidget *window, const QString &holder)
-        : m_box(window)
+        : m_box(window, "Waiting for "_L1 + holder)
     {
-        m_box.setWindowTitle(u"TRELAWN"_s);
-        m_box.setWindowModality(Qt::ApplicationModal);
-        m_box.setLabelText("Waiting for "_L1 + holder);
-        m_box.setRange(0, 0);
         m_box.show();
     }
 
@@ -27,7 +24,7 @@ public:
     }
 
 private:
-    QProgressDialog m_box;
+    ProgressBox m_box;
 };
 
 } // namespace

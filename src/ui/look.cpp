@@ -4,28 +4,48 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// The palette comes from the style, not from the application: one that is set explicitly counts as
+// each widget's own, and the style then keeps pixmaps for every single widget ever shown.
+class HouseStyle : public QProxyStyle
+{
+public:
+    HouseStyle()
+        : QProxyStyle(u"Fusion"_s)
+    {
+    }
+
+    void polish(QPalette &palette) override
+    {
+        palette.setColor(QPalette::Window, QColor(0xee, 0xf2, 0xee));
+        palette.setColor(QPalette::WindowText, QColor(0x1a, 0x24, 0x1d));
+        palette.setColor(QPalette::Base, Qt::white);
+        palette.setColor(QPalette::Text, QColor(0x10, 0x18, 0x12));
+        palette.setColor(QPalette::Button, QColor(0xdd, 0xe6, 0xdf));
+        palette.setColor(QPalette::ButtonText, QColor(0x10, 0x18, 0x12));
+        palette.setColor(QPalette::Highlight, QColor(0x1f, 0x6b, 0x3f));
+        palette.setColor(QPalette::HighlightedText, Qt::white);
+        palette.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfb, 0xe0));
+        palette.setColor(QPalette::ToolTipText, QColor(0x20, 0x20, 0x10));
+        for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
+            palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x88, 0x82));
+        palette.setResolveMask(0);
+    }
+
+    using QProxyStyle::polish;
+};
+
+} // namespace
 
 void applyLook(QApplication &application)
 {
     substituteNamedFonts();
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-    QPalette palette;
-    palette.setColor(QPalette::Window, QColor(0xee, 0xf2, 0xee));
-    palette.setColor(QPalette::WindowText, QColor(0x1a, 0x24, 0x1d));
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, QColor(0x10, 0x18, 0x12));
-    palette.setColor(QPalette::Button, QColor(0xdd, 0xe6, 0xdf));
-    palette.setColor(QPalette::ButtonText, QColor(0x10, 0x18, 0x12));
-    palette.setColor(QPalette::Highlight, QColor(0x1f, 0x6b, 0x3f));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfb, 0xe0));
-    palette.setColor(QPalette::ToolTipText, QColor(0x20, 0x20, 0x10));
-    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
-        palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x88, 0x82));
-    QApplication::setPalette(palette);
+    QApplication::setStyle(new HouseStyle);
     QFont font(u"Liberation Sans"_s);
     font.setStyleHint(QFont::SansSerif);
     font.setPointSizeF(10);

@@ -1,6 +1,7 @@
 #include "ui/printing.h"
 
 #include "common/event/session.h"
+#include "ui/controls.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
@@ -80,6 +81,7 @@ void showListing(const ScreenContext &context, const Slip &slip)
 {
     QWidget *window = context.navigator.openBeside(u"frmlistb"_s);
     auto *list = window->findChild<QListWidget *>(u"List1"_s);
+    setUniformLines(list, slipText(slip));
     for (int i = 0; i < int(slip.lines.size()); ++i) {
         if (Slip::isPageBreak(slip.lines[i]))
             continue;

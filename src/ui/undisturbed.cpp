@@ -4,12 +4,13 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QEvent>
+#include <QList>
 #include <QSignalBlocker>
 #include <QWindow>
 
 namespace {
 
-int open = 0; // boxes and waits, one inside the other
+QList<const Undisturbed *> open; // boxes and waits, the one that is asked last
 
 bool isInside(const QObject *object, const QWidget *box)
 {
@@ -65,22 +66,24 @@ void endPress(QAbstractButton *button, QEvent *timer)
 Undisturbed::Undisturbed(const QWidget *box)
     : m_box(box)
 {
-    ++open;
+    open.append(this);
     QCoreApplication::instance()->installEventFilter(this);
 }
 
 Undisturbed::~Undisturbed()
 {
-    --open;
+    open.removeOne(this);
 }
 
 bool Undisturbed::isAny()
 {
-    return open > 0;
+    return !open.isEmpty();
 }
 
 bool Undisturbed::eventFilter(QObject *object, QEvent *event)
 {
+    if (this != open.last()) // the box on top decides for all
+        return false;
     if (event->type() == QEvent::Timer) {
         auto *button = qobject_cast<QAbstractButton *>(object);
         if (!button || isInside(button, m_box))

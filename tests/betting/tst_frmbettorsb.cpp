@@ -193,10 +193,12 @@ void tst_frmbettorsb::refundWithoutPaper()
 // What the main file lost is owed to the bettor, although the deletion did not come to its end.
 void tst_frmbettorsb::refundWhenTheBackupFails()
 {
+#ifdef Q_OS_LINUX
     ListEvent event;
     event.write(u"Bets Race1"_s, "2,1,1,5\r\n3,4,2,2\r\n");
     const QString twin = event.path(u"Betsbackup Race1"_s);
-    QVERIFY(QFile::link(u"/nowhere/at/all"_s, twin));
+    // Next to it nobody can write, whatever the rights of the user are.
+    QVERIFY(QFile::link(u"/proc/self/oom_score_adj"_s, twin));
     BoxRobot robot;
     event.list();
     robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
@@ -208,6 +210,7 @@ void tst_frmbettorsb::refundWhenTheBackupFails()
     QCOMPARE(event.names().size(), 3);
     QCOMPARE(event.slips.size(), 1);
     QCOMPARE(slipText(event.slips.front()).last(), u"SMITH-JOHN                  $5.00"_s);
+#endif
 }
 
 void tst_frmbettorsb::clearing()

@@ -82,7 +82,7 @@ void placeSome(Session &session)
     BetEntries entries;
     entries.add(3, BetType::Win, 5);
     entries.add(3, BetType::Place, 2.5F);
-    placeBets(session, entries, 2);
+    placeBets(session, planPlacement(entries, 2, 0, session.settings.betLimit));
 }
 
 void saveNewBettor(Session &session)
@@ -237,9 +237,11 @@ public:
         }
     }
 
+    // A file that an append made before it failed holds nothing: that is as good as none.
     std::optional<QByteArray> now(const QString &name) const
     {
-        return readIfThere(m_data.filePath(name));
+        const auto bytes = readIfThere(m_data.filePath(name));
+        return op.appends && bytes == QByteArray() ? std::nullopt : bytes;
     }
     std::optional<QByteArray> wanted(const QString &name) const
     {
@@ -270,6 +272,12 @@ public:
         return bytes == before || bytes == wanted(name) || part;
     }
 
+    // Init and what is not in the event directory have neither twin nor copies.
+    bool keepsRecords() const
+    {
+        return op.before.firstKey().startsWith(trelawn) && !op.before.contains(trelawn + "Init"_L1);
+    }
+
     // Every line that was there is in its file, in a file that replaced it or in Saved.
     bool isNothingLost() const
     {
@@ -280,10 +288,8 @@ public:
             all += now(name).value_or(QByteArray());
         return std::ranges::all_of(op.before, [&](const std::optional<QByteArray> &bytes) {
             return std::ranges::all_of(
-                linesOf(bytes.value_or(QByteArray())), [&](const QByteArray &line) {
-                    return all.contains(line)
-                           || !op.before.firstKey().startsWith("drives/C/Trelawn/"_L1);
-                });
+                linesOf(bytes.value_or(QByteArray())),
+                [&](const QByteArray &line) { return all.contains(line) || !keepsRecords(); });
         });
     }
 
@@ -360,7 +366,9 @@ private slots:
             QVERIFY2(stage.isNothingLost(), call);
             if (round.died)
                 return;
-            QVERIFY2(stage.leftNothingBehind() || fault == Fault::DiskGone, call);
+            // Where even deleting fails, a temporary file may stay.
+            const bool mayDelete = fault == Fault::DiskFull || fault == Fault::IoError;
+            QVERIFY2(stage.leftNothingBehind() || !mayDelete, call);
             QVERIFY2(round.error || stage.isDone(), call);
             if (!round.error)
                 return;

@@ -327,16 +327,17 @@ QStringList listTexts(QWidget *screen, const QString &name)
 std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns)
 {
     std::vector<ScreenEntry> screens;
-    for (const ScreenEntry &entry : allScreens()) {
-        if (names.contains(entry.name))
+    for (ScreenEntry entry : allScreens()) {
+        if (standIns.contains(entry.name)) {
+            entry.entered = {};
+            entry.make = [](const ScreenContext &) {
+                auto *blank = new QWidget;
+                makeNoteLine(blank);
+                return blank;
+            };
+        }
+        if (names.contains(entry.name) || standIns.contains(entry.name))
             screens.push_back(entry);
-    }
-    for (const QString &name : standIns) {
-        screens.push_back({name, name, {}, [](const ScreenContext &) {
-                               auto *blank = new QWidget;
-                               makeNoteLine(blank);
-                               return blank;
-                           }});
     }
     return screens;
 }

@@ -1,7 +1,5 @@
 #include "kit/testkit.h"
 
-#include <QPushButton>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -40,7 +38,6 @@ class tst_frmmenub : public QObject
 private slots:
     void heading();
     void buttonsOpenTheirScreens();
-    void buttonsWithoutScreenAreDisabled();
     void rolesRefuse();
     void failedLoadLeavesTheMenuOpen();
     void closeBoxEndsTheProgram();
@@ -76,21 +73,6 @@ void tst_frmmenub::buttonsOpenTheirScreens()
         QCOMPARE(menu.navigator.currentName(), screen);
     }
     QVERIFY(menu.robot.allCame());
-}
-
-void tst_frmmenub::buttonsWithoutScreenAreDisabled()
-{
-    MenuEvent menu({u"frminitb"_s});
-    QWidget *screen = menu.open();
-    QStringList enabled;
-    for (auto *button : screen->findChildren<QPushButton *>()) {
-        QVERIFY2(button->isVisible(), qPrintable(button->objectName()));
-        // What is done on the menu itself needs no screen.
-        if (button->isEnabled() && !button->objectName().endsWith(u"nw"_s)
-            && button->objectName() != "cmdclearbets"_L1 && button->objectName() != "cmdbackup"_L1)
-            enabled << button->objectName();
-    }
-    QCOMPARE(enabled, (QStringList{u"cmdsetup"_s, u"cmdexit"_s}));
 }
 
 void tst_frmmenub::rolesRefuse()

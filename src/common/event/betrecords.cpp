@@ -3,21 +3,48 @@
 #include "common/files/recordlines.h"
 
 #include <algorithm>
-#include <charconv>
+#include <array>
 #include <cmath>
 
 namespace {
 
-// A bare number followed by a comma or the end of the line, as this program writes them; anything
-// else is left to the full reader.
-bool takePlainNumber(const char *&at, const char *end, float &value)
+// What a number as this program writes it may have: few enough digits that both its digits and the
+// power of ten are exact in single precision, so that their quotient is the number rounded once.
+constexpr std::array<float, 8> powersOfTen{1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
+constexpr int exactDigits = 7;
+
+// Takes digits with at most one point among them up to \a mark off the line; anything else is left
+// to the full reader.
+bool takePlainNumber(const char *&at, const char *end, char mark, float &value)
 {
-    const auto [next, error] = std::from_chars(at, end, value);
-    if (error != std::errc() || !std::isfinite(value))
+    int digits = 0;
+    int decimals = 0;
+    int number = 0;
+    bool pastPoint = false;
+    for (; at != end && *at != mark; ++at) {
+        const auto digit = unsigned(*at - '0');
+        if (digit <= 9) {
+            number = number * 10 + int(digit);
+            decimals += pastPoint ? 1 : 0;
+            if (++digits > exactDigits)
+                return false;
+        } else if (*at == '.' && !pastPoint) {
+            pastPoint = true;
+        } else {
+            return false;
+        }
+    }
+    value = float(number);
+    if (decimals > 0)
+        value /= powersOfTen[std::size_t(decimals)];
+    return digits > 0;
+}
+
+bool takeField(const char *&at, const char *end, float &value)
+{
+    if (!takePlainNumber(at, end, ',', value) || at == end)
         return false;
-    if (next != end && *next != ',')
-        return false;
-    at = next == end ? end : next + 1;
+    ++at;
     return true;
 }
 
@@ -25,9 +52,8 @@ bool parsePlainBet(std::string_view line, Bet &bet)
 {
     const char *at = line.data();
     const char *end = at + line.size();
-    return std::count(at, end, ',') == 3 && takePlainNumber(at, end, bet.bettor)
-           && takePlainNumber(at, end, bet.post) && takePlainNumber(at, end, bet.type)
-           && takePlainNumber(at, end, bet.amount) && line.back() != ',';
+    return takeField(at, end, bet.bettor) && takeField(at, end, bet.post)
+           && takeField(at, end, bet.type) && takePlainNumber(at, end, '\n', bet.amount);
 }
 
 } // namespace

@@ -5,8 +5,8 @@
 
 #include <QFileInfo>
 #include <QHash>
-#include <QSet>
 
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -30,13 +30,11 @@ bool losesLines(const QByteArray &old, const QByteArray &records)
 {
     if (records.startsWith(old))
         return false;
-    const auto trimmedLines = [](const QByteArray &bytes) {
-        QSet<QByteArray> lines;
-        for (const QByteArray &line : linesOf(bytes))
-            lines.insert(line.trimmed());
-        return lines;
-    };
-    return !trimmedLines(records).contains(trimmedLines(old));
+    QHash<QByteArray, int> counts;
+    for (const QByteArray &line : linesOf(records))
+        ++counts[line.trimmed()];
+    return std::ranges::any_of(
+        linesOf(old), [&](const QByteArray &line) { return --counts[line.trimmed()] < 0; });
 }
 
 void keepIfLosing(Session &session, const QString &path, const QByteArray &records)
@@ -226,8 +224,11 @@ private:
                 createRecordFile(path, now);
         } catch (FileError &error) {
             // The records are on file in both, or in none.
-            error.setAftermath(m_main->cutTo(m_found.size()) ? Aftermath::AsBefore
-                                                             : Aftermath::Unsure);
+            const bool twinIsUnsure = error.aftermath() == Aftermath::Unsure;
+            const bool isCut = m_main->cutTo(m_found.size());
+            error.setAftermath(isCut ? Aftermath::AsBefore : Aftermath::Unsure);
+            if (isCut && twinIsUnsure)
+                error.setRemark(u"The backup may hold records that were not placed."_s);
             throw;
         }
     }

@@ -36,26 +36,15 @@ QByteArray readRecordFile(const QString &path, Links links)
     return HostFile(path, HostFile::Mode::Read, links).readAll();
 }
 
-std::optional<QByteArray> readIfThere(const QString &path)
+std::optional<QByteArray> readIfThere(const QString &path, Links links)
 {
     try {
-        return readRecordFile(path);
+        return readRecordFile(path, links);
     } catch (const FileError &error) {
         if (error.number() != ErrorNumber::FileNotFound)
             throw;
     }
     return {};
-}
-
-std::optional<QByteArray> readIfThere(const QString &path)
-{
-    try {
-        return readRecordFile(path);
-    } catch (const FileError &error) {
-        if (error.number() != ErrorNumber::FileNotFound)
-            throw;
-        return {};
-    }
 }
 
 void replaceRecordFile(const QString &path, const QByteArray &bytes)
