@@ -356,11 +356,18 @@ QString frmbettorsb::lostChanges() const
 void frmbettorsb::leaveTo(const QString &screen)
 {
     QString note = lostChanges();
+    const auto save = [&] { note = saveBettors(m_context.session, m_asRead); };
     if (m_loaded && !note.isEmpty() && !m_saveFailed) {
-        m_saveFailed = !trapErrors(this, ErrorStyle::NumberAndDescription,
-                                   [&] { note = saveBettors(m_context.session, m_asRead); });
+        m_saveFailed = !trapErrors(this, ErrorStyle::NumberAndDescription, save);
         if (m_saveFailed)
             return addNote(u"The list was not saved. Pressing again leaves without saving."_s);
+    } else if (m_saveFailed) {
+        try {
+            save(); // what stood in the way may be gone
+        } catch (const FileError &error) {
+            if (error.aftermath() == Aftermath::MainChanged)
+                note = u"The list was saved, its backup was not."_s;
+        }
     }
     m_context.navigator.open(screen, note);
 }

@@ -1,4 +1,5 @@
 #include "common/files/fileerror.h"
+#include "common/files/recordfile.h"
 #include "kit/testkit.h"
 #include "ui/mainwindow.h"
 
@@ -202,7 +203,9 @@ void tst_frmbettorsb::refundWhenTheBackupFails()
     BoxRobot robot;
     event.list();
     robot.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
-    robot.expect(u"53 File not found\nThe file was changed, its backup was not."_s,
+    const int refusal = errorOf([&] { replaceRecordFile(twin, {}); });
+    robot.expect(QString::number(refusal) + u' ' + errorDescription(ErrorNumber(refusal))
+                     + u"\nThe file was changed, its backup was not."_s,
                  u"Betsbackup Output"_s);
     event.removeName(u"SMITH-JOHN"_s);
     QVERIFY(robot.allCame());

@@ -42,6 +42,9 @@ public:
     // An input box whose text is accepted as it stands there.
     void expectInputKept(const QString &text, const QString &title);
 
+    // Leaves the boxes to the test itself, until the last robot's end.
+    void rest();
+
     // True when all expected boxes came and no other. A test that goes on calls it through QVERIFY
     // where it matters that a box came before the next step.
     bool allCame();

@@ -1,4 +1,5 @@
 #include "common/event/betrecords.h"
+#include "common/event/horses.h"
 #include "common/event/racefiles.h"
 #include "kit/testkit.h"
 #include "transfer/thumbdrive.h"
@@ -52,7 +53,12 @@ struct Computer : TestEvent
     }
 };
 
-const QByteArray card = "1,0,\"1 \",\"Rex\"\r\n2,0,\"2 \",\"Ada\"\r\n";
+const QByteArray card = [] {
+    HorseTable horses;
+    horses.post(1) = {1, 0, u"1"_s, u"Rex"_s};
+    horses.post(2) = {2, 0, u"2"_s, u"Ada"_s};
+    return horseRecords(horses);
+}();
 const QByteArray bettors = "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n";
 
 } // namespace

@@ -162,6 +162,7 @@ void tst_quickkeys::everyScreen()
     int boxes = 0;
     for (bool more = true; more;) {
         TestEvent event;
+        event.boxes.rest();
         fillRace(event);
         Rusher rusher(event.navigator());
         QWidget *screen = event.open(name);
