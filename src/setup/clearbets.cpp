@@ -57,9 +57,10 @@ Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stak
     return refundSlip(list);
 }
 
-bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes)
+bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes,
+                   const std::function<void()> &listRefunds)
 {
     const QString name = recordFileName(file);
-    return deleteTwins(session, file, session.settings.currentRace, stakes.records,
+    return deleteTwins(session, file, session.settings.currentRace, stakes.records, listRefunds,
                        name + u" Output"_s, name + u"backup Output"_s);
 }

@@ -3,6 +3,8 @@
 #include "common/event/eventfiles.h"
 #include "common/print/refundlist.h"
 
+#include <functional>
+
 // Clearing the current race's bets with refunds. File work throws FileError and sets the operation
 // label.
 
@@ -24,8 +26,10 @@ RaceStakes multibetStakes(Session &session);
 // The list of what every bettor gets back for \a stakes of Bets or Multibets.
 Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes);
 
-// Deletes the current race's Bets or Multibets and the twin after copies of both went to Saved.
+// Deletes the current race's Bets or Multibets and the twin after copies of both went to Saved and
+// \a listRefunds has put out what is paid back.
 // False, and nothing deleted, when another program has changed the file since the stakes were read.
 // When only the twin could not be deleted, the bets are gone all the same: the error's aftermath
 // says so.
-bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes);
+bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes,
+                   const std::function<void()> &listRefunds = {});

@@ -270,28 +270,33 @@ void frmmenub::clearMultibets(bool printWanted)
     }
 }
 
-// The list of refunds follows the deletion: nobody is paid for bets that are still on file.
+// The list of refunds comes between the copies and the deletion: bets that are gone without it
+// could not be paid back.
 bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool printWanted)
 {
     Session &session = m_context.session;
-    bool deleted = true;
-    const auto twinFailed = errorOfTwin([&] { deleted = clearRaceFile(session, file, stakes); });
-    if (!deleted) {
-        showMessage(this,
-                    u"Another computer changed the bets meanwhile. Nothing was cleared: "
-                    "clear again"_s,
-                    u"Clear bets"_s);
-        return false;
-    }
-    if (printWanted) {
+    bool isListed = false;
+    const auto listRefunds = [&] {
         const PrintTask task{
             .label = u"Print Refunds"_s,
             .style = ErrorStyle::DescriptionAndLabel,
             .gate = PrintGate::Receipts,
         };
-        addNote(printOrList(this, m_context, task, raceRefunds(session, file, stakes),
-                            u"The refund list"_s)
-                    .note);
+        const Slip refunds = raceRefunds(session, file, stakes);
+        if (printWanted)
+            addNote(printOrList(this, m_context, task, refunds, u"The refund list"_s).note);
+        isListed = printWanted;
+    };
+    bool deleted = true;
+    const auto twinFailed =
+        errorOfTwin([&] { deleted = clearRaceFile(session, file, stakes, listRefunds); });
+    if (!deleted) {
+        showMessage(
+            this,
+            u"Another computer changed the bets meanwhile. Nothing was cleared: "_s
+                + (isListed ? u"discard the list of refunds and clear again"_s : u"clear again"_s),
+            u"Clear bets"_s);
+        return false;
     }
     if (stakes.damaged > 0)
         addNote(u"Damaged lines that could not be refunded, kept in Saved: "_s

@@ -268,19 +268,35 @@ bool changeTwins(Session &session, RecordFile file, int race, const RecordChange
 }
 
 bool deleteTwins(Session &session, RecordFile file, int race, const QByteArray &expected,
-                 const QString &label, const QString &twinLabel)
+                 const std::function<void()> &beforeDeletion, const QString &label,
+                 const QString &twinLabel)
 {
-    const auto lock = labelled(session, label, [&] { return EventLock(session); });
     const QString main = mainFile(session, file, race);
     const QString twin = twinFile(session, file, race);
-    const bool deleted = labelled(session, label, [&] {
+    const auto isExpected = [&] {
         const QByteArray found = readIfThere(main).value_or(QByteArray());
-        if (withSettledEnd(session, file, race, found) != expected)
+        return withSettledEnd(session, file, race, found) == expected;
+    };
+    const auto keepBoth = [&] {
+        for (const QString &path : {main, twin})
+            keepInSaved(session, path);
+    };
+    const bool kept = labelled(session, label, [&] {
+        const EventLock lock(session);
+        if (!isExpected())
             return false;
-        labelled(session, recordFileName(file) + " Saved"_L1, [&] {
-            for (const QString &path : {main, twin})
-                keepInSaved(session, path);
-        });
+        labelled(session, recordFileName(file) + " Saved"_L1, keepBoth);
+        return true;
+    });
+    if (!kept)
+        return false;
+    if (beforeDeletion)
+        beforeDeletion();
+
+    const auto lock = labelled(session, label, [&] { return EventLock(session); });
+    const bool deleted = labelled(session, label, [&] {
+        if (!isExpected())
+            return false;
         lock.demandHeld();
         deleteRecordFile(main);
         return true;

@@ -51,6 +51,8 @@ QByteArray appendTwins(Session &session, RecordFile file, int race, const NewLin
                        const QString &inputLabel, const QString &label, const QString &twinLabel);
 
 // Deletes a record file and its twin, unless the main file holds something else than \a expected by
-// now: then the result is false. Copies of both go to Saved first.
+// now: then the result is false. Copies of both go to Saved first; \a beforeDeletion comes between,
+// without the lock, and what others write meanwhile keeps the files as well.
 bool deleteTwins(Session &session, RecordFile file, int race, const QByteArray &expected,
-                 const QString &label, const QString &twinLabel);
+                 const std::function<void()> &beforeDeletion, const QString &label,
+                 const QString &twinLabel);
