@@ -15,6 +15,7 @@
 #include "ui/printing.h"
 #include "ui/prompts.h"
 
+#include <QButtonGroup>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
