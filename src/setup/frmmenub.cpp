@@ -344,8 +344,13 @@ void frmmenub::becomeMaster()
         const QString note = startAsMaster(session, name);
         m_context.navigator.open(u"frmmenub"_s, note);
     } catch (const FileError &error) {
-        if (!isShareMissing(error))
-            return showFileError(this, error, ErrorStyle::DescriptionAndLabel);
+        if (!isShareMissing(error)) {
+            showFileError(this, error, ErrorStyle::DescriptionAndLabel);
+            lblnote->setText(u"Network mode is off. If the file res in "_s
+                             + session.settings.eventDirectory
+                             + u" is damaged, delete it there and start again."_s);
+            return;
+        }
         showMessage(this, u"Network not available - ending network mode"_s);
         lblnote->setText(u"The event directory is now "_s + session.settings.eventDirectory
                          + u". Share that folder and start again, or choose the directory on the "
@@ -371,13 +376,13 @@ void frmmenub::joinMaster()
 void frmmenub::endNetwork()
 {
     Session &session = m_context.session;
-    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-        const bool reached = endNetworkMode(session);
-        m_context.navigator.open(u"frmmenub"_s,
-                                 reached ? QString()
-                                         : u"The shared folder could not be reached. This computer "
-                                           "uses its own files again."_s);
-    });
+    bool reached = true;
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { reached = endNetworkMode(session); });
+    // After a failure this computer is wholly in or wholly out; the menu says which.
+    m_context.navigator.open(u"frmmenub"_s,
+                             reached ? QString()
+                                     : u"The shared folder could not be reached. This computer "
+                                       "uses its own files again."_s);
 }
 
 void frmmenub::addNote(const QString &note)

@@ -1,12 +1,13 @@
 #include "transfer/addedtable.h"
 
+#include "common/event/settings.h"
 #include "common/print/format.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QString dollars(float amount)
+QString dollars(double amount)
 {
     return formatMoney(amount, "$#,##0.00");
 }
@@ -20,6 +21,7 @@ AddedBetsTable addedBetsTable(const QList<AddedBets> &races)
         return table;
     AddedBets all;
     QStringList imported;
+    QStringList full;
     table.rows = {{u"Bets added"_s},
                   {u"Dollars added"_s},
                   {u"No horse"_s},
@@ -40,12 +42,21 @@ AddedBetsTable addedBetsTable(const QList<AddedBets> &races)
         all.withoutHorse += race.withoutHorse;
         all.betsNow += race.betsNow;
         all.dollarsNow += race.dollarsNow;
+        all.unknownBettors += race.unknownBettors;
         if (race.looksImported)
-            imported << "Race"_L1 + QString::number(race.race);
+            imported << raceName(race.race).trimmed();
+        if (race.overLimit)
+            full << raceName(race.race).trimmed();
     }
     addColumn(u"All"_s, all);
+    QStringList notes;
     if (!imported.isEmpty())
-        table.note =
-            imported.join(", "_L1) + " looks imported before: every bet added was on file"_L1;
+        notes << imported.join(", "_L1) + " looks imported before: every bet added was on file"_L1;
+    if (all.unknownBettors > 0)
+        notes << "Bets added of bettor numbers that are not in the list of bettors: "_L1
+                     + QString::number(all.unknownBettors);
+    if (!full.isEmpty())
+        notes << full.join(", "_L1) + " holds more bets now than the bet limit"_L1;
+    table.note = notes.join(u'\n');
     return table;
 }

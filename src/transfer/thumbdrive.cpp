@@ -86,16 +86,18 @@ QMap<std::string, int> countedRecords(const BetTable &bets)
     return counts;
 }
 
-AddedBets compareBets(const BetTable &before, const BetTable &added, const HorseTable &horses)
+AddedBets compareBets(const BetTable &before, const BetTable &added, const HorseTable &horses,
+                      const BettorNames &bettors)
 {
     AddedBets result;
     result.bets = int(added.rows.size());
     result.betsNow = int(before.rows.size() + added.rows.size());
     for (const BetRow &row : before.rows)
-        result.dollarsNow += row.bet.amount;
+        result.dollarsNow += double(row.bet.amount);
     for (const BetRow &row : added.rows) {
-        result.dollars += row.bet.amount;
-        result.dollarsNow += row.bet.amount;
+        result.dollars += double(row.bet.amount);
+        result.dollarsNow += double(row.bet.amount);
+        result.unknownBettors += row.damaged || !bettors.nameOf(row.bet.bettor).isNull() ? 0 : 1;
         if (!row.damaged && (!isCountable(row.bet) || isUnused(horses.post(int(row.bet.post)))))
             ++result.withoutHorse;
     }
@@ -163,6 +165,8 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
 {
     // Held from the comparison to the last file, so that what is told is what was added.
     FileBatch batch(session, u"Bets Append"_s);
+    const QByteArray list = readMainOrNothing(session, RecordFile::Bettors, 0, u"Bettors input"_s);
+    const BettorNames bettors(BettorTable::parse(list, 0));
     QList<AddedBets> results;
     for (int race = 1; race <= raceCount; ++race) {
         const BetTable incoming = parseBets(
@@ -171,8 +175,9 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
             readMainOrNothing(session, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
         const HorseFile card =
             parseHorses(readMainOrNothing(session, RecordFile::Horses, race, u"Horses input"_s));
-        results += compareBets(before, incoming, card.horses);
+        results += compareBets(before, incoming, card.horses, bettors);
         results.last().race = race;
+        results.last().overLimit = results.last().betsNow > session.settings.betLimit;
         if (!incoming.rows.empty())
             batch.append(RecordFile::Bets, race,
                          QByteArray::fromStdString(recordsWithout(incoming.bytes, {})),

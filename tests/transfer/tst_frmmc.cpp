@@ -138,9 +138,15 @@ private slots:
         QCOMPARE(labelText(main.current(), u"lblnote"_s), QString());
 
         // The same drive once more doubles the bets, as told, and the screen says so.
+        main.write(u"Bettors"_s, newBettorRecords());
+        main.session.settings.betLimit = 1;
         addBets(main);
         QCOMPARE(main.read(u"Betsbackup Race3"_s), "2,1,1,2\r\n" + taken + taken);
-        QVERIFY(labelText(main.current(), u"lblnote"_s).startsWith("Race3 looks imported"_L1));
+        const QString note = labelText(main.current(), u"lblnote"_s);
+        QVERIFY(note.startsWith("Race3 looks imported"_L1));
+        QVERIFY2(note.contains("not in the list of bettors: "_L1), qPrintable(note));
+        QVERIFY2(note.contains("Race3 holds more bets now than the bet limit"_L1),
+                 qPrintable(note));
     }
 
     void refusesTheWrongComputer()

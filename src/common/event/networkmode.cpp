@@ -174,6 +174,16 @@ bool endNetworkMode(Session &session)
 {
     Settings &settings = session.settings;
     const QString folder = settings.eventDirectory;
+    const NetworkMode mode = settings.networkMode;
+    settings.networkMode = NetworkMode::Off;
+    settings.eventDirectory = defaultEventDirectory(settings);
+    try {
+        saveInit(session);
+    } catch (const FileError &) {
+        settings.networkMode = mode;
+        settings.eventDirectory = folder;
+        throw;
+    }
     bool shareReached = true;
     try {
         changeMarker(session, folder, {}, [](ShareRecord &record) {
@@ -182,9 +192,6 @@ bool endNetworkMode(Session &session)
     } catch (const FileError &) {
         shareReached = false;
     }
-    settings.networkMode = NetworkMode::Off;
-    settings.eventDirectory = defaultEventDirectory(settings);
-    saveInit(session);
     createMissingEventFiles(session);
     return shareReached;
 }

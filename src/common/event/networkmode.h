@@ -43,5 +43,6 @@ QString startAsMaster(Session &session, const QString &computer);
 QString startAsSatellite(Session &session, const QString &master);
 
 // Leaves network mode: counts one less in the share, goes back to the local event directory and
-// rewrites Init. Goes local even when the share is gone; the result is false then.
+// rewrites Init. Goes local even when the share is gone; the result is false then. When Init cannot
+// be written, network mode goes on as it was.
 bool endNetworkMode(Session &session);

@@ -46,6 +46,20 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
     return drives;
 }
 
+// The path of \a name in the folder; where only other letters' case is there, of that. Names of
+// computers and shares have no case.
+QString anyCase(const QString &folder, const QString &name)
+{
+    const QDir dir(folder);
+    if (!dir.exists(name)) {
+        for (const QString &entry : dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            if (entry.compare(name, Qt::CaseInsensitive) == 0)
+                return dir.filePath(entry);
+        }
+    }
+    return dir.filePath(name);
+}
+
 // A path below the root of a drive. The folder above a root is the root itself, so that no path
 // leads out of its drive. Throws 52 for a second colon.
 QString below(const QString &root, const QString &rest)
@@ -84,7 +98,7 @@ QString HostPaths::toHost(const QString &path) const
             throw FileError(ErrorNumber::BadFileName);
         QString root = mountedShare(names[0], names[1]);
         if (root.isEmpty())
-            root = m_dataFolder + "/network/"_L1 + names[0] + u'/' + names[1];
+            root = anyCase(anyCase(m_dataFolder + "/network"_L1, names[0]), names[1]);
         return below(root, names.mid(2).join(u'\\'));
     }
     if (path.size() < 2 || path[1] != u':' || !isDriveLetter(path[0].toUpper()))

@@ -64,7 +64,7 @@ private slots:
         QVERIFY(QFileInfo::exists(share.filePath(u"Betsbackup Race12"_s)));
         QVERIFY(!QFileInfo::exists(share.filePath(u"Init"_s)));
 
-        startAsSatellite(satellite.session, u"HOST"_s);
+        startAsSatellite(satellite.session, u"Host"_s); // names of computers have no case
         QCOMPARE(satellite.session.settings.networkMode, NetworkMode::Satellite);
         const auto computers = [&share] {
             QFile file(share.filePath(u"res"_s));
@@ -75,6 +75,14 @@ private slots:
         startAsMaster(master.session, u"HOST"_s);
         QCOMPARE(computers(), 2); // an old record is written back as it was
 
+        // Without Init on the disk nothing ends.
+        const QString init = satellite.session.paths.toHost(u"C:\\Trelawn\\Init"_s);
+        QVERIFY(QFile::remove(init) && QDir().mkdir(init));
+        QVERIFY_THROWS_EXCEPTION(FileError, endNetworkMode(satellite.session));
+        QCOMPARE(satellite.session.settings.networkMode, NetworkMode::Satellite);
+        QCOMPARE(satellite.session.settings.eventDirectory, u"\\\\Host\\Tshare\\"_s);
+        QCOMPARE(computers(), 2);
+        QVERIFY(QDir().rmdir(init));
         QVERIFY(endNetworkMode(satellite.session));
         QCOMPARE(computers(), 1);
         QCOMPARE(satellite.session.settings.eventDirectory, u"C:\\Trelawn\\"_s);
