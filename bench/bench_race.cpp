@@ -8,6 +8,7 @@
 #include "common/event/settle.h"
 #include "common/files/recordfile.h"
 #include "screens.h"
+#include "ui/mainwindow.h"
 #include "ui/printing.h"
 #include "ui/slipprinter.h"
 
