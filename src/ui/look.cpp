@@ -3,6 +3,7 @@
 #include "ui/slipprinter.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QPalette>
 #include <QProxyStyle>
 
