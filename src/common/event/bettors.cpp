@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // One more is still a number.
-constexpr int largestNumber = std::numeric_limits<int>::max() - 1;
+constexpr int largestBettorNumber = std::numeric_limits<int>::max() - 1;
 
 QByteArray record(const Bettor &bettor)
 {
@@ -45,7 +45,7 @@ bool parseBettor(std::string_view line, Bettor &bettor)
     std::vector<RecordField> fields;
     if (!splitRecord(line, fields) || fields.size() != 2)
         return false;
-    const auto number = fieldInteger(fields[0], 1, largestNumber);
+    const auto number = fieldInteger(fields[0], 1, largestBettorNumber);
     if (!number)
         return false;
     bettor = {*number, fieldText(fields[1])};

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int largestNumber = std::numeric_limits<int>::max();
+constexpr int largestField = std::numeric_limits<int>::max();
 
 // Dollars as they stand in the record: exact to four decimals, without trailing zeros.
 QByteArray recordAmount(double amount)
@@ -41,13 +41,13 @@ bool parseWith(std::vector<RecordField> &fields, std::string_view line, Multibet
     if (!splitRecord(line, fields) || fields.size() != 6)
         return false;
     for (std::size_t i = 0; i < bet.posts.size(); ++i) {
-        const auto post = fieldInteger(fields[i], 0, largestNumber);
+        const auto post = fieldInteger(fields[i], 0, largestField);
         if (!post)
             return false;
         bet.posts[i] = *post;
     }
     const auto amount = fieldNumber(fields[4]);
-    const auto bettor = fieldInteger(fields[5], 0, largestNumber);
+    const auto bettor = fieldInteger(fields[5], 0, largestField);
     if (!amount || !bettor)
         return false;
     bet.type = typeText(fields[3]);
