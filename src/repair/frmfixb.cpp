@@ -1,6 +1,7 @@
 #include "repair/frmfixb.h"
 
 #include "common/event/session.h"
+#include "common/print/format.h"
 #include "repair/parts/recordgrid.h"
 #include "repair/savedcopies.h"
 #include "ui/controls.h"
@@ -60,12 +61,16 @@ QString noteOf(const RecordList &list)
 {
     if (!list.missingFile.isEmpty())
         return list.missingFile + " is missing"_L1;
-    const int damaged = list.damagedRows();
-    if (damaged > 0)
-        return QString::number(damaged) + (damaged == 1 ? " bad row"_L1 : " bad rows"_L1);
-    if (!list.damage.isEmpty())
-        return list.damage;
-    return list.listing == Listing::None ? QString() : u"No bad rows"_s;
+    QStringList notes;
+    if (!list.missingHorses.isEmpty())
+        notes << list.missingHorses.join(" and "_L1) + " missing: posts instead of horses"_L1;
+    if (const int damaged = list.damagedRows(); damaged > 0)
+        notes << counted(std::size_t(damaged), u"bad row"_s);
+    else if (!list.damage.isEmpty())
+        notes << list.damage;
+    if (notes.isEmpty() && list.listing != Listing::None)
+        return u"No bad rows"_s;
+    return notes.join("; "_L1);
 }
 
 // The widths of the bet grid's columns in twips, 1440 to the inch.
@@ -325,7 +330,7 @@ void frmfixb::print()
 {
     QList<QStringList> rows;
     for (int row = 0; row < m_order->rowCount(); ++row)
-        rows << m_model->list().rows[m_order->mapToSource(m_order->index(row, 0)).row()].cells;
+        rows << m_model->cells(m_order->mapToSource(m_order->index(row, 0)).row());
     const PrintTask task{u"Print"_s, ErrorStyle::NumberAndDescription, u"Printed"_s};
     lblnote->setText(printSlip(this, m_context, task, recordListSlip(m_model->list(), rows)).note);
 }

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -115,9 +116,18 @@ RecordLookup readLookup(Session &session, const ListingKind &kind, RecordList &l
             kind.listing == Listing::Multibets ? std::min(list.race + 2, raceCount) : list.race;
         lookup.races = last - list.race + 1;
         for (int race = list.race; race <= last; ++race) {
-            lookup.horses[std::size_t(race - list.race)] =
-                parseHorses(readAs(session, u"Horses Input"_s, RecordFile::Horses, race, list))
-                    .horses;
+            const auto leg = std::size_t(race - list.race);
+            try {
+                lookup.horses[leg] =
+                    parseHorses(readAs(session, u"Horses Input"_s, RecordFile::Horses, race, list))
+                        .horses;
+            } catch (const FileError &error) {
+                // Those of a later race are only for the bets that run over it.
+                if (leg == 0 || error.number() != ErrorNumber::FileNotFound)
+                    throw;
+                lookup.isHorsesMissing[leg] = true;
+                list.missingHorses << std::exchange(list.missingFile, QString());
+            }
         }
     }
     if (kind.checksBettors) {

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 // A record file as the repair screen lists it: a row for each record, with what is wrong with it.
 
 enum class Listing {
@@ -29,8 +31,11 @@ struct RecordList
     QString heading;
     QStringList columns;
     QList<RecordRow> rows;
-    QString missingFile; // the file whose absence ended the list, or empty
-    QString damage;      // what the file lacks as a whole, as a sentence, or empty
+    // The last cell of rows that do not hold it yet, where it takes a file to read.
+    std::function<QString(const RecordRow &row)> lateCell;
+    QString missingFile;       // the file whose absence ended the list, or empty
+    QStringList missingHorses; // of later races: their horses stand in the rows as posts
+    QString damage;            // what the file lacks as a whole, as a sentence, or empty
 
     int damagedRows() const;
 };

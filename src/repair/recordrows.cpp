@@ -120,7 +120,8 @@ bool runs(const HorseTable &horses, int post)
 }
 
 // The program number of the horse on a line of a multibet, or nothing when none runs there. Posts
-// of the race itself are offered on every line, so they pass on every line.
+// of the race itself are offered on every line, so they pass on every line. Whose race's horses are
+// not on file is shown as the post.
 std::optional<QString> multibetHorse(const RecordLookup &lookup, const MultibetType &type,
                                      std::size_t line, int post)
 {
@@ -129,6 +130,9 @@ std::optional<QString> multibetHorse(const RecordLookup &lookup, const MultibetT
         if (race < std::size_t(lookup.races) && runs(lookup.horses[race], post))
             return lookup.horses[race].post(post).number;
     }
+    if (leg < std::size_t(lookup.races) && lookup.isHorsesMissing[leg] && post >= 1
+        && post <= postCount)
+        return "post "_L1 + QString::number(post);
     return {};
 }
 
@@ -165,13 +169,13 @@ RecordRow multibetRow(int number, std::string_view line, RecordLookup &lookup)
     addBettor(row, record.number(5), record.text(5), lookup.bettors);
     const MultibetType *type = multibetType(record.text(3));
     row.checked(type, type ? QString(u' ' + type->name) : QString(), u" Bad Bet Type"_s);
-    QStringList horses;
+    QStringList horses; // posts as they stand where the type does not tell their races
     bool allRun = wholeNumber(record.number(2)).value_or(-1) >= 0; // the third post may be 0
-    for (std::size_t i = 0; i < std::size_t(type ? type->lines : 2); ++i) {
+    for (std::size_t i = 0; i < std::size_t(type ? type->lines : 3); ++i) {
         const auto post = wholeNumber(record.number(i));
         const auto horse = post && type ? multibetHorse(lookup, *type, i, *post) : std::nullopt;
-        allRun = allRun && horse;
-        horses << horse.value_or(QString());
+        allRun = allRun && (type ? horse.has_value() : post && *post >= 0 && *post <= postCount);
+        horses << horse.value_or(record.text(i));
     }
     row.checked(allRun, horses.join(u','), badHorse);
     addAmount(row, record.number(4));

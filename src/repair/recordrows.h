@@ -27,6 +27,7 @@ struct RecordLookup
     QHash<int, QString> bettors;      // the first of each number
     std::array<HorseTable, 3> horses; // of the race and the two after it
     int races = 1;                    // of these that there are
+    std::array<bool, 3> isHorsesMissing{};
     std::array<bool, postCount + 1> isPostRead{};
 };
 

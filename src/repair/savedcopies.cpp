@@ -45,13 +45,21 @@ RecordList listSavedCopies(Session &session)
     list.listing = Listing::SavedCopies;
     list.heading = u"Saved copies"_s;
     list.columns = {u"Number"_s, u"File"_s, u"Saved at"_s, u"Bytes"_s, u"Records"_s};
+    const QString folder = savedFolder(session);
+    list.lateCell = [folder](const RecordRow &row) {
+        try {
+            const QString copy = folder + u'/' + QString::fromUtf8(row.line);
+            return QString::number(countRecords(view(readRecordFile(copy))));
+        } catch (const FileError &error) {
+            return errorDescription(error.number());
+        }
+    };
     labelled(session, u"Saved input"_s, [&] {
-        for (const auto &[time, info] : copiesByTime(savedFolder(session))) {
+        for (const auto &[time, info] : copiesByTime(folder)) {
             RecordRow row;
             row.cells = {QString::number(list.rows.size() + 1),
                          matchCopyName(info.fileName()).captured(1), time,
-                         QString::number(info.size()),
-                         QString::number(countRecords(view(readRecordFile(info.filePath()))))};
+                         QString::number(info.size())};
             row.line = info.fileName().toUtf8();
             list.rows.append(row);
         }

@@ -7,7 +7,9 @@
 #include "common/files/recordfile.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -195,27 +197,53 @@ QString savedFolder(const Session &session)
     return session.paths.toHost(session.settings.eventDirectory + u"Saved"_s);
 }
 
+namespace {
+
+constexpr qsizetype copiesKept = 100; // of each file, beside those of today
+
+// Deletes the oldest copies of a file. One that cannot be deleted is no fault: it stays.
+void thinCopies(const QString &folder, const QString &file, const QDate &today)
+{
+    static const QRegularExpression time(
+        u"^\\d{4}-\\d\\d-\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d\\.\\d{3}"_s);
+    QStringList copies;
+    for (const QString &name : QDir(folder).entryList(QDir::Files, QDir::Name)) {
+        if (name.startsWith(file + u' ') && time.match(name.mid(file.size() + 1)).hasMatch())
+            copies.append(name);
+    }
+    copies.resize(std::max<qsizetype>(copies.size() - copiesKept, 0));
+    for (const QString &name : std::as_const(copies)) {
+        if (!name.mid(file.size() + 1).startsWith(today.toString(Qt::ISODate)))
+            QFile::remove(folder + u'/' + name);
+    }
+}
+
+} // namespace
+
 QString keepInSaved(Session &session, const QString &path)
 {
     if (QFileInfo(path).size() == 0)
         return {};
     const QByteArray bytes = readRecordFile(path);
-    makeFolder(savedFolder(session));
-    const QString stem = QFileInfo(path).fileName() + u' '
-                         + QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH.mm.ss.zzz"_s);
+    const QString folder = savedFolder(session);
+    makeFolder(folder);
+    const QString file = QFileInfo(path).fileName();
+    const QDateTime now = QDateTime::currentDateTime();
+    const QString stem = file + u' ' + now.toString(u"yyyy-MM-dd HH.mm.ss.zzz"_s);
     QString name = stem;
-    for (int n = 2; !createRecordFile(savedFolder(session) + u'/' + name, bytes); ++n)
+    for (int n = 2; !createRecordFile(folder + u'/' + name, bytes); ++n)
         name = stem + u'-' + QString::number(n);
+    thinCopies(folder, file, now.date());
     return name;
 }
 
-QString CreateEventFiles(Session &session)
+QString CreateEventFiles(Session &session, const Progress &progress)
 {
     saveInit(session, InitWriter::Setup, u"Init open-Setup"_s, u"Init output-Setup"_s);
-    return createMissingEventFiles(session);
+    return createMissingEventFiles(session, progress);
 }
 
-QString createMissingEventFiles(Session &session)
+QString createMissingEventFiles(Session &session, const Progress &progress)
 {
     makeEventFolder(session);
     std::optional<EventLock> lock;
@@ -223,10 +251,13 @@ QString createMissingEventFiles(Session &session)
     for (int race = 1; race <= raceCount; ++race) {
         notes += createIfMissing(session, lock, RecordFile::Bets, race);
         notes += createIfMissing(session, lock, RecordFile::Multibets, race);
+        progress(race, 2 * raceCount);
     }
     labelled(session, u"Horses directory-Setup"_s, [&] {
-        for (int race = 1; race <= raceCount; ++race)
+        for (int race = 1; race <= raceCount; ++race) {
             notes += createIfMissing(session, lock, RecordFile::Horses, race);
+            progress(raceCount + race, 2 * raceCount);
+        }
     });
     notes += createIfMissing(session, lock, RecordFile::Bettors, 0);
     notes.removeAll(QString());

@@ -2,6 +2,7 @@
 
 #include "common/event/session.h"
 #include "common/event/tornend.h"
+#include "common/files/progress.h"
 #include "common/files/recordfile.h"
 
 // Every file name of an event is built here: event directory, base name and race name, with no
@@ -42,7 +43,8 @@ QString eventFolder(const Session &session);
 QString savedFolder(const Session &session);
 
 // Puts a copy of a file into the Saved folder, with the time in its name. A missing or empty file
-// needs none. Returns the copy's file name, or an empty text.
+// needs none. Of each file the newest hundred copies stay, and all of today. Returns the copy's
+// file name, or an empty text.
 QString keepInSaved(Session &session, const QString &path);
 
 // Makes the event directory (label "Bets drivedir-Setup"); one that is there already is no error.
@@ -52,10 +54,10 @@ void makeEventFolder(Session &session);
 // What GO TO MENU does: Init, the event directory and every missing record file of the 12 races.
 // Existing files are never touched; a full twin of a missing file is moved to Saved first. Returns
 // a note that names what was moved, or an empty text.
-QString CreateEventFiles(Session &session);
+QString CreateEventFiles(Session &session, const Progress &progress = {});
 
 // The same without Init, for a directory whose record files may be missing.
-QString createMissingEventFiles(Session &session);
+QString createMissingEventFiles(Session &session, const Progress &progress = {});
 
 // Creates a record file that is missing, and its twin, with the records of a new one; a full twin
 // is copied to Saved first. A file that is there by now, because another program just began it,

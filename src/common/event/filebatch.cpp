@@ -85,7 +85,7 @@ int FileBatch::keepCopies()
     return kept;
 }
 
-int FileBatch::commit(const BatchProgress &progress)
+int FileBatch::commit(const Progress &progress)
 {
     const int kept = keepCopies();
     std::vector<std::unique_ptr<Replacement>> replacements;
@@ -95,8 +95,7 @@ int FileBatch::commit(const BatchProgress &progress)
                 throw FileError(ErrorNumber::PathFileAccess);
             replacements.push_back(std::make_unique<Replacement>(item.path, item.bytes));
         });
-        if (progress)
-            progress(int(replacements.size()), int(m_items.size()));
+        progress(int(replacements.size()), int(m_items.size()));
     }
     QStringList written;
     for (const auto &replacement : replacements) {

@@ -2,12 +2,9 @@
 
 #include "common/event/eventfiles.h"
 #include "common/event/eventlock.h"
+#include "common/files/progress.h"
 
-#include <functional>
 #include <optional>
-
-// Told after each file of a batch, so that a screen can show how far it is.
-using BatchProgress = std::function<void(int done, int total)>;
 
 // Rewrites several files together: clearing, importing, downloading, the thumb drive. Nothing
 // changes before commit. All functions throw FileError.
@@ -39,7 +36,7 @@ public:
     // files and then renames one file after the other, so that a full disk changes none of them.
     // When a rename fails, each file is whole, old or new, and the error's remark names the new
     // ones. Returns the number of copies.
-    int commit(const BatchProgress &progress = {});
+    int commit(const Progress &progress = {});
 
 private:
     struct Item

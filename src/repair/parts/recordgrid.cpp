@@ -21,11 +21,21 @@ int RecordListModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : int(m_list.columns.size());
 }
 
+const QStringList &RecordListModel::cells(int row) const
+{
+    RecordRow &found = m_list.rows[row];
+    if (m_list.lateCell && found.cells.size() < m_list.columns.size())
+        found.cells.append(m_list.lateCell(found));
+    return found.cells;
+}
+
 QVariant RecordListModel::data(const QModelIndex &index, int role) const
 {
-    const RecordRow &row = m_list.rows[index.row()];
-    if (role == Qt::DisplayRole)
-        return row.cells.value(index.column());
+    const RecordRow &row = m_list.rows.at(index.row());
+    if (role == Qt::DisplayRole) {
+        return index.column() < row.cells.size() ? row.cells[index.column()]
+                                                 : cells(index.row()).value(index.column());
+    }
     if (role == Qt::BackgroundRole && row.isDamaged)
         return QColor(0xff, 0xdd, 0xd0);
     if (role == Qt::BackgroundRole && !row.isRecord)
@@ -51,8 +61,8 @@ void RecordListOrder::sortBy(int column, bool asNumbers, Qt::SortOrder order)
 {
     m_numbers.clear();
     if (asNumbers) {
-        for (const RecordRow &row : m_model->list().rows)
-            m_numbers.append(numericValue(row.cells.value(column)));
+        for (int row = 0; row < m_model->rowCount(); ++row)
+            m_numbers.append(numericValue(m_model->index(row, column).data().toString()));
     }
     // A change of the comparison alone would not sort again.
     sort(-1);
@@ -67,5 +77,5 @@ bool RecordListOrder::lessThan(const QModelIndex &left, const QModelIndex &right
         return one.isRecord == (sortOrder() == Qt::AscendingOrder);
     if (!m_numbers.isEmpty())
         return m_numbers[left.row()] < m_numbers[right.row()];
-    return one.cells.value(left.column()) < other.cells.value(right.column());
+    return left.data().toString() < right.data().toString();
 }

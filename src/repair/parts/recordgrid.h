@@ -15,6 +15,7 @@ public:
 
     void setList(RecordList list);
     const RecordList &list() const { return m_list; }
+    const QStringList &cells(int row) const; // all of them; a late one is made now
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -22,7 +23,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    RecordList m_list;
+    mutable RecordList m_list; // late cells come into it as they are shown
 };
 
 // Sorts the rows by a column, as text or as numbers; the row of the total stays last.
