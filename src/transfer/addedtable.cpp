@@ -7,11 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString dollars(double amount)
-{
-    return formatMoney(amount, "$#,##0.00");
-}
-
 } // namespace
 
 AddedBetsTable addedBetsTable(const QList<AddedBets> &races)
@@ -30,10 +25,10 @@ AddedBetsTable addedBetsTable(const QList<AddedBets> &races)
     const auto addColumn = [&table](const QString &heading, const AddedBets &sums) {
         table.columns << heading;
         table.rows[0] << QString::number(sums.bets);
-        table.rows[1] << dollars(sums.dollars);
+        table.rows[1] << formatMoney(sums.dollars);
         table.rows[2] << QString::number(sums.withoutHorse);
         table.rows[3] << QString::number(sums.betsNow);
-        table.rows[4] << dollars(sums.dollarsNow);
+        table.rows[4] << formatMoney(sums.dollarsNow);
     };
     for (const AddedBets &race : races) {
         addColumn("Race "_L1 + QString::number(race.race), race);

@@ -1,6 +1,7 @@
 #include "transfer/frmdrives.h"
 
 #include "common/event/session.h"
+#include "common/print/format.h"
 #include "transfer/thumbdrive.h"
 #include "ui/controls.h"
 #include "ui/progressbox.h"
@@ -18,6 +19,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString multibetsStay = u"Multibet files are not imported/exported"_s;
+
+// "This satellite still holds 63 bets of $512.00 and 4 multibets. ...", or nothing.
+QString heldBetsQuestion(Session &session)
+{
+    const HeldBets held = heldBets(session);
+    if (!held.areThere())
+        return {};
+    return "This satellite still holds "_L1 + counted(std::size_t(held.bets), u"bet"_s) + " of "_L1
+           + formatMoney(held.dollars) + " and "_L1
+           + counted(std::size_t(held.multibets), u"multibet"_s)
+           + ".\n\nAre they of an older event? Yes moves them to Saved, so that they are not sent "
+             "to the main computer. No keeps them."_L1;
+}
+
+auto load(BetsHeld betsHeld)
+{
+    return [betsHeld](Session &session, const QString &drive, const Progress &progress) {
+        loadHorsesAndBettors(session, drive, betsHeld, progress);
+    };
+}
 
 } // namespace
 
@@ -114,10 +135,17 @@ bool DriveChoice::runTransfer(const QString &drive)
 {
     return trapErrors(
         this, m_context.session, ErrorStyle::NumberAndDescription, m_transfer.operation, [&] {
-            ProgressBox progress(this, m_transfer.heading, ProgressBox::Ending::OnlyWhenDone);
-            m_transfer.run(m_context.session, drive,
-                           [&progress](int done, int total) { progress.step(done, total); });
+            const auto &run = askAboutBets() ? m_transfer.runWithoutBets : m_transfer.run;
+            ProgressBox box(this, m_transfer.heading, ProgressBox::Ending::OnlyWhenDone);
+            run(m_context.session, drive, box.progress());
         });
+}
+
+bool DriveChoice::askAboutBets()
+{
+    const QString question =
+        m_transfer.betsQuestion ? m_transfer.betsQuestion(m_context.session) : QString();
+    return !question.isEmpty() && askYesNo(this, question);
 }
 
 frmdrive::frmdrive(const ScreenContext &context)
@@ -130,7 +158,7 @@ frmdrive::frmdrive(const ScreenContext &context)
 frmsatdrv::frmsatdrv(const ScreenContext &context)
     : DriveChoice(context, {u"Load Bettors and Horses from a thumb drive"_s, false, true,
                             u"Export"_s, u"All Horses and Bettors written to satellite computer"_s,
-                            &loadHorsesAndBettors})
+                            load(BetsHeld::Stay), &heldBetsQuestion, load(BetsHeld::GoToSaved)})
 {
 }
 
@@ -142,11 +170,10 @@ frmsatun::frmsatun(const ScreenContext &context)
 }
 
 frmmainld::frmmainld(const ScreenContext &context)
-    : DriveChoice(context,
-                  {u"Add a satellite's Bets from a thumb drive"_s, true, false, u"Import Bets"_s,
-                   u"Satellite computer bets added to main computer"_s,
-                   [](Session &session, const QString &drive, const TransferProgress &progress) {
-                       session.addedBets = addSatelliteBets(session, drive, progress);
-                   }})
+    : DriveChoice(context, {u"Add a satellite's Bets from a thumb drive"_s, true, false,
+                            u"Import Bets"_s, u"Satellite computer bets added to main computer"_s,
+                            [](Session &session, const QString &drive, const Progress &progress) {
+                                session.addedBets = addSatelliteBets(session, drive, progress);
+                            }})
 {
 }

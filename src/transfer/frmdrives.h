@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/files/progress.h"
 #include "ui/navigator.h"
 
 #include <QWidget>
@@ -16,7 +17,12 @@ struct DriveTransfer
     bool tellsMultibets; // says first that multibets do not travel
     QString operation;   // label until the transfer sets its own
     QString done;        // told at the end
-    std::function<void(Session &, const QString &drive, const std::function<void(int, int)> &)> run;
+    std::function<void(Session &, const QString &drive, const Progress &)> run;
+
+    // Where bets may lie that the transfer can move to Saved: the question about them, empty when
+    // there are none, and the transfer after Yes.
+    std::function<QString(Session &)> betsQuestion = {};
+    decltype(run) runWithoutBets = {};
 };
 
 // A small window beside the multiple-computer screen: choosing a drive in its list starts the
@@ -34,6 +40,7 @@ private:
     void choose(const QString &drive);
     bool takeRole();
     bool runTransfer(const QString &drive);
+    bool askAboutBets();
 
     ScreenContext m_context;
     DriveTransfer m_transfer;

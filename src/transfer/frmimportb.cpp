@@ -211,8 +211,8 @@ bool frmimportb::carryOut(const ImportChoice &choice, ImportPlan &plan)
 {
     Session &session = m_context.session;
     const auto showingProgress = [this](const auto &work) {
-        ProgressBox progress(this, u"Import from "_s + m_folder, ProgressBox::Ending::OnlyWhenDone);
-        return work([&progress](int done, int total) { progress.step(done, total); });
+        ProgressBox box(this, u"Import from "_s + m_folder, ProgressBox::Ending::OnlyWhenDone);
+        return work(box.progress());
     };
     bool wanted = true;
     const bool whole = trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {

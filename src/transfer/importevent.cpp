@@ -22,12 +22,6 @@ namespace {
 
 constexpr int firstUnsafeNumber = 1 << 24; // from here on single precision merges numbers
 
-void tell(const TransferProgress &progress, int done, int total)
-{
-    if (progress)
-        progress(done, total);
-}
-
 // The file of the folder under its name here, or nothing when there is none.
 std::optional<QByteArray> readForeign(Session &session, const QString &folder, RecordFile file,
                                       int race)
@@ -89,7 +83,7 @@ struct Local
 };
 
 Foreign readFolder(Session &session, const QString &folder, const ImportChoice &choice,
-                   const TransferProgress &progress)
+                   const Progress &progress)
 {
     Foreign there;
     if (choice.bettors || choice.bets)
@@ -100,12 +94,12 @@ Foreign readFolder(Session &session, const QString &folder, const ImportChoice &
             there.horses[i] = readForeign(session, folder, RecordFile::Horses, race);
         if (choice.bets)
             there.bets[i] = readForeign(session, folder, RecordFile::Bets, race);
-        tell(progress, race, 3 * raceCount);
+        progress(race, 3 * raceCount);
     }
     return there;
 }
 
-Local readEvent(Session &session, const TransferProgress &progress)
+Local readEvent(Session &session, const Progress &progress)
 {
     Local here;
     here.bettors = readMainFile(session, RecordFile::Bettors, 0, u"Bettors input"_s);
@@ -119,7 +113,7 @@ Local readEvent(Session &session, const TransferProgress &progress)
             here.highestBettor = std::max(here.highestBettor, bettorOf(row));
         for (const MultibetRow &row : multibets.rows)
             here.highestBettor = std::max(here.highestBettor, row.bet.bettor);
-        tell(progress, raceCount + race, 3 * raceCount);
+        progress(raceCount + race, 3 * raceCount);
     }
     return here;
 }
@@ -265,8 +259,8 @@ void planBettors(ImportPlan &plan, const NumberMap &map, int bettorLimit)
     for (int slot = 1; slot <= here.slotCount(); ++slot)
         count += here.slot(slot).isBettor() ? 1 : 0;
     if (!map.added().isEmpty() && count > bettorLimit) {
-        plan.refusal = "No room for "_L1 + QString::number(map.added().size())
-                       + (map.added().size() == 1 ? " new bettor"_L1 : " new bettors"_L1);
+        plan.refusal =
+            "No room for "_L1 + counted(std::size_t(map.added().size()), u"new bettor"_s);
     }
     for (const Bettor &bettor : map.added()) {
         plan.added << bettor.name;
@@ -359,7 +353,7 @@ QStringList importableFiles(const Session &session, const QString &folder)
 }
 
 ImportPlan planImport(Session &session, const QString &folder, const ImportChoice &choice,
-                      const TransferProgress &progress)
+                      const Progress &progress)
 {
     ImportPlan plan;
     plan.refusal = isEventDirectory(session, folder) ? u"This is the event directory itself"_s
@@ -404,7 +398,7 @@ ImportPlan planImport(Session &session, const QString &folder, const ImportChoic
     return plan;
 }
 
-QString carryOutImport(Session &session, const ImportPlan &plan, const TransferProgress &progress)
+QString carryOutImport(Session &session, const ImportPlan &plan, const Progress &progress)
 {
     const QString label = u"Import output"_s;
     FileBatch batch(session, label);
@@ -425,9 +419,9 @@ QString carryOutImport(Session &session, const ImportPlan &plan, const TransferP
             batch.append(RecordFile::Bets, race.race, plan.betLines[i], label);
     }
     batch.commit([&](int done, int total) {
-        tell(progress, 2 * raceCount + done * raceCount / total, 3 * raceCount + 1);
+        progress(2 * raceCount + done * raceCount / total, 3 * raceCount + 1);
     });
-    tell(progress, 3 * raceCount + 1, 3 * raceCount + 1);
+    progress(3 * raceCount + 1, 3 * raceCount + 1);
     return {};
 }
 
@@ -449,10 +443,9 @@ ImportTable importTable(const QList<ImportedRace> &races)
             notes << race.cardDamage.chopped(1); // as one note of several
         if (race.cardHadBets)
             notes << u"bets were on the old card"_s;
-        table.rows << QStringList{
-            raceName(race.race).trimmed(), QString::number(race.horses),
-            QString::number(race.bets),    formatMoney(race.dollars, "$#,##0.00"),
-            QString::number(race.leftOut), notes.join(", "_L1)};
+        table.rows << QStringList{raceName(race.race).trimmed(), QString::number(race.horses),
+                                  QString::number(race.bets),    formatMoney(race.dollars),
+                                  QString::number(race.leftOut), notes.join(", "_L1)};
         all.horses += race.horses;
         all.bets += race.bets;
         all.dollars += race.dollars;
@@ -461,7 +454,7 @@ ImportTable importTable(const QList<ImportedRace> &races)
     table.rows << QStringList{u"All"_s,
                               QString::number(all.horses),
                               QString::number(all.bets),
-                              formatMoney(all.dollars, "$#,##0.00"),
+                              formatMoney(all.dollars),
                               QString::number(all.leftOut),
                               {}};
     return table;
@@ -481,7 +474,7 @@ QString importSummary(const ImportPlan &plan)
     }
     QString text = "Races with new horses: "_L1 + QString::number(horses) + ". New bettors: "_L1
                    + QString::number(plan.added.size()) + ". Bets added: "_L1
-                   + QString::number(bets) + ", "_L1 + formatMoney(dollars, "$#,##0.00") + '.'_L1;
+                   + QString::number(bets) + ", "_L1 + formatMoney(dollars) + '.'_L1;
     if (leftOut > 0)
         text += " Left out: "_L1 + QString::number(leftOut) + '.'_L1;
     return plan.note.isEmpty() ? text : QString(text + u'\n' + plan.note);

@@ -62,13 +62,12 @@ QStringList importableFiles(const Session &session, const QString &folder);
 // Reads and checks what \a choice names from the folder; record files that are missing here are
 // made. Throws FileError.
 ImportPlan planImport(Session &session, const QString &folder, const ImportChoice &choice,
-                      const TransferProgress &progress = {});
+                      const Progress &progress = {});
 
 // Writes what was planned: everything to temporary files first, so that a full disk changes
 // nothing; what is replaced or added to goes to Saved before. Returns a refusal when the bettor
 // list here changed since it was read or a race has no room, else an empty text. Throws FileError.
-QString carryOutImport(Session &session, const ImportPlan &plan,
-                       const TransferProgress &progress = {});
+QString carryOutImport(Session &session, const ImportPlan &plan, const Progress &progress = {});
 
 // The result as the table of the screen shows it: a row for each race that gained something or left
 // something out, and one for all; each begins with its heading.

@@ -58,21 +58,15 @@ void demandWhole(Session &session, const EventLists &lists)
         demand(u"Horses input"_s, parseHorses(horses).records == postCount);
 }
 
-void tell(const TransferProgress &progress, int done, int total)
-{
-    if (progress)
-        progress(done, total);
-}
-
 // The lists from wherever `read` takes them.
 template<typename Read>
-EventLists readLists(const Read &read, const TransferProgress &progress)
+EventLists readLists(const Read &read, const Progress &progress)
 {
     EventLists lists;
     lists.bettors = read(RecordFile::Bettors, 0, u"Bettors input"_s);
     for (int race = 1; race <= raceCount; ++race) {
         lists.horses += read(RecordFile::Horses, race, u"Horses input"_s);
-        tell(progress, race, 2 * raceCount);
+        progress(race, 2 * raceCount);
     }
     return lists;
 }
@@ -111,7 +105,7 @@ AddedBets compareBets(const BetTable &before, const BetTable &added, const Horse
 
 } // namespace
 
-void saveHorsesAndBettors(Session &session, const QString &drive, const TransferProgress &progress)
+void saveHorsesAndBettors(Session &session, const QString &drive, const Progress &progress)
 {
     const auto read = [&](RecordFile file, int race, const QString &label) {
         return readMainFile(session, file, race, label);
@@ -127,10 +121,39 @@ void saveHorsesAndBettors(Session &session, const QString &drive, const Transfer
     for (int race = 1; race <= raceCount; ++race)
         add(RecordFile::Horses, race, lists.horses[race - 1], u"Horses output"_s);
     batch.commit();
-    tell(progress, 2 * raceCount, 2 * raceCount);
+    progress(2 * raceCount, 2 * raceCount);
 }
 
-void loadHorsesAndBettors(Session &session, const QString &drive, const TransferProgress &progress)
+HeldBets heldBets(Session &session)
+{
+    HeldBets held;
+    for (int race = 1; race <= raceCount; ++race) {
+        const BetTable table = parseBets(
+            readMainOrNothing(session, RecordFile::Bets, race, u"Bets Input"_s).toStdString());
+        held.bets += int(table.rows.size());
+        for (const BetRow &row : table.rows)
+            held.dollars += double(row.bet.amount);
+        held.multibets += int(countRecords(
+            view(readMainOrNothing(session, RecordFile::Multibets, race, u"Multibets Input"_s))));
+    }
+    return held;
+}
+
+namespace {
+
+void addEmptyBets(FileBatch &batch)
+{
+    for (int race = 1; race <= raceCount; ++race) {
+        batch.replaceTwins(RecordFile::Bets, race, {}, u"Bets Output"_s, u"Betsbackup Output"_s);
+        batch.replaceTwins(RecordFile::Multibets, race, {}, u"Multibets Output"_s,
+                           u"Multibetsbackup Output"_s);
+    }
+}
+
+} // namespace
+
+void loadHorsesAndBettors(Session &session, const QString &drive, BetsHeld betsHeld,
+                          const Progress &progress)
 {
     const auto read = [&](RecordFile file, int race, const QString &label) {
         return readOnDrive(session, drive, file, race, label);
@@ -143,25 +166,26 @@ void loadHorsesAndBettors(Session &session, const QString &drive, const Transfer
     for (int race = 1; race <= raceCount; ++race)
         batch.replaceTwins(RecordFile::Horses, race, lists.horses[race - 1], u"Horses output"_s,
                            u"Horsesbackup output"_s);
+    if (betsHeld == BetsHeld::GoToSaved)
+        addEmptyBets(batch);
     batch.commit();
-    tell(progress, 2 * raceCount, 2 * raceCount);
+    progress(2 * raceCount, 2 * raceCount);
 }
 
-void saveSatelliteBets(Session &session, const QString &drive, const TransferProgress &progress)
+void saveSatelliteBets(Session &session, const QString &drive, const Progress &progress)
 {
     FileBatch batch(session);
     for (int race = 1; race <= raceCount; ++race) {
         const QString path = onDrive(session, drive, RecordFile::Bets, race);
         batch.replaceFile(path, readMainOrNothing(session, RecordFile::Bets, race, u"Bets Input"_s),
                           u"Bets Output"_s);
-        tell(progress, race, raceCount + 1);
+        progress(race, raceCount + 1);
     }
     batch.commit();
-    tell(progress, raceCount + 1, raceCount + 1);
+    progress(raceCount + 1, raceCount + 1);
 }
 
-QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
-                                  const TransferProgress &progress)
+QList<AddedBets> addSatelliteBets(Session &session, const QString &drive, const Progress &progress)
 {
     // Held from the comparison to the last file, so that what is told is what was added.
     FileBatch batch(session, u"Bets Append"_s);
@@ -182,10 +206,10 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive,
             batch.append(RecordFile::Bets, race,
                          QByteArray::fromStdString(recordsWithout(incoming.bytes, {})),
                          u"Bets Append"_s);
-        tell(progress, race, 2 * raceCount);
+        progress(race, 2 * raceCount);
     }
     batch.commit([&](int done, int total) {
-        tell(progress, raceCount + done * raceCount / total, 2 * raceCount);
+        progress(raceCount + done * raceCount / total, 2 * raceCount);
     });
     return results;
 }

@@ -128,6 +128,7 @@ void tst_placement::fileCalls()
     priorBets(LoadRaceBets(session).bets, HorseTable(), 2, u"ANNA"_s);
     const int choosing = calls.all();
     session.bettors = readBettors(session);
+    readHorses(session, 1);
     placeBets(session, planPlacement(entries, 2, 0, session.settings.betLimit));
     const QByteArray counts = QByteArray::number(choosing) + ' '
                               + QByteArray::number(calls.all() - choosing) + ' '
