@@ -111,7 +111,7 @@ QString racesWithBets(const Session &session, int number, bool withCurrentRace)
             const QByteArray bytes =
                 readIfThere(mainFile(session, RecordFile::Bets, race)).value_or(QByteArray());
             if (const float total = betTotal(parseBets(bytes.toStdString()), number); total != 0)
-                races.append(name + u' ' + formatMoney(total, "$#,##0.00"));
+                races.append(name + u' ' + formatMoney(total));
         } catch (const FileError &error) {
             races.append(name + " ("_L1 + error.description() + u')');
         }

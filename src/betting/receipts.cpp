@@ -32,6 +32,6 @@ Slip priorBetsRefund(const Settings &settings, const QString &bettorName,
     for (const QString &line : deleted.lines)
         slip.addLine(line);
     slip.addLine(u" "_s);
-    slip.addLine(u"Total Refund "_s + formatMoney(deleted.refund, "$#,##0.00"));
+    slip.addLine(u"Total Refund "_s + formatMoney(deleted.refund));
     return slip;
 }

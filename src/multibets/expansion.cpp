@@ -72,7 +72,7 @@ bool hasSingleBox(const MultibetEntry &entry)
 MultibetPreview expandEntry(const MultibetEntry &entry)
 {
     const bool twoLines = entry.posts[2].isEmpty();
-    const QString prefix = entry.type + u' ' + formatMoney(entry.stake, "$#,##0.00") + u' ';
+    const QString prefix = entry.type + u' ' + formatMoney(entry.stake) + u' ';
     MultibetPreview preview;
     std::set<Posts> listed;
     for (const LineOrder &order : lineOrders(entry.boxed, twoLines)) {

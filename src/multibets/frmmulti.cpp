@@ -26,8 +26,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char dollars[] = "$#,##0.00";
-
 } // namespace
 
 frmmulti::frmmulti(const ScreenContext &context)
@@ -222,7 +220,7 @@ void frmmulti::clearPreview()
 
 void frmmulti::showTotals()
 {
-    const QString total = formatMoney(m_preview.total, dollars);
+    const QString total = formatMoney(m_preview.total);
     txtthisbet->setText(total);
     txttotalbet->setText(total);
     txtcount->setText(QString::number(m_preview.lines.size()));
@@ -233,8 +231,7 @@ void frmmulti::showNote(const QString &text)
 {
     QStringList notes{text, m_legNote};
     if (m_grandTotal != 0)
-        notes.append("Multibets since this screen was opened: "_L1
-                     + formatMoney(m_grandTotal, dollars));
+        notes.append("Multibets since this screen was opened: "_L1 + formatMoney(m_grandTotal));
     notes.removeAll(QString());
     lblnote->setText(notes.join(u"; "_s));
 }
@@ -279,7 +276,7 @@ void frmmulti::showPriorBets()
         lines.append(savedMultibetText(bet));
     lstpriorbets->addItems(lines);
     lstpriorbets->scrollToBottom();
-    txttotprior->setText(formatMoney(totalOf(m_prior), dollars));
+    txttotprior->setText(formatMoney(totalOf(m_prior)));
 }
 
 void frmmulti::deletePriorBets()
@@ -317,16 +314,14 @@ void frmmulti::deletePriorBets()
 
 void frmmulti::switchReceipts()
 {
-    Session &session = m_context.session;
-    session.settings.setReceiptPrinting(!session.settings.receiptsPrint());
+    trapErrors(this, ErrorStyle::DescriptionOnly,
+               [&] { switchReceiptPrinting(m_context.session); });
     showReceiptState();
-    trapErrors(this, ErrorStyle::DescriptionOnly, [&] { saveInit(session); });
 }
 
 void frmmulti::showReceiptState()
 {
-    txtreceipts->setText(m_context.session.settings.receiptsPrint() ? u"Receipts will print"_s
-                                                                    : u"Receipts will not print"_s);
+    txtreceipts->setText(m_context.session.settings.receiptsState());
 }
 
 void frmmulti::printBlankSheets()

@@ -22,7 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char dollars[] = "$#,##0.00";
 constexpr char twoDigitDollars[] = "$#,#00.00";
 
 } // namespace
@@ -250,10 +249,10 @@ void frmpaymulti::showSettlement(const MultibetSettlement &settled)
     const bool refund = settled.outcome == MultibetSettlement::Outcome::Refund;
     const bool won = settled.outcome == MultibetSettlement::Outcome::Winners;
     txttotal->setText(refund ? u"Refund Total"_s : u"$1 Ticket Pays"_s);
-    txtpay->setText(formatMoney(refund ? settled.pool : settled.payPerDollar, dollars));
+    txtpay->setText(formatMoney(refund ? settled.pool : settled.payPerDollar));
     txtpool->setText(won ? formatMoney(settled.pool, twoDigitDollars) : u"$0.00"_s);
     txthouse->setText(won ? formatMoney(settled.houseCut, twoDigitDollars) : u"$0.00"_s);
-    txttpay->setText(won ? formatMoney(settled.net, dollars) : u"$0.00"_s);
+    txttpay->setText(won ? formatMoney(settled.net) : u"$0.00"_s);
     lstbets->addItems(settled.lines);
 }
 

@@ -9,11 +9,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char dollars[] = "$#,##0.00";
-
 QString payLine(const QString &name, double amount)
 {
-    return name + u' ' + formatMoney(amount, dollars);
+    return name + u' ' + formatMoney(amount);
 }
 
 QStringList winnerLines(const QList<Multibet> &winning, const BettorTable &bettors,
@@ -26,7 +24,7 @@ QStringList winnerLines(const QList<Multibet> &winning, const BettorTable &betto
     for (const Multibet &bet : winning) {
         QString &payout = payouts[bet.amount];
         if (payout.isEmpty())
-            payout = u' ' + formatMoney(bet.amount * payPerDollar, dollars);
+            payout = u' ' + formatMoney(bet.amount * payPerDollar);
         lines.append(names.listed(bet.bettor) + payout);
     }
     return lines;

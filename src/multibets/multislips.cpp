@@ -63,7 +63,7 @@ Slip multibetRefundSlip(const QString &bettor, const QString &raceName,
     for (const Multibet &bet : refunded)
         slip.addLine(savedMultibetText(bet));
     slip.addLine(QString());
-    slip.addLine(u"Total Refund "_s + formatMoney(totalOf(refunded), "$#,##0.00"));
+    slip.addLine(u"Total Refund "_s + formatMoney(totalOf(refunded)));
     return slip;
 }
 

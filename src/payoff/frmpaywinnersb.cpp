@@ -21,8 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr char poolFormat[] = "$#,##0.00";
-
 QString horseText(const Horse &horse)
 {
     return isUnused(horse) ? u"(no horse)"_s : QString(horse.number + u' ' + horse.name);
@@ -244,8 +242,8 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
                             settlement.allPools};
     const auto fields = totalFields();
     for (std::size_t i = 0; i < fields.size(); ++i)
-        fields[i]->setText(formatMoney(totals[i], poolFormat));
-    txthousetot->setText(formatMoney(settlement.houseCut, poolFormat));
+        fields[i]->setText(formatMoney(totals[i]));
+    txthousetot->setText(formatMoney(settlement.houseCut));
     txtbet->setText(formatMoney(settlement.pools.amount(totalsRow, totalColumn), "Currency"));
     for (const Combination combination : allCombinations) {
         payoffs->setText(combination, settlement.hasWinners ? formatMoney(

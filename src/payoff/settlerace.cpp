@@ -57,6 +57,6 @@ QString betsSinceSettled(Session &session, const BetTable &settled, BetTable &fo
     for (std::size_t i = settled.rows.size(); i < found.rows.size(); ++i)
         dollars += double(found.rows[i].bet.amount);
     const std::size_t bets = found.rows.size() - settled.rows.size();
-    return QString::number(bets) + (bets == 1 ? u" bet"_s : u" bets"_s) + u" of "_s
-           + formatMoney(dollars, "$#,##0.00") + u" came in after the payoffs were calculated."_s;
+    return counted(bets, u"bet"_s) + u" of "_s + formatMoney(dollars)
+           + u" came in after the payoffs were calculated."_s;
 }

@@ -229,7 +229,7 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
         if (multibets.bets > 0)
             notes.append(u"Multibets on post %1, not refunded: %2 (%3)"_s.arg(post)
                              .arg(multibets.bets)
-                             .arg(formatMoney(multibets.stakes, "$#,##0.00")));
+                             .arg(formatMoney(multibets.stakes)));
     });
     return notes.join(u' ');
 }

@@ -80,8 +80,7 @@ QString betsNote(const PoolTable &pools, int post)
     const float amount = pools.amount(post, totalColumn);
     if (amount == 0)
         return {};
-    return "Post "_L1 + QString::number(post) + " has bets of "_L1
-           + formatMoney(amount, "$#,##0.00");
+    return "Post "_L1 + QString::number(post) + " has bets of "_L1 + formatMoney(amount);
 }
 
 MultibetCount multibetsOn(Session &session, int post)

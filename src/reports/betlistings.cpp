@@ -50,17 +50,12 @@ std::vector<BettorBets> groupByBettor(const BetTable &bets, const BettorTable &b
 constexpr qsizetype narrowestName = 15;
 constexpr int amountWidth = 12;
 
-QString money(float dollars)
-{
-    return formatMoney(dollars, "$#,##0.00");
-}
-
 QString grandTotal(const std::vector<BettorBets> &groups)
 {
     double total = 0;
     for (const BettorBets &group : groups)
         total += double(group.sum);
-    return formatMoney(total, "$#,##0.00");
+    return formatMoney(total);
 }
 
 } // namespace
@@ -90,7 +85,7 @@ QStringList betsByBettor(const BetTable &bets, const HorseTable &horses, const B
     const auto lineOf = [&](const QString &number, const QString &name, const QString &type,
                             float amount) -> QString {
         return "  "_L1 + leftColumn(number, 4) + leftColumn(name, int(nameWidth)) + u' '
-               + leftColumn(type, 6) + rightColumn(money(amount), amountWidth);
+               + leftColumn(type, 6) + rightColumn(formatMoney(amount), amountWidth);
     };
     QStringList lines{bannerAndRace, u"ALL BETS BY BETTOR"_s, u" "_s};
     for (const BettorBets &group : groups) {
@@ -112,7 +107,7 @@ QStringList bettorTotals(const BetTable &bets, const BettorTable &bettors,
     const std::vector<BettorBets> groups = groupByBettor(bets, bettors);
     QStringList lines{bannerAndRace, u"BETTOR TOTALS"_s, u" "_s};
     for (const BettorBets &group : groups)
-        lines.append(leftColumn(group.name, 30) + rightColumn(money(group.sum), amountWidth));
+        lines.append(leftColumn(group.name, 30) + rightColumn(formatMoney(group.sum), amountWidth));
     lines.append(u" "_s);
     lines.append(leftColumn(u"TOTAL BETS"_s, 30) + rightColumn(grandTotal(groups), amountWidth));
     return lines;

@@ -154,7 +154,7 @@ QStringList amountCells(const CashLine &line)
 {
     QStringList cells;
     for (const ExactMoney amount : {line.taken, line.houseCut, line.refundsDue, line.forWinners()})
-        cells.append(formatMoney(dollarsOf(amount), "$#,##0.00"));
+        cells.append(formatMoney(dollarsOf(amount)));
     return cells;
 }
 
@@ -170,8 +170,7 @@ QStringList withoutHorseRemarks(const EveningCash &cash)
     for (const RaceCash &race : cash.races) {
         if (const ExactMoney money = race.total.withoutHorse; money != 0) {
             remarks += "Race "_L1 + QString::number(race.race) + ": "_L1
-                       + formatMoney(dollarsOf(money), "$#,##0.00")
-                       + " is bet on posts without a horse."_L1;
+                       + formatMoney(dollarsOf(money)) + " is bet on posts without a horse."_L1;
         }
     }
     if (!remarks.isEmpty()) {

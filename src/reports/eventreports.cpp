@@ -74,17 +74,11 @@ QList<ReportRow> sortedRows(std::vector<SortableRow> rows, const ReportRequest &
     return sorted;
 }
 
-QString money(double dollars)
-{
-    return formatMoney(dollars, "$#,##0.00");
-}
-
 void remarkDamaged(Report &report, qsizetype damaged, const QString &file)
 {
     if (damaged == 0)
         return;
-    report.remarks.append(QString::number(damaged)
-                          + (damaged == 1 ? " damaged line of "_L1 : " damaged lines of "_L1) + file
+    report.remarks.append(counted(std::size_t(damaged), u"damaged line"_s) + " of "_L1 + file
                           + (damaged == 1 ? " is not listed."_L1 : " are not listed."_L1));
 }
 
@@ -179,12 +173,12 @@ Report bettorsReport(Session &session, const ReportRequest &request)
     }
     std::vector<SortableRow> rows;
     const auto addRow = [&](float number, const QString &name, const Betting &betting) {
-        rows.push_back(
-            {searchKey(name),
-             double(number),
-             0,
-             {plainNumber(number), name, QString::number(betting.bets), money(betting.straight),
-              money(betting.multi), money(betting.straight + betting.multi)}});
+        rows.push_back({searchKey(name),
+                        double(number),
+                        0,
+                        {plainNumber(number), name, QString::number(betting.bets),
+                         formatMoney(betting.straight), formatMoney(betting.multi),
+                         formatMoney(betting.straight + betting.multi)}});
     };
     Betting all;
     for (const auto &[number, betting] : byNumber) {
@@ -209,9 +203,9 @@ Report bettorsReport(Session &session, const ReportRequest &request)
     report.rows.append({{{},
                          u"TOTAL"_s,
                          QString::number(all.bets),
-                         money(all.straight),
-                         money(all.multi),
-                         money(all.straight + all.multi)},
+                         formatMoney(all.straight),
+                         formatMoney(all.multi),
+                         formatMoney(all.straight + all.multi)},
                         true});
     remarkDamaged(report, bettors.damagedLines().size(), u"Bettors"_s);
     remarkDamagedBets(report, races);
@@ -242,11 +236,11 @@ Report betsReport(Session &session, const ReportRequest &request)
                  double(bet.bettor),
                  race.race,
                  {QString::number(race.race), plainNumber(bet.bettor), name.name, horse.number,
-                  horse.name, listedBetType(bet.type), formatMoney(bet.amount, "$#,##0.00")}});
+                  horse.name, listedBetType(bet.type), formatMoney(bet.amount)}});
         }
     }
     report.rows = sortedRows(std::move(rows), request);
-    report.rows.append({{{}, {}, u"TOTAL"_s, {}, {}, {}, money(total)}, true});
+    report.rows.append({{{}, {}, u"TOTAL"_s, {}, {}, {}, formatMoney(total)}, true});
     report.remarks.append("Bets: "_L1 + QString::number(report.rows.size() - 1) + u'.');
     remarkDamagedBets(report, races);
     return report;
@@ -280,15 +274,16 @@ Report multibetsReport(Session &session, const ReportRequest &request)
             const MultibetType *type = multibetType(bet.type);
             const SortNames::Name &name = names.of(float(bet.bettor));
             total += bet.amount;
-            rows.push_back({name.key,
-                            double(bet.bettor),
-                            race.race,
-                            {QString::number(race.race), QString::number(bet.bettor), name.name,
-                             type ? type->name : bet.type, postsText(bet), money(bet.amount)}});
+            rows.push_back(
+                {name.key,
+                 double(bet.bettor),
+                 race.race,
+                 {QString::number(race.race), QString::number(bet.bettor), name.name,
+                  type ? type->name : bet.type, postsText(bet), formatMoney(bet.amount)}});
         }
     }
     report.rows = sortedRows(std::move(rows), request);
-    report.rows.append({{{}, {}, u"TOTAL"_s, {}, {}, money(total)}, true});
+    report.rows.append({{{}, {}, u"TOTAL"_s, {}, {}, formatMoney(total)}, true});
     report.remarks.append("Multibets: "_L1 + QString::number(report.rows.size() - 1) + u'.');
     remarkDamagedBets(report, races);
     return report;

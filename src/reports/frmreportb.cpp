@@ -6,6 +6,7 @@
 #include "common/print/format.h"
 #include "ui/controls.h"
 #include "ui/printing.h"
+#include "ui/progressbox.h"
 #include "ui/prompts.h"
 #include "ui/slippainter.h"
 
@@ -266,7 +267,7 @@ void frmreportb::saveAs(const QString &filter, const QString &suffix, const QStr
     });
 }
 
-QByteArray frmreportb::pdf() const
+QByteArray frmreportb::pdf()
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -274,6 +275,8 @@ QByteArray frmreportb::pdf() const
     writer.setTitle(m_report.name);
     writer.setPageSize(pdfPaper);
     writer.setPageMargins({pdfMargin, pdfMargin, pdfMargin, pdfMargin}, QPageLayout::Millimeter);
-    paintSlip(reportSlip(m_lines, fontPoints(m_context.session.settings.fontIndex)), writer);
+    ProgressBox box(this, u"Saving ..."_s, ProgressBox::Ending::OnlyWhenDone);
+    paintSlip(reportSlip(m_lines, fontPoints(m_context.session.settings.fontIndex)), writer,
+              box.progress());
     return buffer.data();
 }

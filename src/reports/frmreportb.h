@@ -41,7 +41,7 @@ private:
     void print();
     void saveAs(const QString &filter, const QString &suffix, const QString &label,
                 const std::function<QByteArray()> &content);
-    QByteArray pdf() const;
+    QByteArray pdf();
 
     ScreenContext m_context;
     Report m_report;

@@ -22,7 +22,7 @@ QStringList summaryCells(const SummaryRow &row)
 {
     QStringList cells{row.number, row.markedName()};
     for (const float amount : row.amounts)
-        cells.append(formatMoney(amount, "$#,##0.00"));
+        cells.append(formatMoney(amount));
     cells.append(row.odds);
     return cells;
 }

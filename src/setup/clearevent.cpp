@@ -1,13 +1,12 @@
 #include "setup/clearevent.h"
 
-#include "common/event/filebatch.h"
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
 // All races or none: nothing changes until every copy is kept and every new file is on the disk.
-int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records)
+int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records,
+                    const Progress &progress)
 {
     const QString name = recordFileName(file);
     FileBatch batch(session, name + " output-Setup"_L1);
@@ -15,22 +14,22 @@ int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records
         batch.replaceTwins(file, race, records, name + " output-Setup"_L1,
                            name + "backup output-Setup"_L1);
     }
-    return batch.commit();
+    return batch.commit(progress);
 }
 
 } // namespace
 
-int clearAllBets(Session &session)
+int clearAllBets(Session &session, const Progress &progress)
 {
     makeEventFolder(session);
-    const int kept = rewriteAllRaces(session, RecordFile::Bets, {});
+    const int kept = rewriteAllRaces(session, RecordFile::Bets, {}, progress);
     session.settings.betsCleared = true;
     return kept;
 }
 
-int clearAllHorses(Session &session)
+int clearAllHorses(Session &session, const Progress &progress)
 {
-    return rewriteAllRaces(session, RecordFile::Horses, horseRecords(HorseTable()));
+    return rewriteAllRaces(session, RecordFile::Horses, horseRecords(HorseTable()), progress);
 }
 
 QString clearRefusal(const Settings &settings)

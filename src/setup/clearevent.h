@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/event/session.h"
+#include "common/event/filebatch.h"
 
 // Clearing the record files of all races for a new event. Copies of what is there go to Saved
 // before the first file is cleared. All functions throw FileError and set the operation label; they
@@ -8,10 +8,10 @@
 
 // Empties Bets and Betsbackup of every race, and remembers for this run that it was done. The event
 // directory is made if needed.
-int clearAllBets(Session &session);
+int clearAllBets(Session &session, const Progress &progress = {});
 
 // Rewrites Horses and Horsesbackup of every race with 21 unused posts.
-int clearAllHorses(Session &session);
+int clearAllHorses(Session &session, const Progress &progress = {});
 
 // Why the files of the event must not be cleared now, or an empty text: in network mode they are
 // those of all computers.

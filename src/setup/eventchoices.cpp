@@ -57,9 +57,3 @@ void changeRace(Session &session, int race)
     session.settings.currentRace = race;
     saveInit(session);
 }
-
-void switchReceiptPrinting(Session &session)
-{
-    session.settings.setReceiptPrinting(!session.settings.receiptsPrint());
-    saveInit(session);
-}

@@ -25,6 +25,3 @@ void changeBanner(Session &session, const QString &text);
 
 // Makes the race the current one and rewrites Init.
 void changeRace(Session &session, int race);
-
-// Switches receipt printing to the other state and rewrites Init.
-void switchReceiptPrinting(Session &session);

@@ -8,6 +8,7 @@
 #include "setup/eventchoices.h"
 #include "setup/eventfolders.h"
 #include "setup/startup.h"
+#include "ui/progressbox.h"
 #include "ui/prompts.h"
 
 #include <QButtonGroup>
@@ -359,8 +360,9 @@ void frminitb::clearBettorsFile()
     if (refusesToClear() || refusesBeforeBets(u"Clear Bettors"_s))
         return;
     if (askOkCancel(this, u"Clear and initialize Bettor file?"_s, u"Initialize"_s))
-        clearFiles([](Session &session) { return clearBettors(session, u"-Setup"_s); },
-                   u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
+        clearFiles(
+            [](Session &session, const Progress &) { return clearBettors(session, u"-Setup"_s); },
+            u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
 }
 
 void frminitb::clearHorseFiles()
@@ -390,10 +392,15 @@ bool frminitb::refusesBeforeBets(const QString &title)
     return true;
 }
 
-void frminitb::clearFiles(int (*clear)(Session &), const QString &done, const QString &title)
+void frminitb::clearFiles(int (*clear)(Session &, const Progress &), const QString &done,
+                          const QString &title)
 {
     int kept = 0;
-    if (!trap([&] { kept = clear(m_context.session); }))
+    const bool isCleared = trap([&] {
+        ProgressBox box(this, u"Clearing ..."_s, ProgressBox::Ending::OnlyWhenDone);
+        kept = clear(m_context.session, box.progress());
+    });
+    if (!isCleared)
         return;
     m_note = kept == 0 ? QString()
                        : "Copies of the old files in the folder Saved: "_L1 + QString::number(kept);
@@ -404,7 +411,12 @@ void frminitb::clearFiles(int (*clear)(Session &), const QString &done, const QS
 void frminitb::goToMenu()
 {
     QString note;
-    if (trap([&] { note = CreateEventFiles(m_context.session); })) {
+    const bool isThere = trap([&] {
+        ProgressBox box(this, u"Creating the files of the event ..."_s,
+                        ProgressBox::Ending::OnlyWhenDone);
+        note = CreateEventFiles(m_context.session, box.progress());
+    });
+    if (isThere) {
         m_context.session.settings.lastEventDirectory.clear();
         m_context.navigator.open(u"frmmenub"_s, note);
         return;

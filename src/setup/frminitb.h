@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/controls.h"
+#include "common/files/progress.h"
 #include "ui/navigator.h"
 
 #include <QWidget>
@@ -45,7 +46,8 @@ private:
     void clearHorseFiles();
     bool refusesToClear();
     bool refusesBeforeBets(const QString &title);
-    void clearFiles(int (*clear)(Session &), const QString &done, const QString &title);
+    void clearFiles(int (*clear)(Session &, const Progress &), const QString &done,
+                    const QString &title);
     void goToMenu();
 
     template<typename Work>

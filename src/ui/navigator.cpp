@@ -40,6 +40,7 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     m_session.files.notices = [this](const QString &holder) {
         return showLockWait(m_window, holder);
     };
+    m_session.files.working = [this] { m_waitCursor.work(); };
     m_session.files.tell = [this](const QString &note) {
         // Once the handler that is reading has shown its own note.
         QMetaObject::invokeMethod(
@@ -54,6 +55,7 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
 Navigator::~Navigator()
 {
     m_session.files.notices = {};
+    m_session.files.working = {};
     m_session.files.tell = {};
     delete m_window;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/waitcursor.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -99,6 +101,7 @@ private:
     SlipPrinter &m_printer;
     std::map<QString, ScreenEntry> m_screens;
     MainWindow *m_window;
+    WaitCursor m_waitCursor;
     QString m_previous;
     QPointer<QWidget> m_help; // the help screen while it stands beside another
 };

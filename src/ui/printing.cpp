@@ -42,8 +42,11 @@ Printed printSlip(QWidget *screen, const ScreenContext &context, const PrintTask
     if (const QString reason = closedBy(task.gate, context.session.settings); !reason.isEmpty())
         return {false, reason};
     auto job = SlipPrinter::Job::Printed;
-    if (!trapErrors(screen, context.session, task.style, task.label,
-                    [&] { job = context.printer.print(slip); }))
+    const bool isPrinted = trapErrors(screen, context.session, task.style, task.label, [&] {
+        ProgressBox box(screen, u"Printing ..."_s, ProgressBox::Ending::OnlyWhenDone);
+        job = context.printer.print(slip, box.progress());
+    });
+    if (!isPrinted)
         return {};
     return {true, joined(task.done, pausedNote(job))};
 }
@@ -56,8 +59,8 @@ Printed printCopies(QWidget *screen, const ScreenContext &context, const PrintTa
     int printed = 0;
     auto job = SlipPrinter::Job::Printed;
     trapErrors(screen, context.session, task.style, task.label, [&] {
-        ProgressBox progress(screen, u"Printing ..."_s);
-        for (; printed < copies && progress.step(printed, copies); ++printed)
+        ProgressBox box(screen, u"Printing ..."_s);
+        for (; printed < copies && box.step(printed, copies); ++printed)
             job = context.printer.print(slip);
     });
     QString note = task.done + QString::number(printed);

@@ -47,3 +47,8 @@ bool ProgressBox::step(int done, int total)
     }
     return !wasCanceled();
 }
+
+Progress ProgressBox::progress()
+{
+    return [this](int done, int total) { step(done, total); };
+}

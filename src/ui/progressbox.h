@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/files/progress.h"
 #include "ui/undisturbed.h"
 
 #include <QElapsedTimer>
@@ -21,6 +22,9 @@ public:
     // Called between the steps of the work: shows that \a done steps of \a total are done, a total
     // of 0 meaning that nobody knows how many there are. Returns false once Cancel was pressed.
     bool step(int done, int total);
+
+    // The same for work that cannot be ended halfway.
+    Progress progress();
 
 private:
     Undisturbed m_undisturbed;

@@ -27,7 +27,7 @@ public:
     SlipPainter(const Slip &slip, QPagedPaintDevice &device, QPainter &painter);
 
     // Paints all lines; returns the number of pages.
-    int paint();
+    int paint(const Progress &progress);
 
 private:
     void setPoints(double points);
@@ -202,9 +202,11 @@ void SlipPainter::startPage()
     m_top = m_y;
 }
 
-int SlipPainter::paint()
+int SlipPainter::paint(const Progress &progress)
 {
-    for (int i = 0; i < int(m_slip.lines.size()); ++i) {
+    const int lines = int(m_slip.lines.size());
+    for (int i = 0; i < lines; ++i) {
+        progress(i, lines);
         if (Slip::isPageBreak(m_slip.lines[i])) {
             startPage();
             continue;
@@ -219,11 +221,11 @@ int SlipPainter::paint()
 
 } // namespace
 
-int paintSlip(const Slip &slip, QPagedPaintDevice &device)
+int paintSlip(const Slip &slip, QPagedPaintDevice &device, const Progress &progress)
 {
     QPainter painter;
     if (!painter.begin(&device))
         return 0;
-    const int pages = SlipPainter(slip, device, painter).paint();
+    const int pages = SlipPainter(slip, device, painter).paint(progress);
     return painter.end() ? pages : 0;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/files/progress.h"
 #include "common/print/slip.h"
 
 class QPagedPaintDevice;
@@ -8,4 +9,4 @@ class QPagedPaintDevice;
 // lines are repeated on each, and a block that fits on a page is never parted. A slip wider than
 // the page is painted smaller, and what is too wide even then goes on in the next line. Returns the
 // number of pages, 0 when the device refused to begin or to end.
-int paintSlip(const Slip &slip, QPagedPaintDevice &device);
+int paintSlip(const Slip &slip, QPagedPaintDevice &device, const Progress &progress = {});

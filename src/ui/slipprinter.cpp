@@ -1,7 +1,6 @@
 #include "ui/slipprinter.h"
 
 #include "common/files/hostsystem.h"
-#include "ui/slippainter.h"
 
 #include <QFont>
 #include <QPrinter>
@@ -9,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-SlipPrinter::Job SlipPrinter::print(const Slip &slip) const
+SlipPrinter::Job SlipPrinter::print(const Slip &slip, const Progress &progress) const
 {
     if (m_destination) {
         m_destination(slip);
@@ -28,7 +27,7 @@ SlipPrinter::Job SlipPrinter::print(const Slip &slip) const
     if (info.defaultPageSize().isValid())
         printer.setPageSize(info.defaultPageSize());
     // The printer's own state tells nothing of a refused job: the print system is asked.
-    if (paintSlip(slip, printer) == 0 || printer.printerState() == QPrinter::Error
+    if (paintSlip(slip, printer, progress) == 0 || printer.printerState() == QPrinter::Error
         || printer.printerState() == QPrinter::Aborted || !printSystemTookJob())
         throw FileError(ErrorNumber::PrinterError);
     return info.state() == QPrinter::Error ? Job::Waiting : Job::Printed;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "common/print/slip.h"
-
-#include <functional>
+#include "ui/slippainter.h"
 
 // Prints slips on the default printer, each as a job of its own.
 class SlipPrinter
@@ -18,7 +17,7 @@ public:
 
     // Prints one job. Throws FileError 482 when there is no usable printer or the print system does
     // not accept the job; nothing is printed then.
-    Job print(const Slip &slip) const;
+    Job print(const Slip &slip, const Progress &progress = {}) const;
 
 private:
     Destination m_destination;

@@ -28,24 +28,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString dollars(float amount)
-{
-    return formatMoney(amount, "$#,##0.00");
-}
-
 QString withBlank(const QString &sentence)
 {
     return sentence.isEmpty() ? QString() : QString(u' ' + sentence);
 }
 
-QString betCount(std::size_t bets)
-{
-    return QString::number(bets) + (bets == 1 ? u" bet"_s : u" bets"_s);
-}
-
 QString toBePlacedText(float amount)
 {
-    return u"to be placed: "_s + dollars(amount);
+    return u"to be placed: "_s + formatMoney(amount);
 }
 
 } // namespace
@@ -231,7 +221,7 @@ void BetSheet::place()
     const QString limit = QString::number(session.settings.betLimit);
     if (placement.raceIsFull) {
         return showMessage(this,
-                           u"The race has room for "_s + betCount(placement.roomLeft)
+                           u"The race has room for "_s + counted(placement.roomLeft, u"bet"_s)
                                + u" more. These bets were not placed."_s,
                            title);
     }
@@ -287,7 +277,7 @@ bool BetSheet::cardHolds(PlacementPlan &asked)
     const float before = m_entries.total();
     m_entries.removeUnused(m_horses);
     if (const float lost = before - m_entries.total(); lost != 0)
-        changes.append(dollars(lost) + u" on horses that run no longer left the sheet."_s);
+        changes.append(formatMoney(lost) + u" on horses that run no longer left the sheet."_s);
     m_grid->setHorses(m_horses);
     showOdds();
     showEntries();
@@ -314,7 +304,7 @@ void BetSheet::listPlaced(const Placement &placement)
 void BetSheet::stopAtNegative(const PlacementPlan &plan)
 {
     showMessage(this, u"Bet amounts must be positive"_s);
-    note(betCount(plan.bets.size()) + u" of "_s + dollars(plan.total())
+    note(counted(plan.bets.size(), u"bet"_s) + u" of "_s + formatMoney(plan.total())
          + u" saved before the negative amount. What is saved must leave the sheet before "
            "placing again."_s);
 }
@@ -324,8 +314,9 @@ void BetSheet::stopAtNegative(const PlacementPlan &plan)
 void BetSheet::finishPlacement(const Placement &placement)
 {
     Session &session = m_context.session;
-    QString result = betCount(placement.plan.bets.size()) + u" of "_s
-                     + dollars(placement.plan.total()) + u" placed for "_s + m_bettorName + u'.';
+    QString result = counted(placement.plan.bets.size(), u"bet"_s) + u" of "_s
+                     + formatMoney(placement.plan.total()) + u" placed for "_s + m_bettorName
+                     + u'.';
     if (session.settings.receiptsPrint()) {
         const Printed receipt =
             printSlip(this, m_context, {u"Bet receipt"_s, ErrorStyle::NumberAndDescription},
@@ -358,8 +349,8 @@ void BetSheet::deletePrior()
     if (deleted.listWasStale) {
         note(u"The race's bets changed meanwhile: nothing was deleted. Select the bets again."_s);
     } else {
-        note(betCount(std::size_t(selected.size())) + u" deleted, refund "_s
-             + dollars(deleted.refund) + u" to "_s + m_prior.name + u'.'
+        note(counted(std::size_t(selected.size()), u"bet"_s) + u" deleted, refund "_s
+             + formatMoney(deleted.refund) + u" to "_s + m_prior.name + u'.'
              + withBlank(printRefund(deleted)));
     }
     if (deleted.twinError)
@@ -381,16 +372,13 @@ QString BetSheet::printRefund(const DeletedBets &deleted)
 
 void BetSheet::switchReceipts()
 {
-    Settings &settings = m_context.session.settings;
-    settings.setReceiptPrinting(!settings.receiptsPrint());
+    trapped([&] { switchReceiptPrinting(m_context.session); });
     showReceiptSetting();
-    trapped([&] { saveInit(m_context.session); });
 }
 
 void BetSheet::showReceiptSetting()
 {
-    setCaption(cmdprint, m_context.session.settings.receiptsPrint() ? u"Receipts will print"_s
-                                                                    : u"Receipts will not print"_s);
+    setCaption(cmdprint, m_context.session.settings.receiptsState());
 }
 
 void BetSheet::keyPressEvent(QKeyEvent *event)

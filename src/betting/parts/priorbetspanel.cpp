@@ -57,7 +57,7 @@ void PriorBetsPanel::showBets(const PriorBets &prior)
     lstpriorbets->clear();
     lstpriorbets->addItems(prior.lines());
     lstpriorbets->scrollToBottom();
-    txttotprior->setText(prior.bettor == 0 ? QString() : formatMoney(prior.sum, "$#,##0.00"));
+    txttotprior->setText(prior.bettor == 0 ? QString() : formatMoney(prior.sum));
 }
 
 QList<int> PriorBetsPanel::selectedLines() const

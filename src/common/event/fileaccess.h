@@ -26,6 +26,9 @@ struct FileAccess
     WaitNotices notices; // shown while another program holds the lock; without it waiting is silent
     std::weak_ptr<FolderLock> held; // by this program now
 
+    // Told as each operation on files begins.
+    std::function<void()> working;
+
     // Shows what the operator should know about a file that was read, such as a torn record.
     std::function<void(const QString &)> tell;
 

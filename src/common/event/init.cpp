@@ -190,3 +190,9 @@ void saveInit(Session &session, InitWriter writer)
 {
     saveInit(session, writer, u"\\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
 }
+
+void switchReceiptPrinting(Session &session)
+{
+    session.settings.setReceiptPrinting(!session.settings.receiptsPrint());
+    saveInit(session);
+}

@@ -38,3 +38,6 @@ void setFirstInit(Session &session);
 void saveInit(Session &session, InitWriter writer, const QString &openLabel,
               const QString &outputLabel);
 void saveInit(Session &session, InitWriter writer = InitWriter::Other);
+
+// Switches receipt printing to the other state, which holds even when Init cannot be rewritten.
+void switchReceiptPrinting(Session &session);

@@ -10,6 +10,8 @@ template<typename Work>
 auto labelled(Session &session, const QString &label, Work &&work)
 {
     session.settings.operationLabel = label;
+    if (session.files.working)
+        session.files.working();
     try {
         return work();
     } catch (FileError &error) {

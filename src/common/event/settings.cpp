@@ -4,6 +4,11 @@
 
 using namespace Qt::StringLiterals;
 
+QString Settings::receiptsState() const
+{
+    return receiptsPrint() ? u"Receipts will print"_s : u"Receipts will not print"_s;
+}
+
 void Settings::setReceiptPrinting(bool on)
 {
     receiptPrinting = on;

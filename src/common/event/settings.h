@@ -64,6 +64,9 @@ struct Settings
     // The gate of receipts and refund slips.
     bool receiptsPrint() const { return receiptPrinting.isYes(); }
 
+    // "Receipts will print" or "Receipts will not print".
+    QString receiptsState() const;
+
     // The gate of slips that have none of their own.
     bool mayPrint() const { return printerAttached; }
 

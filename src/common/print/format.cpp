@@ -80,6 +80,11 @@ QString formatMoney(double value, const char *pattern)
     return money(value, 15, pattern);
 }
 
+QString counted(std::size_t number, const QString &noun)
+{
+    return QString::number(number) + u' ' + noun + (number == 1 ? u""_s : u"s"_s);
+}
+
 QString leftColumn(const QString &text, int width)
 {
     return text.leftJustified(width);

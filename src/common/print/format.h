@@ -2,13 +2,18 @@
 
 #include <QString>
 
+#include <cstddef>
+
 // Money and column formats of screens and slips. Exact half cents round away from zero on the
 // value's decimal text: 7 digits of a single-precision value, 15 of a double.
 
 // \a pattern is "$#,##0.00" ($1,234.50), "$#,#00.00" ($05.00), "$###0.00" ($1234.50), "$##.00"
 // ($.50) or "Currency" ($1,234.50, and ($1,234.50) below zero).
-QString formatMoney(float value, const char *pattern);
-QString formatMoney(double value, const char *pattern);
+QString formatMoney(float value, const char *pattern = "$#,##0.00");
+QString formatMoney(double value, const char *pattern = "$#,##0.00");
+
+// "1 bet", "63 bets".
+QString counted(std::size_t number, const QString &noun);
 
 // "!@@@": the text on the left of a column of \a width characters; longer text is not cut.
 QString leftColumn(const QString &text, int width);
