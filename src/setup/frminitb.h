@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/controls.h"
 #include "common/files/progress.h"
+#include "ui/controls.h"
 #include "ui/navigator.h"
 
 #include <QWidget>

@@ -75,8 +75,7 @@ private slots:
             {"1,2,0,\"T\",2,2", u"1|2|SMITH| Trifecta| Bad Horse Number|2"_s},
             {"1,2,x,\"EX\",2,2", u"1|2|SMITH| Exacta| Bad Horse Number|2"_s},
             {"1,2,0,\"EX\",2,2,2", u"1|2|SMITH| Exacta|1,1A| Bad Bet Amount"_s}, // not read
-            {"1,2,0,\"X\",0,9",
-             u"1|9|9 Bad Bettor Number| Bad Bet Type|1,2,0| Bad Bet Amount"_s}};
+            {"1,2,0,\"X\",0,9", u"1|9|9 Bad Bettor Number| Bad Bet Type|1,2,0| Bad Bet Amount"_s}};
         Event event;
         for (const auto &[line, row] : cases) {
             event.write(u"Multibets Race1"_s, line + "\r\n");
