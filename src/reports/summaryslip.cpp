@@ -30,14 +30,14 @@ QStringList summaryCells(const SummaryRow &row)
 Slip summarySlip(const RaceSummary &summary, const QString &bannerAndRace)
 {
     constexpr int numberWidth = 7;
-    constexpr int amountWidth = 11;
+    constexpr int dollarsWidth = 11;
     qsizetype nameWidth = 18;
     for (const SummaryRow &row : summary.rows)
         nameWidth = std::max(nameWidth, row.markedName().size() + 1);
     const auto lineOf = [&](const QStringList &cells) {
         QString line = leftColumn(cells[0], numberWidth) + leftColumn(cells[1], int(nameWidth));
         for (const QString &cell : cells.sliced(2))
-            line += rightColumn(cell, amountWidth);
+            line += rightColumn(cell, dollarsWidth);
         return line;
     };
     Slip slip{u"Courier New"_s, 8, false, {}, 0};

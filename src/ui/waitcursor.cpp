@@ -2,8 +2,8 @@
 
 #include <QGuiApplication>
 
-WaitCursor::WaitCursor(std::chrono::milliseconds patience)
-    : m_patience(patience)
+WaitCursor::WaitCursor(std::chrono::milliseconds before)
+    : m_patience(before)
 {
 }
 

@@ -12,7 +12,7 @@ class WaitCursor : public QObject
     Q_OBJECT
 
 public:
-    explicit WaitCursor(std::chrono::milliseconds patience = std::chrono::milliseconds(200));
+    explicit WaitCursor(std::chrono::milliseconds before = std::chrono::milliseconds(200));
     ~WaitCursor() override;
 
     // Called as each operation on files begins.
