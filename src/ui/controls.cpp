@@ -185,16 +185,28 @@ QSize WrappedLabel::minimumSizeHint() const
 int WrappedLabel::heightForWidth(int width) const
 {
     const QMargins margins = contentsMargins();
-    const int inside = width - margins.left() - margins.right();
-    const QString shown = breakable(text(), fontMetrics(), inside);
+    return fitted(width - margins.left() - margins.right()).height + margins.top()
+           + margins.bottom();
+}
+
+// Layouts ask for the height again and again, mostly for the width of the last time.
+const WrappedLabel::Fitted &WrappedLabel::fitted(int width) const
+{
+    for (const Fitted &known : m_fitted) {
+        if (known.width == width && known.text == text() && known.font == font())
+            return known;
+    }
+    std::ranges::rotate(m_fitted, m_fitted.end() - 1);
+    const QString shown = breakable(text(), fontMetrics(), width);
     const QRect bounds =
-        fontMetrics().boundingRect(QRect(0, 0, inside, QWIDGETSIZE_MAX), Qt::TextWordWrap, shown);
-    return bounds.height() + margins.top() + margins.bottom();
+        fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, shown);
+    m_fitted.front() = {width, text(), font(), shown, bounds.height()};
+    return m_fitted.front();
 }
 
 void WrappedLabel::paintEvent(QPaintEvent *event)
 {
-    const QString shown = breakable(text(), fontMetrics(), contentsRect().width());
+    const QString shown = fitted(contentsRect().width()).shown;
     if (shown == text())
         return QLabel::paintEvent(event);
     QPainter painter(this);

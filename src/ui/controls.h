@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <array>
+
 class QAbstractButton;
 class QBoxLayout;
 class QButtonGroup;
@@ -54,6 +56,20 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    // The text as it is shown in a width, and its height then.
+    struct Fitted
+    {
+        int width = -1;
+        QString text;
+        QFont font;
+        QString shown;
+        int height = 0;
+    };
+    const Fitted &fitted(int width) const;
+
+    mutable std::array<Fitted, 3> m_fitted; // the last ones that were asked for
 };
 
 // A label of one line whose text never widens the screen: what does not fit is cut with dots, and
