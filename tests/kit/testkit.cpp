@@ -25,12 +25,7 @@ bool resting = false;
 
 void answerMessage(QMessageBox *box, const Expected &expected)
 {
-    static const QMap<Answer, QMessageBox::StandardButton> buttons{
-        {Answer::Ok, QMessageBox::Ok},
-        {Answer::Yes, QMessageBox::Yes},
-        {Answer::No, QMessageBox::No},
-        {Answer::Cancel, QMessageBox::Cancel}};
-    if (QAbstractButton *button = box->button(buttons.value(expected.answer)))
+    if (QAbstractButton *button = box->button(expected.answer))
         return button->click();
     faults << "no such button on: "_L1 + expected.title + ": "_L1 + expected.text;
     box->reject();
@@ -183,49 +178,67 @@ TestEvent::TestEvent(bool withFiles)
     }
 }
 
-QString TestEvent::path(const QString &fileName) const
+QString TestEvent::path(const QString &name) const
 {
-    return session.paths.toHost(session.settings.eventDirectory + fileName);
+    const bool whole = name.startsWith(u'\\') || name.indexOf(u':') == 1;
+    return session.paths.toHost(whole ? name : session.settings.eventDirectory + name);
 }
 
-QByteArray TestEvent::read(const QString &fileName) const
+QByteArray TestEvent::read(const QString &name) const
 {
-    QFile file(path(fileName));
+    QFile file(path(name));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     return file.readAll();
 }
 
-void TestEvent::write(const QString &fileName, const QByteArray &bytes) const
+void TestEvent::write(const QString &name, const QByteArray &bytes) const
 {
-    QFile file(path(fileName));
+    QFile file(path(name));
+    QDir().mkpath(QFileInfo(file).path());
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
 }
 
-bool TestEvent::exists(const QString &fileName) const
+bool TestEvent::exists(const QString &name) const
 {
-    return QFileInfo::exists(path(fileName));
+    return QFileInfo::exists(path(name));
 }
 
-static QString twinOf(const QString &fileName)
+void TestEvent::remove(const QStringList &names) const
+{
+    for (const QString &name : names) {
+        if (!QFile::remove(path(name)))
+            qFatal("cannot remove %s", qPrintable(name));
+    }
+}
+
+QStringList TestEvent::twins(const QString &fileName)
 {
     const qsizetype blank = fileName.indexOf(u' ');
     QString twin = fileName;
-    return twin.insert(blank < 0 ? twin.size() : blank, u"backup"_s);
+    twin.insert(blank < 0 ? twin.size() : blank, u"backup"_s);
+    return {fileName, twin};
 }
 
 void TestEvent::writeTwins(const QString &fileName, const QByteArray &bytes) const
 {
-    write(fileName, bytes);
-    write(twinOf(fileName), bytes);
+    for (const QString &name : twins(fileName))
+        write(name, bytes);
 }
 
 QByteArray TestEvent::readTwins(const QString &fileName) const
 {
     const QByteArray main = read(fileName);
-    const QByteArray twin = read(twinOf(fileName));
+    const QByteArray twin = read(twins(fileName).last());
     return main == twin ? main : "the main file: " + main + "its twin: " + twin;
+}
+
+void TestEvent::joinShare(const QString &folder, const QString &computer) const
+{
+    const QString network = session.paths.dataFolder() + "/network/"_L1 + computer;
+    if (!QDir().mkpath(network) || !QFile::link(folder, network + "/Tshare"_L1))
+        qFatal("cannot join %s", qPrintable(folder));
 }
 
 void TestEvent::block(const QString &fileName) const
@@ -266,6 +279,21 @@ QWidget *TestEvent::open(const QString &screen)
     navigator().open(screen);
     QCoreApplication::processEvents();
     return current();
+}
+
+QString TestEvent::note()
+{
+    return labelText(current(), u"lblnote"_s);
+}
+
+QStringList TestEvent::takeListing()
+{
+    auto *window = navigator().window()->findChild<QWidget *>(u"frmlistb"_s);
+    if (!window)
+        return {};
+    window->setObjectName({});
+    window->close();
+    return listTexts(window, u"List1"_s);
 }
 
 void clickButton(QWidget *screen, const QString &name)
@@ -329,6 +357,34 @@ QStringList listTexts(QWidget *screen, const QString &name)
     for (int row = 0; row < list->count(); ++row)
         texts << list->item(row)->text();
     return texts;
+}
+
+QStringList tableTexts(QWidget *screen, const QString &name)
+{
+    const auto *table = child<QTableWidget>(screen, name);
+    QStringList rows;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < table->columnCount(); ++column)
+            cells << table->item(row, column)->text();
+        rows << cells.join(u'|');
+    }
+    return rows;
+}
+
+QStringList simplified(QStringList texts)
+{
+    for (QString &text : texts)
+        text = text.simplified();
+    return texts;
+}
+
+HorseTable cardOf(std::initializer_list<Horse> horses)
+{
+    HorseTable card;
+    for (const Horse &horse : horses)
+        card.post(horse.post) = horse;
+    return card;
 }
 
 std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/event/eventfiles.h"
+#include "common/event/horses.h"
 #include "common/event/init.h"
 #include "common/event/racefiles.h"
 #include "common/event/session.h"
@@ -20,8 +21,8 @@
 
 using namespace Qt::StringLiterals;
 
-// How a test answers a box.
-enum class Answer { Ok, Yes, No, Cancel };
+// How a test answers a box: Ok, Yes, No, Cancel.
+using Answer = QMessageBox::StandardButton;
 
 // Answers real message and input boxes from a queue, in order, and demands the exact texts. An
 // unexpected box, or one that did not come until the robot's end, fails the test. All robots share
@@ -63,15 +64,24 @@ public:
     SlipPrinter printer; // hands its slips to `slips`
     QList<Slip> slips;
 
-    // This computer's path of a file in the event directory.
-    QString path(const QString &fileName) const;
-    QByteArray read(const QString &fileName) const;
-    void write(const QString &fileName, const QByteArray &bytes) const;
-    bool exists(const QString &fileName) const;
+    // This computer's path of a file in the event directory, or of a path with a drive or computer.
+    // The functions below take the same names; writing makes the folders, removing demands that the
+    // file is there.
+    QString path(const QString &name) const;
+    QByteArray read(const QString &name) const;
+    void write(const QString &name, const QByteArray &bytes) const;
+    bool exists(const QString &name) const;
+    void remove(const QStringList &names) const;
 
     // A record file and its twin: both are written; what both hold, or what tells them apart.
     void writeTwins(const QString &fileName, const QByteArray &bytes) const;
     QByteArray readTwins(const QString &fileName) const;
+
+    // The names of a record file and its twin.
+    static QStringList twins(const QString &fileName);
+
+    // Lets this computer find \\HOST\Tshare, or that of another computer, in a folder.
+    void joinShare(const QString &folder, const QString &computer = u"HOST"_s) const;
 
     // Puts a folder where the file was, so that nothing can open it; and takes it away again.
     void block(const QString &fileName) const;
@@ -89,6 +99,14 @@ public:
     // Opens a screen and gives it time to be shown.
     QWidget *open(const QString &screen);
     QWidget *current() { return navigator().current(); }
+    bool isOpen(const QString &screen) { return navigator().currentName() == screen; }
+
+    // What stands in the note line of the open screen.
+    QString note();
+
+    // The lines of the list window that stands beside the screens, which is closed; none without
+    // one.
+    QStringList takeListing();
 
 private:
     QTemporaryDir m_folder;
@@ -118,6 +136,15 @@ QString caption(QWidget *screen, const QString &name);
 
 // The texts of a list, from the first row to the last.
 QStringList listTexts(QWidget *screen, const QString &name);
+
+// The rows of a table, their cells joined by "|".
+QStringList tableTexts(QWidget *screen, const QString &name);
+
+// The texts with single blanks alone.
+QStringList simplified(QStringList texts);
+
+// A race card of these horses; the other posts are unused.
+HorseTable cardOf(std::initializer_list<Horse> horses);
 
 // The screens of these names, and blank widgets for the names of the stand-ins.
 std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns);
