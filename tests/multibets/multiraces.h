@@ -15,7 +15,7 @@ struct MultibetEvent : TestEvent
         write(QStringLiteral("Bettors"), "1,\"AnyBettor\"\r\n2,\"ANN\"\r\n3,\"BOB\"\r\n");
         for (int race = 3; race <= raceCount; ++race) {
             setHorses(race, race + 5);
-            setMultibets(race, {});
+            writeTwins(QStringLiteral("Multibets") + raceName(race), {});
         }
     }
 
@@ -28,12 +28,6 @@ struct MultibetEvent : TestEvent
             horses.post(post) = {post, 0, number, QStringLiteral("HORSE ") + number};
         }
         write(QStringLiteral("Horses") + raceName(race), horseRecords(horses));
-    }
-
-    void setMultibets(int race, const QByteArray &records)
-    {
-        write(QStringLiteral("Multibets") + raceName(race), records);
-        write(QStringLiteral("Multibetsbackup") + raceName(race), records);
     }
 };
 
