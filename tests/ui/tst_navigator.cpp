@@ -1,27 +1,5 @@
 #include "kit/testkit.h"
 #include "ui/controls.h"
-#include "ui/mainwindow.h"
-
-#include <QLabel>
-#include <QPointer>
-#include <QPushButton>
-#include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
-
-// Opening, leaving and closing screens.
-class tst_navigator : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void openAndLeave();
-    void initialFocus();
-    void reopen();
-    void beside();
-    void closeBox();
-    void exitProgram();
-};
 
 namespace {
 
@@ -43,111 +21,95 @@ public:
     }
 };
 
-class Fixture
+ScreenEntry entry(const QString &name, const QString &title)
 {
-public:
-    Fixture()
-        : navigator(event.session, event.printer,
-                    {entry(u"frmmenu"_s, u"Menu"_s), entry(u"frmwork"_s, u"Work"_s)})
-    {
-    }
-
-    QWidget *open(const QString &name, const QString &note = {})
-    {
-        navigator.open(name, note);
-        if (!QTest::qWaitForWindowActive(navigator.window()))
-            qFatal("the window does not become active");
-        return navigator.current();
-    }
-
-    TestEvent event{false};
-    Navigator navigator;
-
-private:
-    static ScreenEntry entry(const QString &name, const QString &title)
-    {
-        return {name, title, u"cmdreturn"_s,
-                [](const ScreenContext &context) -> QWidget * { return new Form(context); }};
-    }
-};
+    return {name, title, u"cmdreturn"_s,
+            [](const ScreenContext &context) -> QWidget * { return new Form(context); }};
+}
 
 } // namespace
 
-void tst_navigator::openAndLeave()
+// Opening, leaving and closing screens.
+class tst_navigator : public QObject
 {
-    Fixture fixture;
-    Navigator &navigator = fixture.navigator;
-    QVERIFY(!navigator.current() && navigator.currentName().isEmpty());
-    const QPointer<QWidget> menu = fixture.open(u"frmmenu"_s);
-    QCOMPARE(menu->objectName(), u"frmmenu"_s);
-    QCOMPARE(navigator.window()->windowTitle(), u"Menu"_s);
-    QWidget *work = fixture.open(u"frmwork"_s, u"2 names unpaid"_s);
-    QCOMPARE(labelText(work, u"lblnote"_s), u"2 names unpaid"_s);
-    QCOMPARE(navigator.previousName(), u"frmmenu"_s);
-    QCOMPARE(navigator.window()->windowTitle(), u"Work"_s);
-    QTRY_VERIFY(menu.isNull()); // the screen left is gone
-    clickButton(work, u"cmdreturn"_s);
-    QCOMPARE(navigator.currentName(), u"frmmenu"_s);
-    QCOMPARE(labelText(navigator.current(), u"lblnote"_s), QString());
-}
+    Q_OBJECT
 
-// The control that a screen gave the focus while it was built has it when it is shown.
-void tst_navigator::initialFocus()
-{
-    Fixture fixture;
-    for (const QString &name : {u"frmmenu"_s, u"frmwork"_s}) {
-        fixture.open(name);
-        QVERIFY(QApplication::focusWidget());
-        QCOMPARE(QApplication::focusWidget()->objectName(), u"txtsecond"_s);
-        QVERIFY(fixture.navigator.current()->isAncestorOf(QApplication::focusWidget()));
+    std::unique_ptr<TestEvent> event;
+    std::unique_ptr<Navigator> navigator;
+
+    QWidget *open(const QString &name, const QString &note = {})
+    {
+        navigator->open(name, note);
+        if (!QTest::qWaitForWindowActive(navigator->window()))
+            qFatal("the window does not become active");
+        return navigator->current();
     }
-}
 
-void tst_navigator::reopen()
-{
-    Fixture fixture;
-    fixture.open(u"frmmenu"_s);
-    typeInto(fixture.open(u"frmwork"_s), u"txtfirst"_s, u"abc"_s);
-    fixture.navigator.reopen();
-    QCOMPARE(fieldText(fixture.navigator.current(), u"txtfirst"_s), QString());
-    QCOMPARE(fixture.navigator.currentName(), u"frmwork"_s);
-    QCOMPARE(fixture.navigator.previousName(), u"frmmenu"_s);
-}
+private slots:
+    void init()
+    {
+        event = std::make_unique<TestEvent>(false);
+        navigator = std::make_unique<Navigator>(
+            event->session, event->printer,
+            std::vector{entry(u"frmmenu"_s, u"Menu"_s), entry(u"frmwork"_s, u"Work"_s)});
+    }
+    void cleanup()
+    {
+        navigator.reset();
+        event.reset();
+    }
 
-void tst_navigator::beside()
-{
-    Fixture fixture;
-    QWidget *menu = fixture.open(u"frmmenu"_s);
-    const QPointer<QWidget> work = fixture.navigator.openBeside(u"frmwork"_s);
-    QVERIFY(work->isWindow() && work->isVisible() && !work->isModal());
-    QCOMPARE(work->windowTitle(), u"Work"_s);
-    QCOMPARE(fixture.navigator.current(), menu);
-    typeInto(menu, u"txtfirst"_s, u"both are usable"_s);
-    work->close();
-    QTRY_VERIFY(work.isNull());
-}
+    void openAndLeave()
+    {
+        QVERIFY(!navigator->current() && navigator->currentName().isEmpty());
+        const QPointer<QWidget> menu = open(u"frmmenu"_s);
+        QCOMPARE(menu->objectName(), u"frmmenu"_s);
+        QCOMPARE(navigator->window()->windowTitle(), u"Menu"_s);
+        QWidget *work = open(u"frmwork"_s, u"2 names unpaid"_s);
+        QCOMPARE(labelText(work, u"lblnote"_s), u"2 names unpaid"_s);
+        QCOMPARE(navigator->previousName(), u"frmmenu"_s);
+        QCOMPARE(navigator->window()->windowTitle(), u"Work"_s);
+        QTRY_VERIFY(menu.isNull()); // the screen left is gone
+        // What was given the focus while the screen was built has it.
+        QCOMPARE(QApplication::focusWidget(), child<QWidget>(work, u"txtsecond"_s));
+        typeInto(work, u"txtfirst"_s, u"abc"_s);
+        navigator->reopen();
+        QCOMPARE(fieldText(navigator->current(), u"txtfirst"_s), QString());
+        QCOMPARE(navigator->currentName(), u"frmwork"_s);
+        QCOMPARE(navigator->previousName(), u"frmmenu"_s);
+        clickButton(navigator->current(), u"cmdreturn"_s);
+        QCOMPARE(navigator->currentName(), u"frmmenu"_s);
+        QCOMPARE(labelText(navigator->current(), u"lblnote"_s), QString());
+    }
 
-void tst_navigator::closeBox()
-{
-    Fixture fixture;
-    QWidget *work = fixture.open(u"frmwork"_s);
-    child<QPushButton>(work, u"cmdreturn"_s)->setEnabled(false);
-    QVERIFY(!fixture.navigator.window()->close());
-    QCOMPARE(fixture.navigator.current(), work); // what the button refuses, the box refuses
-    child<QPushButton>(work, u"cmdreturn"_s)->setEnabled(true);
-    QVERIFY(!fixture.navigator.window()->close());
-    QCOMPARE(fixture.navigator.currentName(), u"frmmenu"_s);
-    QVERIFY(fixture.navigator.window()->isVisible());
-}
+    void beside()
+    {
+        QWidget *menu = open(u"frmmenu"_s);
+        const QPointer<QWidget> work = navigator->openBeside(u"frmwork"_s);
+        QVERIFY(work->isWindow() && work->isVisible() && !work->isModal());
+        QCOMPARE(work->windowTitle(), u"Work"_s);
+        QCOMPARE(navigator->current(), menu);
+        typeInto(menu, u"txtfirst"_s, u"both are usable"_s);
+        work->close();
+        QTRY_VERIFY(work.isNull());
+        navigator->openBeside(u"frmwork"_s);
+        navigator->exitProgram();
+        QVERIFY(!navigator->window()->isVisible());
+    }
 
-void tst_navigator::exitProgram()
-{
-    Fixture fixture;
-    fixture.open(u"frmmenu"_s);
-    fixture.navigator.openBeside(u"frmwork"_s);
-    fixture.navigator.exitProgram();
-    QVERIFY(!fixture.navigator.window()->isVisible());
-}
+    // What the screen's button refuses, the close box refuses.
+    void closeBox()
+    {
+        QWidget *work = open(u"frmwork"_s);
+        child<QPushButton>(work, u"cmdreturn"_s)->setEnabled(false);
+        QVERIFY(!navigator->window()->close());
+        QCOMPARE(navigator->current(), work);
+        child<QPushButton>(work, u"cmdreturn"_s)->setEnabled(true);
+        QVERIFY(!navigator->window()->close());
+        QCOMPARE(navigator->currentName(), u"frmmenu"_s);
+        QVERIFY(navigator->window()->isVisible());
+    }
+};
 
 TRELAWN_TEST(tst_navigator)
 #include "tst_navigator.moc"

@@ -1,31 +1,19 @@
-#include "common/event/horses.h"
 #include "kit/testkit.h"
 #include "screens.h"
-#include "ui/mainwindow.h"
 #include "ui/prompts.h"
 #include "ui/undisturbed.h"
-
-#include <QFileDialog>
-#include <QListWidget>
-#include <QPointer>
-#include <QWindow>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 // A race with everything on file that a screen may ask about.
 void fillRace(TestEvent &event)
 {
-    HorseTable horses;
-    for (int post = 1; post <= 4; ++post)
-        horses.post(post) = {post, 0, QString::number(post), u"HORSE"_s};
-    for (const QString &file : {u"Horses Race1"_s, u"Horsesbackup Race1"_s})
-        event.write(file, horseRecords(horses));
-    for (const QString &file : {u"Bettors"_s, u"Bettorsbackup"_s})
-        event.write(file, "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n3,\"BROWN\"\r\n");
-    for (const QString &file : {u"Bets Race1"_s, u"Betsbackup Race1"_s})
-        event.write(file, "2,1,1,2\r\n3,2,2,4\r\n");
+    event.writeTwins(u"Horses Race1"_s, horseRecords(cardOf({{1, 0, u"1"_s, u"HORSE"_s},
+                                                             {2, 0, u"2"_s, u"HORSE"_s},
+                                                             {3, 0, u"3"_s, u"HORSE"_s},
+                                                             {4, 0, u"4"_s, u"HORSE"_s}})));
+    event.writeTwins(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n3,\"BROWN\"\r\n");
+    event.writeTwins(u"Bets Race1"_s, "2,1,1,2\r\n3,2,2,4\r\n");
     event.write(u"Multibets Race1"_s, "2,2,0,\"EX\",2,1\r\n");
     event.write(u"Download"_s, "\"http://127.0.0.1:9/card\"\r\n");
 }
@@ -67,6 +55,12 @@ QList<QAbstractButton *> buttonsOf(QWidget *screen)
     return buttons;
 }
 
+void pressLetter(const QAbstractButton *button)
+{
+    const QKeyCombination letter = button->shortcut()[0];
+    QTest::keyClick(button->window()->windowHandle(), letter.key(), letter.keyboardModifiers());
+}
+
 // Answers each box after everything on the screen behind was pressed in every way there is.
 class Rusher : public QObject
 {
@@ -106,9 +100,8 @@ private:
         for (auto *button : box->findChildren<QAbstractButton *>())
             lettersOfBox << button->shortcut();
         for (QAbstractButton *button : buttons) {
-            const QKeySequence letter = button->shortcut();
-            if (!lettersOfBox.contains(letter))
-                QTest::keyClick(window, letter[0].key(), letter[0].keyboardModifiers());
+            if (!lettersOfBox.contains(button->shortcut()))
+                pressLetter(button);
             QTest::mouseClick(button, Qt::LeftButton);
         }
         QTest::keyClick(window, Qt::Key_Return, Qt::ControlModifier);
@@ -144,52 +137,46 @@ class tst_quickkeys : public QObject
     Q_OBJECT
 
 private slots:
-    void everyScreen_data();
-    void everyScreen();
-};
-
-void tst_quickkeys::everyScreen_data()
-{
-    QTest::addColumn<QString>("closeButton");
-    for (const ScreenEntry &entry : allScreens())
-        QTest::newRow(qPrintable(entry.name)) << entry.closeButton;
-}
-
-void tst_quickkeys::everyScreen()
-{
-    const QString name = QString::fromLatin1(QTest::currentDataTag());
-    QStringList pressed;
-    int boxes = 0;
-    for (bool more = true; more;) {
-        TestEvent event;
-        event.boxes.rest();
-        fillRace(event);
-        Rusher rusher(event.navigator());
-        QWidget *screen = event.open(name);
-        QVERIFY(QTest::qWaitForWindowActive(screen->window()));
-        fillScreen(screen);
-        more = false;
-        for (QAbstractButton *button : buttonsOf(screen)) {
-            if (pressed.contains(button->objectName()))
-                continue;
-            pressed << button->objectName();
-            more = true;
-            if (button->shortcut().isEmpty())
-                button->click();
-            else
-                QTest::keyClick(screen->window()->windowHandle(), button->shortcut()[0].key(),
-                                button->shortcut()[0].keyboardModifiers());
-            break;
-        }
-        QCoreApplication::processEvents();
-        QVERIFY2(rusher.faults.isEmpty(),
-                 qPrintable(pressed.last() + u": "_s + rusher.faults.join(u", "_s)));
-        QVERIFY2(!QApplication::activeModalWidget() && !Undisturbed::isAny(),
-                 qPrintable(pressed.last()));
-        boxes += rusher.boxes;
+    void everyScreen_data()
+    {
+        QTest::addColumn<QString>("closeButton");
+        for (const ScreenEntry &entry : allScreens())
+            QTest::newRow(qPrintable(entry.name)) << entry.closeButton;
     }
-    qInfo("%d presses, %d boxes", int(pressed.size()), boxes);
-}
+    void everyScreen()
+    {
+        QStringList pressed;
+        int boxes = 0;
+        for (bool more = true; more;) {
+            TestEvent event;
+            event.boxes.rest();
+            fillRace(event);
+            Rusher rusher(event.navigator());
+            QWidget *screen = event.open(QString::fromLatin1(QTest::currentDataTag()));
+            QVERIFY(QTest::qWaitForWindowActive(screen->window()));
+            fillScreen(screen);
+            const auto buttons = buttonsOf(screen);
+            const auto next = std::ranges::find_if(buttons, [&](const auto *button) {
+                return !pressed.contains(button->objectName());
+            });
+            more = next != buttons.end();
+            if (more) {
+                pressed << (*next)->objectName();
+                if ((*next)->shortcut().isEmpty())
+                    (*next)->click();
+                else
+                    pressLetter(*next);
+            }
+            QCoreApplication::processEvents();
+            QVERIFY2(rusher.faults.isEmpty(),
+                     qPrintable(pressed.last() + u": "_s + rusher.faults.join(u", "_s)));
+            QVERIFY2(!QApplication::activeModalWidget() && !Undisturbed::isAny(),
+                     qPrintable(pressed.last()));
+            boxes += rusher.boxes;
+        }
+        qInfo("%d presses, %d boxes", int(pressed.size()), boxes);
+    }
+};
 
 TRELAWN_TEST(tst_quickkeys)
 #include "tst_quickkeys.moc"

@@ -1,4 +1,3 @@
-#include "common/event/bettors.h"
 #include "kit/testkit.h"
 
 class tst_bettors : public QObject

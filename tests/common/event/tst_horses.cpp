@@ -1,4 +1,3 @@
-#include "common/event/horses.h"
 #include "kit/testkit.h"
 
 class tst_horses : public QObject
@@ -15,12 +14,11 @@ private slots:
 
     void coupling()
     {
-        HorseTable card;
-        card.post(1) = {1, 1, u"1"_s, u"A"_s};
-        card.post(4) = {4, 1, u"1A"_s, u"B"_s};
-        card.post(5) = {5, 0, u"2"_s, u"C"_s};
-        card.post(6) = {6, 0, u"3"_s, u"D"_s};
-        card.post(7) = {7, 1, u"4"_s, u"zzz"_s}; // unused: its pool number counts for nothing
+        const HorseTable card = cardOf({{1, 1, u"1"_s, u"A"_s},
+                                        {4, 1, u"1A"_s, u"B"_s},
+                                        {5, 0, u"2"_s, u"C"_s},
+                                        {6, 0, u"3"_s, u"D"_s},
+                                        {7, 1, u"4"_s, u"zzz"_s}}); // unused: not in the pool
         QVERIFY(card.runTogether(1, 4) && card.runTogether(4, 1));
         QVERIFY(card.runTogether(5, 5) && card.runTogether(7, 7));
         QVERIFY(!card.runTogether(5, 6));
@@ -30,8 +28,7 @@ private slots:
 
     void file()
     {
-        HorseTable card;
-        card.post(21) = {21, 9, u"1"_s, u"O'NEIL, \u00c9MILE"_s};
+        const HorseTable card = cardOf({{21, 9, u"1"_s, u"O'NEIL, \u00c9MILE"_s}});
         const QByteArray bytes = horseRecords(card);
         QCOMPARE(bytes.count("\r\n"), 21);
         QVERIFY(bytes.startsWith("1,0,\"  \",\"\"\r\n2,0,\"  \",\"\"\r\n"));
@@ -70,16 +67,13 @@ private slots:
 
     void changes()
     {
-        HorseTable before;
-        before.post(1) = {1, 0, u"1"_s, u"A"_s};
-        before.post(2) = {2, 0, u"2"_s, u"B"_s};
-        before.post(4) = {4, 0, u"4"_s, u"D"_s};
-        HorseTable after = before;
-        after.post(1).pool = 3;
-        after.post(2).name = u"zzz"_s;
-        after.post(3) = {3, 0, u"3"_s, u"C"_s};
-        after.post(4) = {4, 0, u"4A"_s, u"D"_s};
-        after.post(5).name = u"zzz"_s; // nobody ran there before
+        const HorseTable before =
+            cardOf({{1, 0, u"1"_s, u"A"_s}, {2, 0, u"2"_s, u"B"_s}, {4, 0, u"4"_s, u"D"_s}});
+        const HorseTable after = cardOf({{1, 3, u"1"_s, u"A"_s},
+                                         {2, 0, u"2"_s, u"zzz"_s},
+                                         {3, 0, u"3"_s, u"C"_s},
+                                         {4, 0, u"4A"_s, u"D"_s},
+                                         {5, 0, {}, u"zzz"_s}}); // nobody ran there before
         QCOMPARE(cardChanges(before, after),
                  (QStringList{u"Post 1: A has pool number 3"_s, u"Post 2: B runs no longer"_s,
                               u"Post 3: 3 C is new"_s, u"Post 4: 4 D is now 4A D"_s}));

@@ -1,12 +1,8 @@
 #include "common/event/bettors.h"
-#include "common/event/filebatch.h"
-#include "common/event/horses.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/twinfiles.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,6 +11,16 @@ const QString twinLabel = u"Betsbackup Append"_s;
 const QString mainName = u"Bets Race1"_s;
 const QString twinName = u"Betsbackup Race1"_s;
 const QByteArray first = "1,1,1,5\r\n";
+
+using Twin = std::optional<QByteArray>; // nothing when the file is not there
+
+void writeFiles(const TestEvent &event, const QByteArray &main, const Twin &twin)
+{
+    event.write(mainName, main);
+    event.write(twinName, twin.value_or(QByteArray()));
+    if (!twin)
+        event.remove({twinName});
+}
 
 QByteArray appendLines(Session &session, const QByteArray &lines)
 {
@@ -68,57 +74,39 @@ private slots:
     }
 
     // How the end of a file is read, what the file holds then, and after the next bet.
-    void unfinishedEnd_data()
-    {
-        QTest::addColumn<QByteArray>("main");
-        QTest::addColumn<std::optional<QByteArray>>("twin");
-        QTest::addColumn<QByteArray>("read");
-        QTest::addColumn<bool>("mended");
-        QTest::addColumn<QString>("note");
-        using Twin = std::optional<QByteArray>;
-        const QByteArray torn = first + "2,3,1,1";
-        const QByteArray whole = first + "2,3,1,10\r\n";
-        QTest::newRow("whole") << whole << Twin(first) << whole << false << QString();
-        QTest::newRow("the twin has it whole")
-            << torn << Twin(whole) << whole << true
-            << u"Bets Race1 ended within a record, which was completed from Betsbackup Race1. "
-               "A copy is in Saved."_s;
-        const QString check = u"Bets Race1 ends without a line end: check its last record."_s;
-        QTest::newRow("the twin ends the same way") << torn << Twin(torn) << torn + "\r\n"
-                                                    << false << check;
-        QTest::newRow("no twin") << torn << Twin() << torn + "\r\n" << false << check;
-        QTest::newRow("the twin knows nothing of it")
-            << torn << Twin(first) << torn + ",\"torn\r\n"
-            << false
-            << u"Bets Race1 ends within a record, which does not count. Fix Files shows it."_s;
-        QTest::newRow("another record in the twin")
-            << torn << Twin(first + "9,9,1,1\r\n") << torn + ",\"torn\r\n"
-            << false
-            << u"Bets Race1 ends within a record, which does not count. Fix Files shows it."_s;
-    }
     void unfinishedEnd()
     {
-        QFETCH(QByteArray, main);
-        QFETCH(std::optional<QByteArray>, twin);
-        QFETCH(QByteArray, read);
-        QFETCH(bool, mended);
-        TestEvent event;
-        QString told;
-        event.session.files.tell = [&](const QString &note) { told = note; };
-        event.write(mainName, main);
-        event.write(twinName, twin.value_or(QByteArray()));
-        if (!twin)
-            QVERIFY(QFile::remove(event.path(twinName)));
-        QCOMPARE(readMainFile(event.session, RecordFile::Bets, 1, u"Bets input"_s), read);
-        QCOMPARE(event.read(mainName), mended ? read : main);
-        QCOMPARE(event.savedCopies(mainName), mended ? QByteArrayList{main} : QByteArrayList());
-        QTEST(told, "note");
+        const QByteArray torn = first + "2,3,1,1";
+        const QByteArray whole = first + "2,3,1,10\r\n";
+        const QString mended = u"Bets Race1 ended within a record, which was completed from "
+                               "Betsbackup Race1. A copy is in Saved."_s;
+        const QString check = u"Bets Race1 ends without a line end: check its last record."_s;
+        const QString lost =
+            u"Bets Race1 ends within a record, which does not count. Fix Files shows it."_s;
+        Rows<QByteArray, Twin, QByteArray, QString> rows;
+        rows("whole", whole, first, whole, {});
+        rows("the twin has it whole", torn, whole, whole, mended);
+        rows("the twin ends the same way", torn, torn, torn + "\r\n", check);
+        rows("no twin", torn, {}, torn + "\r\n", check);
+        rows("the twin knows nothing of it", torn, first, torn + ",\"torn\r\n", lost);
+        rows("another record in the twin", torn, first + "9,9,1,1\r\n", torn + ",\"torn\r\n", lost);
+        for (const auto &[row, main, twin, read, note] : rows) {
+            TestEvent event;
+            QString told;
+            event.session.files.tell = [&](const QString &text) { told = text; };
+            writeFiles(event, main, twin);
+            QCOMPARE(readMainFile(event.session, RecordFile::Bets, 1, u"Bets input"_s), read);
+            QCOMPARE(event.read(mainName), note == mended ? read : main);
+            QCOMPARE(event.savedCopies(mainName),
+                     note == mended ? QByteArrayList{main} : QByteArrayList());
+            QCOMPARE(told, note);
 
-        event.write(mainName, main); // an append by itself comes to the same
-        QCOMPARE(appendLines(event.session, first), read + first);
-        QCOMPARE(event.read(mainName), read + first);
-        QVERIFY(event.read(twinName).endsWith(first));
-        QVERIFY(!event.read(twinName).contains("1,11,"));
+            event.write(mainName, main); // an append by itself comes to the same
+            QCOMPARE(appendLines(event.session, first), read + first);
+            QCOMPARE(event.read(mainName), read + first);
+            QVERIFY(event.read(twinName).endsWith(first));
+            QVERIFY(!event.read(twinName).contains("1,11,"));
+        }
     }
 
     // What other programs write while a change is being made is read again.
@@ -134,8 +122,7 @@ private slots:
         };
         QVERIFY(changeTwins(event.session, RecordFile::Bets, 1, change, {}, label, twinLabel));
         QCOMPARE(calls, 2);
-        QCOMPARE(event.read(mainName), first + "by others\r\nnew\r\n");
-        QCOMPARE(event.read(twinName), event.read(mainName));
+        QCOMPARE(event.readTwins(mainName), first + "by others\r\nnew\r\n");
         QVERIFY(!changeTwins(
             event.session, RecordFile::Bets, 1, [](const QByteArray &) { return std::nullopt; }, {},
             label, twinLabel));
@@ -145,8 +132,7 @@ private slots:
     void changeOfMissingFile()
     {
         TestEvent event;
-        QVERIFY(QFile::remove(event.path(mainName)));
-        QVERIFY(QFile::remove(event.path(twinName)));
+        event.remove({mainName, twinName});
         const auto nothing = [](const QByteArray &found) { return found; };
         QVERIFY(changeTwins(event.session, RecordFile::Bets, 1, nothing, {}, label, twinLabel));
         QVERIFY(!event.exists(mainName));
@@ -155,19 +141,16 @@ private slots:
     // A twin that fell behind, or is missing, is brought up; one that holds more keeps it.
     void appendToOtherTwins()
     {
-        using Twin = std::optional<QByteArray>;
         const QByteArray bet = "2,3,1,10\r\n";
         const QByteArray more = first + bet + "4,4,1,4\r\n";
-        const std::pair<Twin, QByteArray> cases[] = {{Twin(), first + first + bet},
-                                                     {Twin(first), first + first + bet},
-                                                     {Twin(first + "1,1,"), first + first + bet},
-                                                     {Twin(more), more + bet}};
-        for (const auto &[twin, expected] : cases) {
+        Rows<Twin, QByteArray> rows;
+        rows("missing", {}, first + first + bet);
+        rows("behind", first, first + first + bet);
+        rows("torn", first + "1,1,", first + first + bet);
+        rows("holds more", more, more + bet);
+        for (const auto &[row, twin, expected] : rows) {
             TestEvent event;
-            event.write(mainName, first + first);
-            event.write(twinName, twin.value_or(QByteArray()));
-            if (!twin)
-                QVERIFY(QFile::remove(event.path(twinName)));
+            writeFiles(event, first + first, twin);
             appendLines(event.session, bet);
             QCOMPARE(event.read(mainName), first + first + bet);
             QCOMPARE(event.read(twinName), expected);
@@ -176,52 +159,42 @@ private slots:
 
     // Nobody knows what a disk that vanished in mid-append holds: the second attempt looks, also
     // behind what others placed meanwhile and when other lines have come onto the sheet.
-    void unsureAppend_data()
-    {
-        QTest::addColumn<bool>("othersPlace");
-        QTest::addColumn<QByteArray>("again");
-        const QByteArray lines = "2,3,1,10\r\n2,3,1,10\r\n2,4,1,5\r\n";
-        QTest::newRow("at once") << false << lines;
-        QTest::newRow("after others") << true << lines;
-        QTest::newRow("with one more") << true << QByteArray(lines + "2,5,1,5\r\n");
-    }
     void unsureAppend()
     {
-        QFETCH(bool, othersPlace);
-        QFETCH(QByteArray, again);
-        const QByteArray others = "8,8,1,8\r\n";
-        int unsure = 0;
-        TestEvent event;
-        const auto prepare = [&] {
-            event.session.files.unsure.reset();
-            event.write(mainName, first);
-            event.write(twinName, first);
-        };
-        const auto check = [&](const FaultyRound &round) {
-            unsure += round.aftermath == Aftermath::Unsure ? 1 : 0;
-            TestEvent other(false);
-            other.session = event.session;
-            other.session.files.unsure.reset();
-            if (othersPlace)
-                appendLines(other.session, others);
-            appendLines(event.session, again);
-            QVERIFY(!event.session.files.unsure);
-            for (const QString &name : {mainName, twinName}) {
-                QByteArrayList found = event.read(name).split('\n');
-                const QByteArray all = first + (othersPlace ? others : QByteArray()) + again;
-                QByteArrayList wanted = all.split('\n');
-                // A torn piece that others ended stays behind as a damaged line.
-                found.removeIf([](const QByteArray &line) { return line.contains("torn"); });
-                std::ranges::sort(found);
-                std::ranges::sort(wanted);
-                QCOMPARE(found, wanted);
-            }
-        };
         const QByteArray lines = "2,3,1,10\r\n2,3,1,10\r\n2,4,1,5\r\n";
-        QVERIFY(failEachWrite(
-                    Fault::DiskGone, prepare, [&] { appendLines(event.session, lines); }, check)
-                > 3);
-        QVERIFY(unsure > 0);
+        Rows<QByteArray, QByteArray> rows;
+        rows("at once", {}, lines);
+        rows("after others", "8,8,1,8\r\n", lines);
+        rows("with one more", "8,8,1,8\r\n", lines + "2,5,1,5\r\n");
+        for (const auto &[row, others, again] : rows) {
+            int unsure = 0;
+            TestEvent event;
+            const auto prepare = [&] {
+                event.session.files.unsure.reset();
+                writeFiles(event, first, first);
+            };
+            const auto check = [&, &others = others, &again = again](const FaultyRound &round) {
+                unsure += round.aftermath == Aftermath::Unsure ? 1 : 0;
+                Session other = event.session;
+                other.files.unsure.reset();
+                appendLines(other, others);
+                appendLines(event.session, again);
+                QVERIFY(!event.session.files.unsure);
+                QByteArrayList wanted = QByteArray(first + others + again).split('\n');
+                std::ranges::sort(wanted);
+                for (const QString &name : {mainName, twinName}) {
+                    QByteArrayList found = event.read(name).split('\n');
+                    // A torn piece that others ended stays behind as a damaged line.
+                    found.removeIf([](const QByteArray &line) { return line.contains("torn"); });
+                    std::ranges::sort(found);
+                    QCOMPARE(found, wanted);
+                }
+            };
+            QVERIFY(failEachWrite(
+                        Fault::DiskGone, prepare, [&] { appendLines(event.session, lines); }, check)
+                    > 3);
+            QVERIFY(unsure > 0);
+        }
     }
 
     // The first programs of a new event make its files together, and nobody's bet is replaced.
@@ -229,14 +202,12 @@ private slots:
     {
         TestEvent event(false);
         CreateEventFiles(event.session);
-        QVERIFY(QFile::remove(event.path(mainName)));
-        QVERIFY(QFile::remove(event.path(twinName)));
+        event.remove({mainName, twinName});
         appendLines(event.session, first);
         QCOMPARE(createMissingTwins(event.session, RecordFile::Bets, 1, label, twinLabel),
                  QString());
         QVERIFY(!createRecordFile(event.path(mainName), "replaced"));
-        QCOMPARE(event.read(mainName), first);
-        QCOMPARE(event.read(twinName), first);
+        QCOMPARE(event.readTwins(mainName), first);
     }
 };
 

@@ -3,28 +3,20 @@
 #include "common/files/recordfile.h"
 #include "kit/testkit.h"
 
-#include <QDateTime>
-#include <QFile>
-
 #include <atomic>
 #include <thread>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
 
 constexpr LockTimes quick{20ms, 600ms, 200ms, 20ms, 30ms};
 
-// Counts how often it is asked, and gives up at \a most.
+// Gives up when it was asked so often.
 struct Impatient : WaitNotice
 {
-    explicit Impatient(int most)
-        : left(most)
-    {
-    }
     bool goesOn() override { return left-- > 0; }
-    int left;
+    int left = 0;
 };
 
 QByteArray lockOf(const QString &machine, qint64 process)
@@ -48,7 +40,9 @@ class tst_folderlock : public QObject
         return errorOf([&] {
             const FolderLock lock(m_path, u"DESK1"_s, quick, [&](const QString &name) {
                 holder = name;
-                return std::make_unique<Impatient>(patience);
+                auto notice = std::make_unique<Impatient>();
+                notice->left = patience;
+                return notice;
             });
         });
     }
@@ -57,54 +51,48 @@ private slots:
     void cleanup() { QFile::remove(m_path); }
 
     // Whose lock is waited for, and whose is taken away.
-    void others_data()
+    void others()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<bool>("lives");
-        QTest::addColumn<int>("patience");
-        QTest::addColumn<int>("error");
-        QTest::addColumn<QString>("waitedFor");
         const QByteArray elsewhere = lockOf(u"another machine"_s, 1);
         const QByteArray ended = lockOf(thisMachine(), 0x7ffffff0);
         const QByteArray running = lockOf(thisMachine(), QCoreApplication::applicationPid());
         const QString desk = u"DESK2"_s;
-        QTest::newRow("nobody's") << QByteArray() << false << 1000 << 0 << QString();
-        QTest::newRow("of a program that crashed here") << ended << false << 1000 << 0 << QString();
-        QTest::newRow("of one that crashed elsewhere") << elsewhere << false << 1000 << 0 << desk;
-        QTest::newRow("of one that works elsewhere") << elsewhere << true << 1000 << 70 << desk;
-        QTest::newRow("of one that works here") << running << true << 1000 << 70 << desk;
-        QTest::newRow("cancelled") << elsewhere << true << 2 << 70 << desk;
-        QTest::newRow("torn") << QByteArray("\"DES") << true << 2 << 70 << u"another computer"_s;
-    }
-    void others()
-    {
-        QFETCH(QByteArray, content);
-        QFETCH(bool, lives);
-        QFETCH(int, patience);
-        if (!content.isEmpty())
-            replaceRecordFile(m_path, content);
-        std::atomic<bool> ends = false;
-        std::thread life([&] {
-            while (lives && !ends) {
-                content += '.';
-                QFile file(m_path);
-                if (!file.open(QIODevice::ReadWrite) || file.write(content) < 0)
-                    return;
-                // Computers' clocks differ by hours and more.
-                file.setFileTime(
-                    QDateTime::fromSecsSinceEpoch(content.size() % 2 ? 1 : 9'000'000'000),
-                    QFileDevice::FileModificationTime);
-                file.close();
-                std::this_thread::sleep_for(quick.refresh);
-            }
-        });
-        QString holder;
-        const int error = take(holder, patience);
-        ends = true;
-        life.join();
-        QTEST(error, "error");
-        QTEST(holder, "waitedFor");
-        QCOMPARE(QFile::exists(m_path), error != 0);
+        // The lock file, whether its holder lives, how long one waits; the error and the holder.
+        Rows<QByteArray, bool, int, int, QString> rows;
+        rows("nobody's", {}, false, 1000, 0, {});
+        rows("of a program that crashed here", ended, false, 1000, 0, {});
+        rows("of one that crashed elsewhere", elsewhere, false, 1000, 0, desk);
+        rows("of one that works elsewhere", elsewhere, true, 1000, 70, desk);
+        rows("of one that works here", running, true, 1000, 70, desk);
+        rows("cancelled", elsewhere, true, 2, 70, desk);
+        rows("torn", "\"DES", true, 2, 70, u"another computer"_s);
+        for (const auto &[row, content, lives, patience, error, waitedFor] : rows) {
+            if (!content.isEmpty())
+                replaceRecordFile(m_path, content);
+            std::atomic<bool> ends = !lives;
+            std::thread life([&ends, written = content, this]() mutable {
+                while (!ends) {
+                    written += '.';
+                    QFile file(m_path);
+                    if (!file.open(QIODevice::ReadWrite) || file.write(written) < 0)
+                        return;
+                    // Computers' clocks differ by hours and more.
+                    file.setFileTime(
+                        QDateTime::fromSecsSinceEpoch(written.size() % 2 ? 1 : 9'000'000'000),
+                        QFileDevice::FileModificationTime);
+                    file.close();
+                    std::this_thread::sleep_for(quick.refresh);
+                }
+            });
+            QString holder;
+            const int found = take(holder, patience);
+            ends = true;
+            life.join();
+            QCOMPARE(found, error);
+            QCOMPARE(holder, waitedFor);
+            QCOMPARE(QFile::exists(m_path), error != 0);
+            QFile::remove(m_path);
+        }
     }
 
     // A holder at work for long is alive to those who wait, and gives the lock back.
