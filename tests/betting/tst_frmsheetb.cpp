@@ -4,15 +4,6 @@ namespace {
 
 const QByteArray twoBets = "2,3,1,2\r\n3,3,1,4\r\n";
 
-// A Horses file with these horses.
-QByteArray card(const QList<Horse> &list)
-{
-    HorseTable horses;
-    for (const Horse &horse : list)
-        horses.post(horse.post) = horse;
-    return horseRecords(horses);
-}
-
 } // namespace
 
 // Race 1 has horses on posts 1, 3 and 12, race 2 has one on post 2; there are three bettors.
@@ -25,11 +16,12 @@ private slots:
     {
         event = std::make_unique<TestEvent>(false);
         saveInit(event->session);
-        event->write(u"Horses Race1"_s, card({{1, 1, u"1"_s, u"Grindstone"_s},
-                                              {3, 0, u"3"_s, u"Secretariat"_s},
-                                              {4, 1, u"4"_s, u"zzz"_s},
-                                              {12, 1, u"12"_s, u"Fusaichi Pegasus"_s}}));
-        event->write(u"Horses Race2"_s, card({{2, 0, u"2B"_s, u"Sea Hero"_s}}));
+        event->write(u"Horses Race1"_s,
+                     horseRecords(cardOf({{1, 1, u"1"_s, u"Grindstone"_s},
+                                          {3, 0, u"3"_s, u"Secretariat"_s},
+                                          {4, 1, u"4"_s, u"zzz"_s},
+                                          {12, 1, u"12"_s, u"Fusaichi Pegasus"_s}})));
+        event->write(u"Horses Race2"_s, horseRecords(cardOf({{2, 0, u"2B"_s, u"Sea Hero"_s}})));
         event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n3,\"BROWN\"\r\n");
         event->writeTwins(u"Bets Race1"_s, twoBets);
         event->write(u"Bets Race2"_s, "2,2,2,9\r\n");
@@ -56,15 +48,14 @@ private slots:
         QVERIFY(settings.isSatelliteComputer());
         event->write(u"Init"_s, "\"Other\",\"D:\\\",2");
         sheet = event->open(u"frmsheetb"_s);
-        QVERIFY2(note().contains(u"Init is damaged"_s), qPrintable(note()));
+        QVERIFY2(event->note().contains(u"Init is damaged"_s), qPrintable(event->note()));
         QCOMPARE(text(u"txtbanner"_s) + text(u"txtbanner1"_s), u"Old Banner Race1"_s);
         QCOMPARE(settings.roundingIndex, 3);
     }
 
     void failuresOnOpening()
     {
-        QVERIFY(QFile::remove(event->path(u"Horses Race1"_s)));
-        QVERIFY(QFile::remove(event->path(u"Bettors"_s)));
+        event->remove({u"Horses Race1"_s, u"Bettors"_s});
         event->boxes.expect(u"53 File not found"_s, u"Bettors Input"_s);
         event->boxes.expect(u"53 File not found"_s, u"Horses input"_s);
         sheet = event->open(u"frmsheetb"_s);
@@ -147,7 +138,7 @@ private slots:
         QCOMPARE(bets(), twoBets + "2,1,1,5\r\n");
         QCOMPARE(text(u"txtnumber_42"_s), u"-2"_s); // not cleared
         QVERIFY(event->slips.isEmpty());
-        QVERIFY2(note().startsWith(u"1 bet of $5.00 saved"_s), qPrintable(note()));
+        QVERIFY2(event->note().startsWith(u"1 bet of $5.00 saved"_s), qPrintable(event->note()));
 
         event->session.settings.betLimit = 4;
         saveInit(event->session);
@@ -203,8 +194,7 @@ private slots:
         event->boxes.expect(u"482 Printer error"_s, u"Refund Bets"_s);
         deletePrior({1});
         QCOMPARE(bets(), twoBets);
-        QCOMPARE(listTexts(event->navigator().window(), u"List1"_s).last(),
-                 u"Total Refund $1.00"_s);
+        QCOMPARE(event->takeListing().last(), u"Total Refund $1.00"_s);
 
         clickButton(sheet, u"cmdprint"_s);
         const QByteArray written = event->read(u"Init"_s);
@@ -216,7 +206,7 @@ private slots:
         place();
         deletePrior({0});
         QCOMPARE(bets(), "3,3,1,4\r\n2,1,1,1\r\n");
-        QVERIFY2(note().contains(u"refund $2.00 to SMITH"_s), qPrintable(note()));
+        QVERIFY2(event->note().contains(u"refund $2.00 to SMITH"_s), qPrintable(event->note()));
         clickButton(sheet, u"cmdprint"_s);
         QCOMPARE(caption(sheet, u"cmdprint"_s), u"Receipts will print"_s);
     }
@@ -227,9 +217,10 @@ private slots:
     {
         choose(u"SMITH"_s);
         press({u"txtnumber_21"_s, u"txtnumber_23"_s, u"txtnumber_65"_s}); // 1 and 3 win, 3 show
-        event->write(u"Horses Race1"_s, card({{1, 0, u"7"_s, u"Go For Gin"_s},
-                                              {2, 0, u"2"_s, u"Unbridled"_s},
-                                              {12, 1, u"12"_s, u"Fusaichi Pegasus"_s}}));
+        event->write(u"Horses Race1"_s,
+                     horseRecords(cardOf({{1, 0, u"7"_s, u"Go For Gin"_s},
+                                          {2, 0, u"2"_s, u"Unbridled"_s},
+                                          {12, 1, u"12"_s, u"Fusaichi Pegasus"_s}})));
         const QString changes =
             u"The card has changed.\nPost 1: 1 Grindstone is now 7 Go For Gin\n"
             "Post 2: 2 Unbridled is new\nPost 3: Secretariat runs no longer\n"
@@ -245,7 +236,7 @@ private slots:
 
         choose(u"SMITH"_s);
         press({u"txtnumber_22"_s});
-        event->write(u"Horses Race1"_s, card({}));
+        event->write(u"Horses Race1"_s, horseRecords({}));
         place(Answer::Yes,
               u"The card has changed.\nPost 1: Go For Gin runs no longer\n"
               "Post 2: Unbridled runs no longer\nPost 12: Fusaichi Pegasus runs no longer\n"
@@ -275,14 +266,13 @@ private slots:
         QCOMPARE(text(u"txtnumber_21"_s), u"1"_s);
         // Without the shared list nothing is placed.
         choose(u"LATE"_s);
-        QVERIFY(QFile::remove(event->path(u"Bettors"_s)));
+        event->remove({u"Bettors"_s});
         place(Answer::Yes, u"53 File not found"_s, u"Bettors input"_s);
         QCOMPARE(bets(), twoBets + "2,1,1,1\r\n");
     }
 
 private:
     QString text(const QString &name) { return fieldText(sheet, name); }
-    QString note() { return labelText(sheet, u"lblnote"_s); }
     QByteArray bets() { return event->readTwins(u"Bets Race1"_s); }
     void choose(const QString &bettor) { selectInList(sheet, u"lstentries"_s, bettor); }
 

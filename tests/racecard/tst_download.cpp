@@ -1,14 +1,10 @@
-#include "common/event/eventfiles.h"
 #include "kit/testkit.h"
 #include "racecard/download.h"
 #include "racecard/fetch.h"
 
-#include <QProgressDialog>
-#include <QPushButton>
 #include <QTcpServer>
 #include <QTcpSocket>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -51,16 +47,11 @@ private:
         ++requests;
         m_asked = std::exchange(m_arriving, {});
         socket->write(m_asked.contains(" /moved ") ? m_moved : m_answer);
-        switch (m_then) {
-        case Then::Close:
-            return socket->disconnectFromHost();
-        case Then::KeepSending:
+        if (m_then == Then::Close)
+            socket->disconnectFromHost();
+        if (m_then == Then::KeepSending)
             QObject::connect(socket, &QTcpSocket::bytesWritten, socket,
                              [=] { socket->write(QByteArray(10000, 'x')); });
-            return;
-        case Then::StayOpen:
-            return;
-        }
     }
 
     QTcpServer m_server;
@@ -79,11 +70,6 @@ QByteArray page(const QByteArray &body, const QByteArray &status = "200 OK")
 
 const QByteArray card = "\"1\",\"1\",\"ALPHA\"\r\n\"2\",\"1A\",\"BETA\"\r\n\"0\",\"9\",\"ZERO\"\r\n"
                         "\"22\",\"9\",\"HIGH\"\r\n\"END\"\r\n\"3\",\"3\",\"GAMMA\"\r\n\"END\"\r\n";
-
-void giveAddress(const TestEvent &event, const QString &address)
-{
-    event.write(u"Download"_s, '"' + address.toUtf8() + "\"\r\n");
-}
 
 // Everything that is in the event directory, Saved included, but for the address.
 QMap<QString, QByteArray> allFiles(const TestEvent &event)
@@ -105,190 +91,169 @@ class tst_download : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void fetch();
-    void request();
-    void silence();
-    void failures();
-    void runningEvent();
-    void cancel();
-    void address();
-};
-
-void tst_download::initTestCase()
-{
-    for (const char *name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
-        qunsetenv(name);
-}
-
-// A page that comes whole is taken, and nothing else.
-void tst_download::fetch()
-{
-    const QString path = u"/postboard"_s;
-    const std::tuple<QByteArray, QString, QByteArray> cases[] = {
-        {page("hello"), path, "hello"},
-        {page("hello"), u"/moved"_s, "hello"},
-        {"HTTP/1.1 200 OK\r\n\r\nhello", path, "hello"}, // until the server closes
-        {page(QByteArray(5000, 'a')), path, QByteArray(5000, 'a')},
-        {page("gone", "404 Not Found"), path, {}},
-        {page(QByteArray(5000, 'a')).chopped(1000), path, {}},
-        {"hello\r\n\r\n", path, {}},
-        {page(QByteArray(6000, 'a')), path, {}}}; // larger than a card can be
-    FetchRules rules;
-    rules.silence = 2s;
-    rules.largest = 5000;
-    for (const auto &[answer, asked, body] : cases) {
-        WebServer server(answer);
-        server.setMoved("HTTP/1.1 302 Found\r\nLocation: /postboard\r\nContent-Length: 0\r\n\r\n");
-        QString type;
-        QCOMPARE(FetchUrl(server.address(asked), type, {}, 1024, fetchPost, rules), body);
+    void initTestCase()
+    {
+        for (const char *name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
+            qunsetenv(name);
     }
-}
 
-// What the server sees of the three kinds of request.
-void tst_download::request()
-{
-    WebServer server(page("ok"));
-    QString type;
-    FetchUrl(server.address(), type, {}, 1024, fetchPost);
-    QVERIFY(server.asked().startsWith("GET /postboard HTTP/1.1\n"));
-    QVERIFY(server.asked().contains(
-        "User-Agent: Mozilla/4.0 (compatible; MSIE 5.5; Windows NT 5.0)\n"));
-    QVERIFY(server.asked().contains("Cache-Control: no-cache\n"));
-    QVERIFY(!server.asked().contains("Referer"));
-    QCOMPARE(type, u"text/plain"_s);
+    // A page that comes whole is taken, and nothing else.
+    void fetch()
+    {
+        const QString path = u"/postboard"_s;
+        Rows<QByteArray, QString, QByteArray> rows;
+        rows("page", page("hello"), path, "hello");
+        rows("moved", page("hello"), u"/moved"_s, "hello");
+        rows("until the server closes", "HTTP/1.1 200 OK\r\n\r\nhello", path, "hello");
+        rows("largest", page(QByteArray(5000, 'a')), path, QByteArray(5000, 'a'));
+        rows("larger than a card can be", page(QByteArray(6000, 'a')), path, {});
+        rows("missing", page("gone", "404 Not Found"), path, {});
+        rows("cut short", page(QByteArray(5000, 'a')).chopped(1000), path, {});
+        rows("no HTTP", "hello\r\n\r\n", path, {});
+        FetchRules rules;
+        rules.largest = 5000;
+        for (const auto &[row, answer, asked, body] : rows) {
+            WebServer server(answer);
+            server.setMoved(
+                "HTTP/1.1 302 Found\r\nLocation: /postboard\r\nContent-Length: 0\r\n\r\n");
+            QCOMPARE(FetchUrl(server.address(asked), type, {}, 1024, fetchPost, rules), body);
+        }
+    }
 
-    FetchUrl(server.address(), type, u"race=1"_s, 1024, 0);
-    QVERIFY(server.asked().startsWith("GET /postboard?race=1 HTTP/1.1\n"));
+    // What the server sees of the three kinds of request.
+    void request()
+    {
+        WebServer server(page("ok"));
+        FetchUrl(server.address(), type, {}, 1024, fetchPost);
+        QVERIFY(server.asked().startsWith("GET /postboard HTTP/1.1\n"));
+        QVERIFY(server.asked().contains(
+            "User-Agent: Mozilla/4.0 (compatible; MSIE 5.5; Windows NT 5.0)\n"));
+        QVERIFY(server.asked().contains("Cache-Control: no-cache\n"));
+        QVERIFY(!server.asked().contains("Referer"));
+        QCOMPARE(type, u"text/plain"_s);
+        FetchUrl(server.address(), type, u"race=1"_s, 1024, 0);
+        QVERIFY(server.asked().startsWith("GET /postboard?race=1 HTTP/1.1\n"));
+        FetchUrl(server.address(), type, u"race=1"_s, 1024, fetchPost);
+        QVERIFY(server.asked().startsWith("POST /postboard HTTP/1.1\n"));
+        QVERIFY(server.asked().contains("Content-Type: application/x-www-form-urlencoded\n"));
+        QVERIFY(server.asked().endsWith("\n\nrace=1"));
+        // Nobody is there; what HTTP does not serve; a path that is too long.
+        const QString local = server.address();
+        const QStringList refused{u"http://127.0.0.1:1/postboard"_s, u"ftp"_s + local.mid(4),
+                                  u"file"_s + local.mid(4),
+                                  server.address(u'/' + QString(1025, u'a'))};
+        for (const QString &address : refused)
+            QCOMPARE(FetchUrl(address, type, {}, 1024, 1), QByteArray());
+    }
 
-    FetchUrl(server.address(), type, u"race=1"_s, 1024, fetchPost);
-    QVERIFY(server.asked().startsWith("POST /postboard HTTP/1.1\n"));
-    QVERIFY(server.asked().contains("Content-Type: application/x-www-form-urlencoded\n"));
-    QVERIFY(server.asked().endsWith("\n\nrace=1"));
+    // A server that falls silent is given up, one that never ends is cut off.
+    void silence()
+    {
+        FetchRules rules;
+        const QByteArray begun = "HTTP/1.1 200 OK\r\n\r\n\"1\",\"1\",\"ALPHA\"\r\n";
+        const WebServer endless(begun, WebServer::Then::KeepSending);
+        QCOMPARE(FetchUrl(endless.address(), type, {}, 1024, 1, rules), QByteArray());
+        rules.silence = 100ms;
+        const WebServer slow(begun, WebServer::Then::StayOpen);
+        QCOMPARE(FetchUrl(slow.address(), type, {}, 1024, 1, rules), QByteArray());
+    }
 
-    // Nobody is there; what HTTP does not serve; a path that is too long.
-    QCOMPARE(FetchUrl(u"http://127.0.0.1:1/postboard"_s, type, {}, 1024, 1), QByteArray());
-    for (const QString &scheme : {u"ftp"_s, u"gopher"_s, u"file"_s})
-        QCOMPARE(FetchUrl(scheme + server.address().mid(4), type, {}, 1024, 1), QByteArray());
-    QCOMPARE(FetchUrl(server.address(u'/' + QString(1025, u'a')), type, {}, 1024, 1), QByteArray());
-}
-
-// A server that falls silent is given up, one that never ends is cut off.
-void tst_download::silence()
-{
-    FetchRules rules;
-    rules.silence = 100ms;
-    QString type;
-    const QByteArray begun = "HTTP/1.1 200 OK\r\n\r\n\"1\",\"1\",\"ALPHA\"\r\n";
-    WebServer slow(begun, WebServer::Then::StayOpen);
-    QCOMPARE(FetchUrl(slow.address(), type, {}, 1024, 1, rules), QByteArray());
-    rules.silence = 15s;
-    WebServer endless(begun, WebServer::Then::KeepSending);
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(FetchUrl(endless.address(), type, {}, 1024, 1, rules), QByteArray());
-    QVERIFY(timer.elapsed() < 10000);
-}
-
-// Nothing but the message: a page that is missing, of a hotel's network, or without a horse.
-void tst_download::failures()
-{
-    for (const QByteArray &answer :
-         {page(card, "404 Not Found"), page("\xef\xbb\xbf \n<html>\n1,2,\"sign in\"\nEND\n</html>"),
-          page("\"0\",\"1\",\"ZERO\"\r\n\"END\""), page("5 servers are down"),
-          page("1,1,\"sign in\"\r\n")}) {
+    // Nothing but the message: a page that is missing, of a hotel's network, or without a horse.
+    void failures()
+    {
         TestEvent event;
-        const WebServer server(answer);
-        giveAddress(event, server.address());
-        const auto before = allFiles(event);
-        QWidget *screen = event.open(u"frmhorsesb"_s);
-        BoxRobot robot;
-        robot.expect(u"Internet not available"_s, u"TRELAWN"_s);
+        for (const QByteArray &answer :
+             {page(card, "404 Not Found"),
+              page("\xef\xbb\xbf \n<html>\n1,2,\"sign in\"\nEND\n</html>"),
+              page("\"0\",\"1\",\"ZERO\"\r\n\"END\""), page("5 servers are down"),
+              page("1,1,\"sign in\"\r\n")}) {
+            const WebServer server(answer);
+            QWidget *screen = openScreen(event, server);
+            const auto before = allFiles(event);
+            event.boxes.expect(u"Internet not available"_s, u"TRELAWN"_s);
+            clickButton(screen, u"cmdGo"_s);
+            QCOMPARE(allFiles(event), before);
+        }
+    }
+
+    // A card comes into an event whose first race has horses on screen and bets on file.
+    void runningEvent()
+    {
+        TestEvent event;
+        const QByteArray old = horseRecords(cardOf({{5, 0, u"5"_s, u"OLD HORSE"_s}}));
+        event.writeTwins(u"Horses Race1"_s, old);
+        event.writeTwins(u"Bets Race1"_s, "1,5,1,2\r\n");
+        event.write(u"Multibets Race4"_s, "1,2,0,\"EX\",2,1\r\n");
+        WebServer server(page(card));
+        QWidget *screen = openScreen(event, server);
+        QTRY_COMPARE(fieldText(screen, u"txthorse_4"_s), u"OLD HORSE"_s);
+        event.boxes.expect(u"Invalid post position - download error"_s, u"Horses"_s);
+        event.boxes.expect(u"Invalid post position-download error"_s, u"Horses"_s);
+        event.boxes.expect(u"Download successful. Check track program for last minute changes."_s,
+                           u"TRELAWN"_s);
         clickButton(screen, u"cmdGo"_s);
-        QVERIFY(robot.allCame());
+        QCOMPARE(event.read(u"postboard"_s), '"' + card + "\"\r\n");
+        QVERIFY(event.read(u"Horses Race1"_s)
+                    .startsWith("1,1,\"1 \",\"ALPHA\"\r\n2,1,\"1A\",\"BETA\"\r\n"
+                                "3,0,\"  \",\"zzz\"\r\n"));
+        QCOMPARE(event.read(u"Horses Race1"_s).count("\r\n"), 21);
+        QVERIFY(event.read(u"Horses Race2"_s).contains("\r\n3,0,\"3 \",\"GAMMA\"\r\n"));
+        QCOMPARE(event.read(u"Horses Race12"_s).count("zzz"), 21);
+        QCOMPARE(event.read(u"Horsesbackup Race1"_s), old);
+        QCOMPARE(event.readTwins(u"Bets Race1"_s), "1,5,1,2\r\n");
+        QCOMPARE(event.savedCopies(u"Horses Race1"_s), QByteArrayList{old});
+        QCOMPARE(fieldText(screen, u"txthorse_0"_s) + fieldText(screen, u"txthorse_4"_s),
+                 u"ALPHA"_s);
+        QCOMPARE(event.note(),
+                 u"Bets are already placed on Race1, Race4: check the horses there"_s);
+        QCOMPARE(server.requests, 1);
+        // The same card again replaces nothing, so that nothing more goes to Saved.
+        const auto files = allFiles(event);
+        saveDownload(event.session, card);
+        QCOMPARE(allFiles(event), files);
+    }
+
+    // While it waits the window lives, the screen takes no input and stays, and Cancel ends it.
+    void cancel()
+    {
+        TestEvent event;
+        const WebServer silent({}, WebServer::Then::StayOpen);
+        QWidget *screen = openScreen(event, silent);
+        const auto before = allFiles(event);
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&] {
+            for (const QString &button : {u"cmdmainmenu"_s, u"cmdGo"_s})
+                QTest::mouseClick(child<QWidget>(screen, button), Qt::LeftButton);
+            if (auto *box = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget()))
+                QTest::mouseClick(box->findChild<QPushButton *>(), Qt::LeftButton);
+        });
+        watch.start(20);
+        clickButton(screen, u"cmdGo"_s);
+        QCOMPARE(event.current(), screen);
+        QCOMPARE(event.note(), u"Download cancelled: nothing was changed."_s);
         QCOMPARE(allFiles(event), before);
     }
-}
 
-// A card comes into an event whose first race has horses on screen and bets on file.
-void tst_download::runningEvent()
-{
-    TestEvent event;
-    WebServer server(page(card));
-    giveAddress(event, server.address());
-    HorseTable old;
-    old.post(5) = {5, 0, u"5"_s, u"OLD HORSE"_s};
-    event.write(u"Horses Race1"_s, horseRecords(old));
-    event.write(u"Horsesbackup Race1"_s, horseRecords(old));
-    event.write(u"Bets Race1"_s, "1,5,1,2\r\n");
-    event.write(u"Betsbackup Race1"_s, "1,5,1,2\r\n");
-    event.write(u"Multibets Race4"_s, "1,2,0,\"EX\",2,1\r\n");
-    QWidget *screen = event.open(u"frmhorsesb"_s);
-    QTRY_COMPARE(fieldText(screen, u"txthorse_4"_s), u"OLD HORSE"_s);
+    // The file beside Init, wherever the event directory is; without it the program's own address.
+    void address()
+    {
+        TestEvent event;
+        QVERIFY(downloadAddress(event.session).endsWith("/postboard"_L1));
+        event.write(u"Download"_s, "\"http://example.invalid/club\"\r\n");
+        event.session.settings.eventDirectory = u"D:\\Party\\"_s;
+        QCOMPARE(downloadAddress(event.session), u"http://example.invalid/club"_s);
+    }
 
-    BoxRobot robot;
-    robot.expect(u"Invalid post position - download error"_s, u"Horses"_s);
-    robot.expect(u"Invalid post position-download error"_s, u"Horses"_s);
-    robot.expect(u"Download successful. Check track program for last minute changes."_s,
-                 u"TRELAWN"_s);
-    clickButton(screen, u"cmdGo"_s);
-    QVERIFY(robot.allCame());
-    QCOMPARE(event.read(u"postboard"_s), '"' + card + "\"\r\n");
-    QVERIFY(event.read(u"Horses Race1"_s)
-                .startsWith("1,1,\"1 \",\"ALPHA\"\r\n2,1,\"1A\",\"BETA\"\r\n"
-                            "3,0,\"  \",\"zzz\"\r\n"));
-    QCOMPARE(event.read(u"Horses Race1"_s).count("\r\n"), 21);
-    QVERIFY(event.read(u"Horses Race2"_s).contains("\r\n3,0,\"3 \",\"GAMMA\"\r\n"));
-    QCOMPARE(event.read(u"Horses Race12"_s).count("zzz"), 21);
-    QCOMPARE(event.read(u"Horsesbackup Race1"_s), horseRecords(old));
-    QCOMPARE(event.read(u"Bets Race1"_s), QByteArray("1,5,1,2\r\n"));
-    QCOMPARE(event.savedCopies(u"Horses Race1"_s), QByteArrayList{horseRecords(old)});
+private:
+    // The race card of an event whose cards come from this server.
+    static QWidget *openScreen(TestEvent &event, const WebServer &server)
+    {
+        event.write(u"Download"_s, '"' + server.address().toUtf8() + "\"\r\n");
+        return event.open(u"frmhorsesb"_s);
+    }
 
-    QCOMPARE(fieldText(screen, u"txthorse_0"_s), u"ALPHA"_s);
-    QCOMPARE(fieldText(screen, u"txthorse_4"_s), QString());
-    QCOMPARE(labelText(screen, u"lblnote"_s),
-             u"Bets are already placed on Race1, Race4: check the horses there"_s);
-    QCOMPARE(server.requests, 1);
-
-    // The same card again replaces nothing, so that nothing more goes to Saved.
-    const auto files = allFiles(event);
-    saveDownload(event.session, card);
-    QCOMPARE(allFiles(event), files);
-}
-
-// While it waits the window lives, the screen takes no input and stays, and Cancel ends it.
-void tst_download::cancel()
-{
-    TestEvent event;
-    WebServer silent(QByteArray(), WebServer::Then::StayOpen);
-    giveAddress(event, silent.address());
-    const auto before = allFiles(event);
-    QWidget *screen = event.open(u"frmhorsesb"_s);
-    QTimer watch;
-    connect(&watch, &QTimer::timeout, this, [&] {
-        for (const QString &button : {u"cmdmainmenu"_s, u"cmdGo"_s})
-            QTest::mouseClick(child<QWidget>(screen, button), Qt::LeftButton);
-        if (auto *box = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget()))
-            QTest::mouseClick(box->findChild<QPushButton *>(), Qt::LeftButton);
-    });
-    watch.start(20);
-    BoxRobot robot;
-    clickButton(screen, u"cmdGo"_s);
-    QVERIFY(robot.allCame());
-    QCOMPARE(event.current(), screen);
-    QCOMPARE(labelText(screen, u"lblnote"_s), u"Download cancelled: nothing was changed."_s);
-    QCOMPARE(allFiles(event), before);
-}
-
-// The file beside Init, wherever the event directory is; without it the program's own address.
-void tst_download::address()
-{
-    TestEvent event;
-    QVERIFY(downloadAddress(event.session).endsWith("/postboard"_L1));
-    giveAddress(event, u"http://example.invalid/club/postboard"_s);
-    event.session.settings.eventDirectory = u"D:\\Party\\"_s;
-    QCOMPARE(downloadAddress(event.session), u"http://example.invalid/club/postboard"_s);
-}
+    QString type;
+};
 
 TRELAWN_TEST(tst_download)
 #include "tst_download.moc"
