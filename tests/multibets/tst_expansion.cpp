@@ -58,11 +58,8 @@ private slots:
             QCOMPARE(preview.total, 2.0 * double(previewed.size()));
             QVERIFY(!preview.full);
             QCOMPARE(preview.pending.size(), previewed.size());
-            for (const Multibet &bet : preview.pending) {
-                QCOMPARE(bet.type, type);
-                QCOMPARE(bet.amount, 2.0);
-                QCOMPARE(bet.bettor, 7);
-            }
+            for (const Multibet &bet : preview.pending)
+                QVERIFY(bet.type == type && bet.amount == 2.0 && bet.bettor == 7);
         }
     }
 
@@ -70,15 +67,9 @@ private slots:
     {
         const MultibetPreview preview = expandEntry(entryOf(u"T"_s, u"1,4/2,5/3,6"_s, u"123"_s));
         QCOMPARE(preview.lines.first(), u"T $2.00 1,2,3"_s); // the unboxed order comes first
-        QCOMPARE(preview.lines.size(), 48);
         QCOMPARE(QSet<QString>(preview.lines.cbegin(), preview.lines.cend()).size(), 48);
         QCOMPARE(preview.total, 96.0);
-    }
-
-    void singleBox()
-    {
-        for (const auto &boxes :
-             {u""_s, u"1"_s, u"2"_s, u"3"_s, u"12"_s, u"13"_s, u"23"_s, u"123"_s})
+        for (const auto &boxes : {u""_s, u"1"_s, u"3"_s, u"12"_s, u"123"_s})
             QCOMPARE(hasSingleBox(entryOf(u"T"_s, u"1/2/3"_s, boxes)), boxes.size() == 1);
     }
 
@@ -86,7 +77,6 @@ private slots:
     void limit()
     {
         const QString all = range(1, 21);
-
         Rows<QString, QString, int> rows;
         rows("399 bets", all + u'/' + range(1, 19) + u'/', QString(), 399);
         rows("400 bets", range(1, 20) + u'/' + range(1, 20) + u'/', QString(), 400);
