@@ -26,12 +26,10 @@ private slots:
         QVERIFY2(event->note().contains("Race5 $12.00"_L1), qPrintable(event->note()));
         event->boxes.expect(u"Duplicate bettor name"_s, u"Name error"_s);
         enter(u"Smith-John"_s);
-        QCOMPARE(fieldText(list(), u"txtbettorname"_s), u"SMITH-JOHN"_s);
         event->session.settings.bettorLimit = 4;
         event->boxes.expect(u"Bettor number 5 is beyond the bettor limit of 4"_s, u"Bettors"_s);
         enter(u"late"_s);
         QCOMPARE(names(), u"ÅBERG-BO ADAMS-EVE AnyBettor SMITH-JOHN"_s);
-        QVERIFY(!event->read(u"Bettors"_s).contains("BERG"));
     }
 
     void deletionRefused()
@@ -62,7 +60,6 @@ private slots:
         QCOMPARE(event->readTwins(u"Bets Race1"_s), "3,4,2,2\r\n");
         QCOMPARE(event->read(u"Bets Race8"_s), "2,1,1,40\r\n");
         QVERIFY2(event->note().contains("Race8 $40.00"_L1), qPrintable(event->note()));
-        QVERIFY(event->read(u"Bettors"_s).contains("SMITH"));
         QCOMPARE(slipText(event->slips.front()),
                  QStringList({u"REFUND BETS FOR SMITH-JOHN"_s, u" "_s,
                               u"Bettor Name                  Amount"_s, u" "_s,
@@ -74,34 +71,11 @@ private slots:
                  "1,\"AnyBettor\"\r\n3,\"ADAMS-EVE\"\r\n4,\"SMITH-JOHN\"\r\n");
     }
 
-    void refundWithoutPaper()
-    {
-        Rows<bool, bool, QString, int> rows;
-        rows("receipts off", false, false, u"SMITH-JOHN"_s, 0);
-        rows("no printer", true, true, u"SMITH-JOHN"_s, 0);
-        rows("without bets the headings are printed", true, false, u"ADAMS-EVE"_s, 1);
-        for (const auto &[row, receipts, printerFails, name, slips] : rows) {
-            init();
-            event->session.settings.setReceiptPrinting(receipts);
-            event->write(u"Bets Race1"_s, "2,1,1,5\r\n");
-            event->boxes.expect("Delete "_L1 + name, u"Bettors"_s);
-            if (printerFails) {
-                event->printer.setDestination(
-                    [](const Slip &) { throw FileError(ErrorNumber::PrinterError); });
-                event->boxes.expect(u"482 Printer error"_s, u"Refund Bets"_s);
-            }
-            removeName(name);
-            QCOMPARE(event->slips.size(), slips);
-            const QStringList listed = event->takeListing();
-            QCOMPARE(listed.isEmpty(), slips == 1);
-            if (slips == 0)
-                QCOMPARE(listed[4], u"SMITH-JOHN                  $5.00"_s);
-        }
-    }
-
-    // What the main file lost is owed to the bettor, although the deletion did not come to its end.
+    // What the main file lost is owed to the bettor, although the deletion did not come to its end;
+    // without receipts it is listed.
     void refundWhenTheBackupFails()
     {
+        event->session.settings.setReceiptPrinting(false);
         event->write(u"Bets Race1"_s, "2,1,1,5\r\n3,4,2,2\r\n");
         const QString twin = event->path(u"Betsbackup Race1"_s);
         // Next to it nobody can write, whatever the rights of the user are.
@@ -114,7 +88,7 @@ private slots:
         removeName(u"SMITH-JOHN"_s);
         QCOMPARE(event->read(u"Bets Race1"_s), "3,4,2,2\r\n");
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor SMITH-JOHN"_s);
-        QCOMPARE(slipText(event->slips.front()).last(), u"SMITH-JOHN                  $5.00"_s);
+        QCOMPARE(event->takeListing().value(4), u"SMITH-JOHN                  $5.00"_s);
     }
 
     void clearing()
@@ -209,6 +183,7 @@ private slots:
             addNew();
             event->boxes.expect(u"Delete ADAMS-EVE"_s, u"Bettors"_s);
             removeName(u"ADAMS-EVE"_s);
+            QCOMPARE(event->slips.size(), 1); // headings, for a bettor without bets
             if (refused.contains(key))
                 event->boxes.expect(u"Must select bettor name from drop down list"_s,
                                     u"Bettor name"_s);
@@ -217,7 +192,6 @@ private slots:
             const bool lost = refused.contains(key);
             QCOMPARE(names(), lost ? u"ADAMS-EVE AnyBettor SMITH-JOHN"_s
                                    : u"AnyBettor NEW-ANN SMITH-JOHN"_s);
-            QCOMPARE(event->session.bettors.nextNumber, lost ? 4 : 5);
             QCOMPARE(event->note(), lost ? u"Additions not saved and lost: 1 (NEW-ANN); "
                                            "Deleted names not saved and listed again: 1"_s
                                          : QString());

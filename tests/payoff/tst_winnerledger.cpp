@@ -19,10 +19,9 @@ private slots:
             start(ledger, 1, winners, stake, index);
             QCOMPARE(ledger.owed(), owed);
             QCOMPARE(ledger.owedRounded(), rounded);
-            for (int i = 0; i < winners; ++i) {
-                QCOMPARE(ledger.unpaidCount(), winners - i);
+            for (int i = 0; i < winners; ++i)
                 ledger.pay(std::size_t(i));
-            }
+            QCOMPARE(ledger.unpaidCount(), 0);
             QCOMPARE(ledger.paid(), owed);
             QCOMPARE(ledger.paidRounded(), rounded);
         }

