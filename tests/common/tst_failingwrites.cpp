@@ -187,13 +187,6 @@ QList<Operation> otherOperations()
     };
 }
 
-QByteArrayList linesOf(const QByteArray &bytes)
-{
-    QByteArrayList lines = bytes.split('\n');
-    lines.removeAll(QByteArray());
-    return lines;
-}
-
 // An event in whose data folder an operation runs again and again.
 class Stage
 {
@@ -259,13 +252,8 @@ public:
         return bytes == before || bytes == wanted(name) || part;
     }
 
-    // Init and what is not in the event directory have neither twin nor copies.
-    bool keepsRecords() const
-    {
-        return op.before.firstKey().startsWith(trelawn) && !op.before.contains(trelawn + "Init"_L1);
-    }
-
-    // Every line that was there is in its file, in a file that replaced it or in Saved.
+    // Every line that was there is in its file, in a file that replaced it or in Saved. Init and
+    // what is not in the event directory have neither twin nor copies.
     bool isNothingLost() const
     {
         QByteArray all;
@@ -273,13 +261,14 @@ public:
             all += event.read(u"Saved\\"_s + copy);
         for (const QString &name : op.before.keys())
             all += now(name).value_or(QByteArray());
-        return std::ranges::all_of(op.before.keys(), [&](const QString &name) {
-            return name.startsWith(drive) // carries copies only
-                   || std::ranges::all_of(linesOf(op.before.value(name).value_or(QByteArray())),
-                                          [&](const QByteArray &line) {
-                                              return all.contains(line) || !keepsRecords();
-                                          });
-        });
+        for (const auto &[name, bytes] : op.before.asKeyValueRange()) {
+            const bool keeps = name.startsWith(trelawn) && name != trelawn + "Init"_L1;
+            for (const QByteArray &line : bytes.value_or(QByteArray()).split('\n')) {
+                if (keeps && !all.contains(line))
+                    return false;
+            }
+        }
+        return true;
     }
 
     // All but the copies in Saved and what was not there at first.

@@ -83,25 +83,6 @@ private slots:
         QCOMPARE(betLine({12, 3, 1, 0.25F}), "12,3,1,0.25\r\n");
     }
 
-    // A file cut at any byte loses no line before the cut.
-    void truncation()
-    {
-        const QByteArray bets = "1,1,1,5\r\n2,12,2,100\r\n3,4,3,0.25\r\n";
-        const QByteArray names = "1,\"AnyBettor\"\r\n2,\"O'HARA, ANN\"\r\n3,\"JOS\xc3\x89\"\r\n";
-        const QByteArray horses = "1,9,\"1 \",\"A\"\r\n2,9,\"1A\",\"B, C\"\r\n3,9,\"  \",\"\"\r\n";
-        for (qsizetype size = 0; size <= names.size(); ++size) {
-            const BetTable table = parseBets(bets.left(size).toStdString());
-            for (qsizetype row = 0; row < bets.left(size).count("\r\n"); ++row)
-                QCOMPARE(table.rows.at(std::size_t(row)).bet.bettor, float(row + 1));
-            const BettorTable bettors = BettorTable::parse(names.left(size), 3);
-            for (int slot = 1; slot <= names.left(size).count("\r\n"); ++slot)
-                QCOMPARE(bettors.slot(slot).number, slot);
-            const HorseFile card = parseHorses(horses.left(size));
-            for (int post = 1; post <= horses.left(size).count("\r\n"); ++post)
-                QCOMPARE(card.horses.post(post).pool, 9);
-        }
-    }
-
     // Junk on a line of its own, before, between or after, touches no other line.
     void damage()
     {

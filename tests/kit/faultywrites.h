@@ -6,8 +6,8 @@
 #include <optional>
 
 // Lets the n-th write, flush or rename of this process fail, to prove what files are like then.
-// Counted are write, pwrite, fsync, fdatasync, ftruncate, unlink, rename and link on regular files
-// and folders, whoever calls them.
+// Counted are write, fsync, fdatasync, ftruncate, unlink, rename and link on regular files and
+// folders, whoever calls them.
 
 enum class Fault {
     DiskFull,     // the call fails with ENOSPC; the calls after it work

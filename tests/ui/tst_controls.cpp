@@ -88,25 +88,6 @@ private slots:
         QCOMPARE(clicks.size(), 3);
         QCOMPARE(cell->text(), QString());
     }
-
-    // The cursor at the far end scrolls the text unless it fits.
-    void fieldsHoldTheirText()
-    {
-        for (const double points : {8.0, 10.0, 15.0}) {
-            QWidget form;
-            QLineEdit *field = makeField(&form, u"txtamount"_s);
-            QFont font = field->font();
-            font.setPointSizeF(points);
-            field->setFont(font);
-            fitCharacters(field, 9);
-            (new QHBoxLayout(&form))->addWidget(field);
-            form.show();
-            field->setText(u"$1,234.50"_s);
-            field->end(false);
-            field->grab();
-            QCOMPARE(field->cursorPositionAt({2, field->height() / 2}), 0);
-        }
-    }
 };
 
 TRELAWN_TEST(tst_controls)

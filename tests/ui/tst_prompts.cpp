@@ -7,15 +7,6 @@ class tst_prompts : public QObject
     Q_OBJECT
 
 private slots:
-    void errorWording()
-    {
-        const FileError missing(ErrorNumber::FileNotFound, u"Bets input"_s);
-        QCOMPARE(errorText(missing, ErrorStyle::NumberAndDescription), u"53 File not found"_s);
-        QCOMPARE(errorText(missing, ErrorStyle::DescriptionAndLabel),
-                 u"File not found Bets input"_s);
-        QCOMPARE(errorText(missing, ErrorStyle::DescriptionOnly), u"File not found"_s);
-    }
-
     // A box without a title shows the program's; a text is shown as it is.
     void answers()
     {

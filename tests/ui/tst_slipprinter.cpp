@@ -124,17 +124,6 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u".*"_s));
         QCOMPARE(paintSlip(Slip(), device), 0);
     }
-
-    // Named fonts keep their widths on a system that lacks them.
-    void substitutes()
-    {
-        const auto width = [](const QString &font, const QString &text) {
-            return QFontMetricsF(QFont(font, 10)).horizontalAdvance(text);
-        };
-        QCOMPARE(width(u"Courier New"_s, u"iiii"_s), width(u"Courier New"_s, u"WWWW"_s));
-        QVERIFY(width(u"MS Sans Serif"_s, u"iiii"_s) < width(u"MS Sans Serif"_s, u"WWWW"_s));
-        QCOMPARE(width(u"MS Sans Serif"_s, u"iW"_s), width(u"Arial"_s, u"iW"_s));
-    }
 };
 
 TRELAWN_TEST(tst_slipprinter)

@@ -196,19 +196,6 @@ private slots:
             QVERIFY(unsure > 0);
         }
     }
-
-    // The first programs of a new event make its files together, and nobody's bet is replaced.
-    void creatingIsNeverReplacing()
-    {
-        TestEvent event(false);
-        CreateEventFiles(event.session);
-        event.remove({mainName, twinName});
-        appendLines(event.session, first);
-        QCOMPARE(createMissingTwins(event.session, RecordFile::Bets, 1, label, twinLabel),
-                 QString());
-        QVERIFY(!createRecordFile(event.path(mainName), "replaced"));
-        QCOMPARE(event.readTwins(mainName), first);
-    }
 };
 
 TRELAWN_TEST(tst_twinfiles)
