@@ -1,46 +1,42 @@
 #include "common/files/recordfile.h"
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
-class tst_frmbettorsb : public QObject
+class tst_frmbettorsb : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        event.reset(); // a test may begin again
-        event = std::make_unique<TestEvent>();
+        begin();
         openList("1,\"AnyBettor\"\r\n2,\"SMITH-JOHN\"\r\n3,\"ADAMS-EVE\"\r\n");
     }
-
-    void cleanup() { event.reset(); }
 
     void adding()
     {
         event->write(u"Bets Race5"_s, "4,1,1,12\r\n");
         enter({});
-        event->boxes.expect(u"ÅBERG-BO added"_s, u"Bettors"_s);
+        expect(u"ÅBERG-BO added"_s, u"Bettors"_s);
         enter(u"åberg-bo"_s);
         QCOMPARE(names(), u"ÅBERG-BO ADAMS-EVE AnyBettor SMITH-JOHN"_s);
-        QCOMPARE(fieldText(list(), u"txtbettorname"_s), QString());
+        QCOMPARE(text(u"txtbettorname"_s), QString());
         QVERIFY2(event->note().contains("Race5 $12.00"_L1), qPrintable(event->note()));
-        event->boxes.expect(u"Duplicate bettor name"_s, u"Name error"_s);
+        expect(u"Duplicate bettor name"_s, u"Name error"_s);
         enter(u"Smith-John"_s);
         event->session.settings.bettorLimit = 4;
-        event->boxes.expect(u"Bettor number 5 is beyond the bettor limit of 4"_s, u"Bettors"_s);
+        expect(u"Bettor number 5 is beyond the bettor limit of 4"_s, u"Bettors"_s);
         enter(u"late"_s);
         QCOMPARE(names(), u"ÅBERG-BO ADAMS-EVE AnyBettor SMITH-JOHN"_s);
     }
 
     void deletionRefused()
     {
-        event->boxes.expect(u"Select bettor from list first"_s, u"TRELAWN"_s);
-        clickButton(list(), u"cmddelete"_s);
-        event->boxes.expect(u"Can't delete AnyBettor"_s, u"TRELAWN"_s);
+        expect(u"Select bettor from list first"_s);
+        press(u"cmddelete"_s);
+        expect(u"Can't delete AnyBettor"_s);
         removeName(u"AnyBettor"_s);
         event->session.settings.mainComputer = true;
-        event->boxes.expect(u"Bettor delete not permitted in multiple computer mode"_s,
-                            u"TRELAWN"_s);
+        expect(u"Bettor delete not permitted in multiple computer mode"_s);
         removeName(u"SMITH-JOHN"_s);
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor SMITH-JOHN"_s);
     }
@@ -49,24 +45,23 @@ private slots:
     {
         event->writeTwins(u"Bets Race1"_s, "2,1,1,5\r\n0,9,1,9\r\n3,4,2,2\r\n2,21,3,2.5\r\n");
         event->write(u"Bets Race8"_s, "2,1,1,40\r\n");
-        event->boxes.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s, Answer::Cancel);
+        expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s, Answer::Cancel);
         removeName(u"SMITH-JOHN"_s);
-        QCOMPARE(labelText(list(), u"lblselected"_s),
+        QCOMPARE(label(u"lblselected"_s),
                  u"SMITH-JOHN: number 2, bets Race1 $7.50, Race8 $40.00"_s);
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor SMITH-JOHN"_s);
-        event->boxes.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
-        clickButton(list(), u"cmddelete"_s);
+        expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
+        press(u"cmddelete"_s);
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor"_s);
         QCOMPARE(event->readTwins(u"Bets Race1"_s), "3,4,2,2\r\n");
         QCOMPARE(event->read(u"Bets Race8"_s), "2,1,1,40\r\n");
         QVERIFY2(event->note().contains("Race8 $40.00"_L1), qPrintable(event->note()));
-        QCOMPARE(slipText(event->slips.front()),
-                 QStringList({u"REFUND BETS FOR SMITH-JOHN"_s, u" "_s,
-                              u"Bettor Name                  Amount"_s, u" "_s,
-                              u"SMITH-JOHN                  $7.50"_s}));
-        event->boxes.expect(u"SMITH-JOHN added"_s, u"Bettors"_s);
+        QCOMPARE(slipText(event->slips.front()).join(u'|'),
+                 u"REFUND BETS FOR SMITH-JOHN| |Bettor Name                  Amount| |"
+                 "SMITH-JOHN                  $7.50"_s);
+        expect(u"SMITH-JOHN added"_s, u"Bettors"_s);
         enter(u"SMITH-JOHN"_s);
-        clickButton(list(), u"cmdreturn"_s);
+        press(u"cmdreturn"_s);
         QCOMPARE(event->readTwins(u"Bettors"_s),
                  "1,\"AnyBettor\"\r\n3,\"ADAMS-EVE\"\r\n4,\"SMITH-JOHN\"\r\n");
     }
@@ -80,11 +75,11 @@ private slots:
         const QString twin = event->path(u"Betsbackup Race1"_s);
         // Next to it nobody can write, whatever the rights of the user are.
         QVERIFY(QFile::remove(twin) && QFile::link(u"/proc/self/oom_score_adj"_s, twin));
-        event->boxes.expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
+        expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
         const int refusal = errorOf([&] { replaceRecordFile(twin, {}); });
-        event->boxes.expect(QString::number(refusal) + u' ' + errorDescription(ErrorNumber(refusal))
-                                + u"\nThe file was changed, its backup was not."_s,
-                            u"Betsbackup Output"_s);
+        expect(QString::number(refusal) + u' ' + errorDescription(ErrorNumber(refusal))
+                   + u"\nThe file was changed, its backup was not."_s,
+               u"Betsbackup Output"_s);
         removeName(u"SMITH-JOHN"_s);
         QCOMPARE(event->read(u"Bets Race1"_s), "3,4,2,2\r\n");
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor SMITH-JOHN"_s);
@@ -96,21 +91,19 @@ private slots:
         Settings &settings = event->session.settings;
         const QByteArray before = event->read(u"Bettors"_s);
         settings.setRole(true, false);
-        event->boxes.expect(u"Bettor clear not permitted in multiple computer mode"_s,
-                            u"TRELAWN"_s);
-        clickButton(list(), u"cmdclearbettors"_s);
+        expect(u"Bettor clear not permitted in multiple computer mode"_s);
+        press(u"cmdclearbettors"_s);
         settings.clearRole();
-        event->boxes.expect(u"Must clear Bets first"_s, u"Bettors input"_s);
-        clickButton(list(), u"cmdclearbettors"_s);
+        expect(u"Must clear Bets first"_s, u"Bettors input"_s);
+        press(u"cmdclearbettors"_s);
         settings.betsCleared = true;
-        event->boxes.expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s,
-                            Answer::Cancel);
-        clickButton(list(), u"cmdclearbettors"_s);
+        expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s, Answer::Cancel);
+        press(u"cmdclearbettors"_s);
         QCOMPARE(event->readTwins(u"Bettors"_s), before);
 
-        event->boxes.expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s);
-        event->boxes.expect(u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
-        clickButton(list(), u"cmdclearbettors"_s);
+        expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s);
+        expect(u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
+        press(u"cmdclearbettors"_s);
         QCOMPARE(names(), u"AnyBettor"_s);
         QCOMPARE(event->session.bettors.nextNumber, 2);
         QCOMPARE(event->readTwins(u"Bettors"_s), "1,\"AnyBettor\"\r\n");
@@ -123,14 +116,14 @@ private slots:
         const std::pair<QString, QString> ways[] = {{u"cmdreturn"_s, u"frmmenub"_s},
                                                     {u"cmdbetsheet"_s, u"frmsheetb"_s},
                                                     {{}, u"frmmenub"_s}};
-        for (const auto &[button, screen] : ways) {
+        for (const auto &[button, opened] : ways) {
             init();
             addNew();
             if (button.isEmpty())
                 event->navigator().window()->close();
             else
-                clickButton(list(), button);
-            QVERIFY(event->isOpen(screen));
+                press(button);
+            QVERIFY(event->isOpen(opened));
             QVERIFY(event->readTwins(u"Bettors"_s).endsWith("4,\"NEW-ANN\"\r\n"));
         }
     }
@@ -140,35 +133,35 @@ private slots:
     void failures()
     {
         event->block(u"Bettors"_s);
-        clickButton(list(), u"cmdreturn"_s);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s)); // nothing was changed
 
         init();
         addNew();
         event->block(u"Bettors"_s);
-        event->boxes.expect(u"75 Path/File access error"_s, u"Bettors output"_s);
-        clickButton(list(), u"cmdreturn"_s);
+        expect(u"75 Path/File access error"_s, u"Bettors output"_s);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmbettorsb"_s));
         QVERIFY(event->note().contains(u"leaves without saving"_s));
-        clickButton(list(), u"cmdreturn"_s);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));
 
         init();
         addNew();
         event->block(u"Bettorsbackup"_s);
-        event->boxes.expect(u"75 Path/File access error"_s, u"Bettorsbackup output"_s);
-        clickButton(list(), u"cmdreturn"_s);
+        expect(u"75 Path/File access error"_s, u"Bettorsbackup output"_s);
+        press(u"cmdreturn"_s);
         event->unblock(u"Bettorsbackup"_s);
-        clickButton(list(), u"cmdreturn"_s);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));
         const QByteArray twin = event->readTwins(u"Bettors"_s);
         QVERIFY(twin.contains("NEW-ANN"));
 
         event->remove({u"Bettors"_s});
-        event->boxes.expect(u"53 File not found"_s, u"Bettors input"_s);
-        event->open(u"frmbettorsb"_s);
-        QVERIFY(!child<QWidget>(list(), u"txtbettorname"_s)->isEnabled());
-        clickButton(list(), u"cmdreturn"_s);
+        expect(u"53 File not found"_s, u"Bettors input"_s);
+        open(u"frmbettorsb"_s);
+        QVERIFY(!child<QWidget>(screen(), u"txtbettorname"_s)->isEnabled());
+        press(u"cmdreturn"_s);
         QVERIFY(!event->exists(u"Bettors"_s));
         QCOMPARE(event->read(u"Bettorsbackup"_s), twin);
     }
@@ -181,13 +174,12 @@ private slots:
         for (const auto key : refused + kept) {
             init();
             addNew();
-            event->boxes.expect(u"Delete ADAMS-EVE"_s, u"Bettors"_s);
+            expect(u"Delete ADAMS-EVE"_s, u"Bettors"_s);
             removeName(u"ADAMS-EVE"_s);
             QCOMPARE(event->slips.size(), 1); // headings, for a bettor without bets
             if (refused.contains(key))
-                event->boxes.expect(u"Must select bettor name from drop down list"_s,
-                                    u"Bettor name"_s);
-            QTest::keyClick(child<QListWidget>(list(), u"cbobettornames"_s), key);
+                expect(u"Must select bettor name from drop down list"_s, u"Bettor name"_s);
+            QTest::keyClick(child<QListWidget>(screen(), u"cbobettornames"_s), key);
             QCoreApplication::processEvents();
             const bool lost = refused.contains(key);
             QCOMPARE(names(), lost ? u"ADAMS-EVE AnyBettor SMITH-JOHN"_s
@@ -207,35 +199,31 @@ private slots:
     }
 
 private:
-    QWidget *list() { return event->current(); }
-
     void openList(const QByteArray &bettors)
     {
         event->writeTwins(u"Bettors"_s, bettors);
-        event->open(u"frmbettorsb"_s);
+        open(u"frmbettorsb"_s);
     }
-    QString names() { return listTexts(list(), u"cbobettornames"_s).join(u' '); }
+    QString names() { return list(u"cbobettornames"_s).join(u' '); }
 
     void enter(const QString &name)
     {
-        typeInto(list(), u"txtbettorname"_s, name);
-        QTest::keyClick(child<QLineEdit>(list(), u"txtbettorname"_s), Qt::Key_Return);
+        type(u"txtbettorname"_s, name);
+        QTest::keyClick(child<QLineEdit>(screen(), u"txtbettorname"_s), Qt::Key_Return);
     }
 
     // Adds NEW-ANN, number 4.
     void addNew()
     {
-        event->boxes.expect(u"NEW-ANN added"_s, u"Bettors"_s);
+        expect(u"NEW-ANN added"_s, u"Bettors"_s);
         enter(u"new-ann"_s);
     }
 
     void removeName(const QString &name)
     {
-        selectInList(list(), u"cbobettornames"_s, name);
-        clickButton(list(), u"cmddelete"_s);
+        select(u"cbobettornames"_s, name);
+        press(u"cmddelete"_s);
     }
-
-    std::unique_ptr<TestEvent> event;
 };
 
 TRELAWN_TEST(tst_frmbettorsb)

@@ -34,17 +34,14 @@ private slots:
                                     answer);
             clickButton(listing, u"cmdprint"_s);
             QCOMPARE(event.slips.size(), jobs);
-            QStringList printed;
+            QString printed;
             for (const Slip &slip : event.slips) {
                 QVERIFY(slip.fontName == u"Courier New"_s && slip.pointSize == 8);
                 for (int line = 1; line < slip.lines.size(); line += 2)
                     QVERIFY(slip.blockStarts.contains(line));
-                printed += slipText(slip);
+                printed += slipText(slip).join(u'|') + u'|';
             }
-            QStringList expected;
-            for (int copy = 0; copy < copies; ++copy)
-                expected << u" 2  5.00"_s << u"SMITH & <b>SONS</b>"_s;
-            QCOMPARE(printed, expected);
+            QCOMPARE(printed, u" 2  5.00|SMITH & <b>SONS</b>|"_s.repeated(copies));
         }
         event.printer.setDestination(
             [](const Slip &) { throw FileError(ErrorNumber::PrinterError); });

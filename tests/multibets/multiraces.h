@@ -1,21 +1,19 @@
 #pragma once
 
-#include "common/event/horses.h"
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
-// What the tests of the multibet screens share: an event with horses and bettors, and the clicks of
-// an operator who takes multibets.
-
-// An event in which race k from 3 on has posts 1 to k + 5; ANN is bettor 2, BOB 3.
-struct MultibetEvent : TestEvent
+// What the tests of the multibet screens share: an event in which race k from 3 on has posts 1 to
+// k + 5 and ANN is bettor 2, BOB 3, and the clicks of an operator who takes multibets.
+class MultibetTest : public ScreenTest
 {
-    MultibetEvent()
-        : TestEvent(false)
+protected:
+    void beginMultibets()
     {
-        write(QStringLiteral("Bettors"), "1,\"AnyBettor\"\r\n2,\"ANN\"\r\n3,\"BOB\"\r\n");
+        begin(false);
+        event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"ANN\"\r\n3,\"BOB\"\r\n");
         for (int race = 3; race <= raceCount; ++race) {
             setHorses(race, race + 5);
-            writeTwins(QStringLiteral("Multibets") + raceName(race), {});
+            event->writeTwins(u"Multibets"_s + raceName(race), {});
         }
     }
 
@@ -25,39 +23,36 @@ struct MultibetEvent : TestEvent
         HorseTable horses;
         for (int post = 1; post <= posts; ++post) {
             const QString number = QString::number(post);
-            horses.post(post) = {post, 0, number, QStringLiteral("HORSE ") + number};
+            horses.post(post) = {post, 0, number, u"HORSE "_s + number};
         }
-        write(QStringLiteral("Horses") + raceName(race), horseRecords(horses));
+        event->write(u"Horses"_s + raceName(race), horseRecords(horses));
+    }
+
+    void chooseRace(int race) { press(u"optrace_%1"_s.arg(race)); }
+
+    static QString cellName(int line, int post)
+    {
+        return u"txtnum_%1"_s.arg((line - 1) * 21 + post - 1);
+    }
+
+    // Clicks the posts of lines 1 to 3: {{4}, {7, 8}}.
+    void markPosts(const QList<QList<int>> &lines)
+    {
+        for (qsizetype line = 0; line < lines.size(); ++line) {
+            for (const int post : lines[line])
+                clickCell(screen(), cellName(int(line) + 1, post));
+        }
+    }
+
+    // A fast double click: press, release, and the press that the system calls a double click.
+    void doubleClick(const QString &name)
+    {
+        QTest::mouseClick(child<QWidget>(screen(), name), Qt::LeftButton);
+        QTest::mouseDClick(child<QWidget>(screen(), name), Qt::LeftButton);
+    }
+
+    bool isSelected(int line, int post)
+    {
+        return child<QWidget>(screen(), cellName(line, post))->property("chosen").toBool();
     }
 };
-
-inline void chooseRace(QWidget *screen, int race)
-{
-    child<QAbstractButton>(screen, QStringLiteral("optrace_%1").arg(race))->click();
-}
-
-inline QString cellName(int line, int post)
-{
-    return QStringLiteral("txtnum_%1").arg((line - 1) * 21 + post - 1);
-}
-
-// Clicks the posts of lines 1 to 3: {{4}, {7, 8}}.
-inline void markPosts(QWidget *screen, const QList<QList<int>> &lines)
-{
-    for (qsizetype line = 0; line < lines.size(); ++line) {
-        for (const int post : lines[line])
-            clickCell(screen, cellName(int(line) + 1, post));
-    }
-}
-
-// A fast double click: press, release, and the press that the system calls a double click.
-inline void doubleClick(QWidget *screen, const QString &name)
-{
-    QTest::mouseClick(child<QWidget>(screen, name), Qt::LeftButton);
-    QTest::mouseDClick(child<QWidget>(screen, name), Qt::LeftButton);
-}
-
-inline bool isSelected(QWidget *screen, int line, int post)
-{
-    return child<QWidget>(screen, cellName(line, post))->property("chosen").toBool();
-}

@@ -1,18 +1,16 @@
 #include "multibets/multiraces.h"
 
 // A night's multibets through the real screens, from the first bet to the summary.
-class tst_multinight : public QObject
+class tst_multinight : public MultibetTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { event = std::make_unique<MultibetEvent>(); }
-    void cleanup() { event.reset(); }
-
+    void init() { beginMultibets(); }
     void night()
     {
-        screen = event->open(u"frmmulti"_s);
-        chooseRace(screen, 3);
+        open(u"frmmulti"_s);
+        chooseRace(3);
         take(u"cmddouble"_s, u"ANN"_s, {{4}, {9}}, 5, u"$5.00"_s); // post 9 runs in race 4
         take(u"cmdexacta"_s, u"ANN"_s, {{4}, {7, 8}}, 2, u"$4.00"_s);
         take(u"cmdquinela"_s, u"ANN"_s, {{3}, {5}}, 1, u"$2.00"_s, 2);
@@ -36,32 +34,30 @@ private slots:
 
         // ANN takes one exacta back.
         event->slips.clear();
-        selectInList(screen, u"lstentries"_s, u"ANN"_s);
-        QCOMPARE(fieldText(screen, u"txttotprior"_s), u"$11.00"_s);
-        selectInList(screen, u"lstpriorbets"_s, u"EX $02.00 4,8"_s);
-        clickButton(screen, u"cmdclearprior"_s);
+        select(u"lstentries"_s, u"ANN"_s);
+        QCOMPARE(text(u"txttotprior"_s), u"$11.00"_s);
+        select(u"lstpriorbets"_s, u"EX $02.00 4,8"_s);
+        press(u"cmdclearprior"_s);
         QCOMPARE(slipText(event->slips[0]).join(u'|'),
                  u"Refund Bets for ANN for Race3|EX $02.00 4,8||Total Refund $2.00"_s);
-        QCOMPARE(fieldText(screen, u"txttotprior"_s), u"$9.00"_s);
+        QCOMPARE(text(u"txttotprior"_s), u"$9.00"_s);
         QCOMPARE(event->readTwins(u"Multibets Race3"_s), first + later);
 
         // The finish is 4, 7, 1; the house takes 10 percent.
         event->slips.clear();
-        clickButton(screen, u"cmdpay"_s);
-        screen = event->current();
-        chooseRace(screen, 3);
-        clickCell(screen, u"txtpercent"_s, 10);
-        clickButton(screen, u"cmdtrifecta"_s);
-        markPosts(screen, {{4}, {7}, {1}});
-        clickButton(screen, u"cmdenterwin"_s);
+        press(u"cmdpay"_s);
+        chooseRace(3);
+        clickCell(screen(), u"txtpercent"_s, 10);
+        press(u"cmdtrifecta"_s);
+        markPosts({{4}, {7}, {1}});
+        press(u"cmdenterwin"_s);
         QCOMPARE(figures(), u"Refund Total $1.50 $0.00 $0.00 $0.00"_s);
-        QCOMPARE(listTexts(screen, u"lstbets"_s).join(u'|'), u"NO WINNERS - REFUND| |BOB $1.50"_s);
-        clickButton(screen, u"cmdexacta"_s); // the finish stays; line 3 does not count
-        clickButton(screen, u"cmdenterwin"_s);
+        QCOMPARE(list(u"lstbets"_s).join(u'|'), u"NO WINNERS - REFUND| |BOB $1.50"_s);
+        press(u"cmdexacta"_s); // the finish stays; line 3 does not count
+        press(u"cmdenterwin"_s);
         QCOMPARE(figures(), u"$1 Ticket Pays $0.90 $08.00 $00.80 $7.20"_s);
-        event->boxes.expectInput(u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s,
-                                 u"2"_s);
-        clickButton(screen, u"cmdprint"_s);
+        expectInput(u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s, u"2"_s);
+        press(u"cmdprint"_s);
         QCOMPARE(event->slips.size(), 2);
         QCOMPARE(event->slips[0].pointSize, 8.0);
         QCOMPARE(slipText(event->slips[1]).join(u'|'),
@@ -70,20 +66,18 @@ private slots:
                  "$1 Ticket Pays              $0.90"_s);
 
         // Back on the multibet screen, and to the summary.
-        clickButton(screen, u"cmdreturn"_s);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmulti"_s));
-        clickButton(event->current(), u"cmdsummary"_s);
-        screen = event->current();
+        press(u"cmdsummary"_s);
         const QString summary =
             u"Kentucky Derby  Race3 Bet Summary| |Trifecta  $01.50|Exacta    $08.00|"
             "Quinela   $02.00|Pick 3    $10.00|Daily D   $05.00| |Total Bet $26.50"_s;
-        QTRY_COMPARE(listTexts(screen, u"lstsumm"_s).join(u'|'), summary);
-        event->boxes.expectInput(u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s,
-                                 u"1"_s);
-        clickButton(screen, u"cmdprint"_s);
+        QTRY_COMPARE(list(u"lstsumm"_s).join(u'|'), summary);
+        expectInput(u"Enter number of forms to print"_s, u"Print Winners/Refunds"_s, u"1"_s);
+        press(u"cmdprint"_s);
         QCOMPARE(event->slips.size(), 3);
         QCOMPARE(slipText(event->slips[2]).join(u'|'), summary);
-        clickButton(screen, u"cmdreturn"_s);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmulti"_s));
         // Settling and summing write nothing.
         QCOMPARE(event->readTwins(u"Multibets Race3"_s), first + later);
@@ -94,33 +88,30 @@ private:
     void take(const QString &button, const QString &bettor, const QList<QList<int>> &posts,
               int dollars, const QString &total, int boxed = 0)
     {
-        selectInList(screen, u"lstentries"_s, bettor);
-        clickButton(screen, button);
-        markPosts(screen, posts);
+        select(u"lstentries"_s, bettor);
+        press(button);
+        markPosts(posts);
         for (int line = 0; line < boxed; ++line)
-            clickButton(screen, u"chkbox_%1"_s.arg(line));
-        clickCell(screen, u"txtclearamt"_s);
-        clickCell(screen, u"txtbetamt"_s, dollars);
-        clickCell(screen, u"txtamt_0"_s, dollars == 0 ? 1 : 0);
-        clickButton(screen, u"cmdplacebet"_s);
-        QCOMPARE(fieldText(screen, u"txtthisbet"_s), total);
-        QCOMPARE(fieldText(screen, u"txttotalbet"_s), total);
-        clickButton(screen, u"cmdmake"_s);
-        QCOMPARE(fieldText(screen, u"txtthisbet"_s), u"$0.00"_s);
-        clickButton(screen, u"cmdmake"_s); // a second press saves nothing
+            press(u"chkbox_%1"_s.arg(line));
+        clickCell(screen(), u"txtclearamt"_s);
+        clickCell(screen(), u"txtbetamt"_s, dollars);
+        clickCell(screen(), u"txtamt_0"_s, dollars == 0 ? 1 : 0);
+        press(u"cmdplacebet"_s);
+        QCOMPARE(text(u"txtthisbet"_s), total);
+        QCOMPARE(text(u"txttotalbet"_s), total);
+        press(u"cmdmake"_s);
+        QCOMPARE(text(u"txtthisbet"_s), u"$0.00"_s);
+        press(u"cmdmake"_s); // a second press saves nothing
     }
 
-    QString figures() const
+    QString figures()
     {
         QStringList texts;
         for (const auto &name :
              {u"txttotal"_s, u"txtpay"_s, u"txtpool"_s, u"txthouse"_s, u"txttpay"_s})
-            texts << fieldText(screen, name);
+            texts << text(name);
         return texts.join(u' ');
     }
-
-    std::unique_ptr<MultibetEvent> event;
-    QWidget *screen = nullptr;
 };
 
 TRELAWN_TEST(tst_multinight)

@@ -1,7 +1,7 @@
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
 // The calculator for slips bet under AnyBettor.
-class tst_frmanyb : public QObject
+class tst_frmanyb : public ScreenTest
 {
     Q_OBJECT
 
@@ -9,7 +9,7 @@ private slots:
     // Payoffs of $3.20 and so on per $1; no show money on the show horse.
     void init()
     {
-        event = std::make_unique<TestEvent>(false);
+        begin(false);
         RacePayoffs &payoffs = event->session.payoffs;
         payoffs.race = 1;
         payoffs.finishers = {4, 2, 7};
@@ -20,10 +20,8 @@ private slots:
         payoffs.perDollar[Combination::PlaceShow] = 1.6F;
         for (const int post : {2, 4, 7})
             event->session.horses.post(post).name = u"HORSE %1"_s.arg(post);
-        screen = event->open(u"frmanyb"_s);
+        open(u"frmanyb"_s);
     }
-
-    void cleanup() { event.reset(); }
 
     // The amounts: win, place, show on the winner; place, show; show. The totals: of the horses and
     // of the slip.
@@ -40,54 +38,49 @@ private slots:
                                   u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
         for (const auto &[row, amounts, totals] : rows) {
             for (int i = 0; i < 6; ++i)
-                typeInto(screen, fields[i], amounts[i]);
-            clickButton(screen, u"cmdcalc"_s);
-            QCOMPARE(shown(u"txtwintotal"_s) + u' ' + shown(u"txtplacetotal"_s) + u' '
-                         + shown(u"txtshowtotal"_s) + u' ' + shown(u"txttotaltotal"_s),
+                type(fields[i], amounts[i]);
+            press(u"cmdcalc"_s);
+            QCOMPARE(text(u"txtwintotal"_s) + u' ' + text(u"txtplacetotal"_s) + u' '
+                         + text(u"txtshowtotal"_s) + u' ' + text(u"txttotaltotal"_s),
                      totals);
         }
-        QCOMPARE(shown(u"txtwinhorse"_s) + shown(u"txtplacehorse"_s) + shown(u"txtshowhorse"_s),
+        QCOMPARE(text(u"txtwinhorse"_s) + text(u"txtplacehorse"_s) + text(u"txtshowhorse"_s),
                  u"HORSE 4HORSE 2HORSE 7"_s);
         event->session.payoffs = {}; // the payoffs as they are now
-        clickButton(screen, u"cmdcalc"_s);
-        QCOMPARE(shown(u"txttotaltotal"_s) + shown(u"txtwinhorse"_s), u"$0.00"_s);
+        press(u"cmdcalc"_s);
+        QCOMPARE(text(u"txttotaltotal"_s) + text(u"txtwinhorse"_s), u"$0.00"_s);
     }
 
     // Two people; the first with two slips, rounded together.
     void people()
     {
         event->session.settings.roundingIndex = 5;
-        clickButton(screen, u"cmdclear"_s);
-        QCOMPARE(shown(u"txtfactor"_s), u"1.00"_s);
+        press(u"cmdclear"_s);
+        QCOMPARE(text(u"txtfactor"_s), u"1.00"_s);
         for (const auto &bet : {u"1"_s, u"2"_s}) {
             calculate(bet);
-            clickButton(screen, u"cmdadd"_s);
+            press(u"cmdadd"_s);
         }
-        clickButton(screen, u"cmdadd"_s); // the same slip does not count twice
-        QCOMPARE(shown(u"txttotalbet"_s) + shown(u"txttotaldue"_s), u"$9.60$10.00"_s);
-        clickButton(screen, u"cmdpay"_s);
+        press(u"cmdadd"_s); // the same slip does not count twice
+        QCOMPARE(text(u"txttotalbet"_s) + text(u"txttotaldue"_s), u"$9.60$10.00"_s);
+        press(u"cmdpay"_s);
         for (const auto &field :
              {u"txttotalbet"_s, u"txttotaldue"_s, u"txtwintotal"_s, u"txttotaltotal"_s})
-            QCOMPARE(shown(field), u"$0.00"_s);
+            QCOMPARE(text(field), u"$0.00"_s);
         calculate(u"3"_s);
-        clickButton(screen, u"cmdadd"_s);
-        clickButton(screen, u"cmdpay"_s);
-        QCOMPARE(shown(u"txttotalpaid"_s) + shown(u"txtpaidr"_s), u"$19.20$20.00"_s);
-        clickButton(screen, u"cmdclear"_s);
-        QCOMPARE(shown(u"txttotalpaid"_s) + shown(u"txtpaidr"_s), u"$0.00$0.00"_s);
+        press(u"cmdadd"_s);
+        press(u"cmdpay"_s);
+        QCOMPARE(text(u"txttotalpaid"_s) + text(u"txtpaidr"_s), u"$19.20$20.00"_s);
+        press(u"cmdclear"_s);
+        QCOMPARE(text(u"txttotalpaid"_s) + text(u"txtpaidr"_s), u"$0.00$0.00"_s);
     }
 
 private:
-    QString shown(const QString &name) const { return fieldText(screen, name); }
-
     void calculate(const QString &winOnWinner)
     {
-        typeInto(screen, u"txtwinwin"_s, winOnWinner);
-        clickButton(screen, u"cmdcalc"_s);
+        type(u"txtwinwin"_s, winOnWinner);
+        press(u"cmdcalc"_s);
     }
-
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
 };
 
 TRELAWN_TEST(tst_frmanyb)

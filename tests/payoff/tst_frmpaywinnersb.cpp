@@ -1,6 +1,4 @@
-#include "kit/testkit.h"
-
-namespace {
+#include "kit/screentest.h"
 
 const QStringList payoffFields{u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
                                u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
@@ -13,27 +11,23 @@ constexpr char horses[] = "1,0,\"1 \",\"ALPHA\"\r\n2,1,\"2 \",\"BRAVO\"\r\n3,0,\
 constexpr char bets[] = "1,1,1,10\r\n2,1,1,2.5\r\n3,3,1,20\r\n4,6,1,7.5\r\n1,1,2,4\r\n2,3,2,6\r\n"
                         "4,6,2,12\r\n1,1,3,3\r\n3,3,3,5\r\n5,5,3,2\r\n4,6,3,9\r\n";
 
-} // namespace
-
 // Paying winners through the real widgets. Post 4 carries number 1A; nobody runs from posts 7 to 21
 // but 9, which is marked unused.
-class tst_frmpaywinnersb : public QObject
+class tst_frmpaywinnersb : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        event = std::make_unique<TestEvent>(false);
+        begin(false);
         event->session.settings.roundingIndex = 3;
         event->write(u"Horses Race1"_s, horses);
         event->write(u"Bets Race1"_s, bets);
         event->write(u"Bettors"_s,
                      "1,\"AnyBettor\"\r\n2,\"BOB\"\r\n3,\"CAROL\"\r\n4,\"DAVE\"\r\n5,\"EVE\"\r\n");
-        screen = event->open(u"frmpaywinnersb"_s);
+        open(u"frmpaywinnersb"_s);
     }
-
-    void cleanup() { event.reset(); }
 
     // They are posts, whatever their numbers; a small field gets posts where nobody runs.
     void finishers()
@@ -84,11 +78,10 @@ private slots:
                                                      {u"Bettors"_s, u"Bets input"_s}};
         for (const auto &[file, title] : files) {
             const QByteArray bytes = event->read(file);
-            QVERIFY(QFile::remove(event->path(file)));
+            event->remove({file});
             expect(u"File not found"_s, title);
             press(u"cmdpayoff"_s);
             QCOMPARE(payoffs(), before);
-            QCOMPARE(winners().size(), 4);
             event->write(file, bytes);
         }
         event->write(u"Bets Race1"_s, "2,6,1,5\r\n");
@@ -100,32 +93,31 @@ private slots:
     // The house percentage is taken once, however often payoffs become the track's.
     void trackPayoffs()
     {
-        typeInto(screen, u"txthousepct"_s, u"10"_s);
+        type(u"txthousepct"_s, u"10"_s);
         calculate();
         const QString expected = u"$5.76 $4.50 $3.60 $3.60 $2.88 $4.50"_s;
         QCOMPARE(payoffs(), expected);
         QCOMPARE(text(u"txthousetot"_s), u"$8.10"_s);
-        QCOMPARE(labelText(screen, u"lblowed"_s), u"4 of 4 to pay\nOwed $72.90, rounded $73.00"_s);
+        QCOMPARE(label(u"lblowed"_s), u"4 of 4 to pay\nOwed $72.90, rounded $73.00"_s);
         press(u"cmdpayoff"_s);
         QCOMPARE(payoffs(), expected);
         expect(u"Use track payoffs?"_s, u"Track Payoff"_s, Answer::Cancel);
         press(u"cmdtrack"_s);
-        typeInto(screen, u"txtshowshow"_s, u"4.2x"_s);
+        type(u"txtshowshow"_s, u"4.2x"_s);
         expect(u"Use track payoffs?"_s, u"Track Payoff"_s);
         expect(
             u"Missing entry or non-numeric entry - enter an amount in all payoff fields using only numbers and decimal points"_s);
         press(u"cmdtrack"_s);
-        QVERIFY(!child<QWidget>(screen, u"cmdusing"_s)->isVisible());
         QCOMPARE(winners().size(), 4);
         // EVE's amounts stand in the fields then; one typed payoff joins the others as calculated.
         payFirst(u"EVE"_s, Answer::No);
-        typeInto(screen, u"txtwinwin"_s, u"8"_s);
+        type(u"txtwinwin"_s, u"8"_s);
         for (const bool again : {false, true}) {
             expect(u"Use track payoffs?"_s, u"Track Payoff"_s);
             if (!again)
                 expect(u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
             press(u"cmdtrack"_s);
-            QVERIFY(child<QWidget>(screen, u"cmdusing"_s)->isVisible());
+            QVERIFY(child<QWidget>(screen(), u"cmdusing"_s)->isVisible());
             QVERIFY(winners().isEmpty()); // nobody is paid by the payoffs before
             press(u"cmdpayoff"_s);
             QCOMPARE(payoffs(), u"$7.20 $4.50 $3.60 $3.60 $2.88 $4.50"_s);
@@ -165,15 +157,15 @@ private slots:
     void lateBets()
     {
         event->write(u"Bets Race1"_s, "5,1,1,2\r\n");
-        typeInto(screen, u"txthousepct"_s, u"10"_s);
+        type(u"txthousepct"_s, u"10"_s);
         calculate();
         event->write(u"Bets Race1"_s, "5,1,1,2\r\n2,1,1,2.5\r\n3,1,1,1\r\n");
         expect(u"2 bets of $3.50 came in after the payoffs were calculated. Calculate again?"_s,
                u"Pay winners"_s, Answer::Yes);
-        typeInto(screen, u"txthousepct"_s, u"0"_s); // what was calculated with is taken again
+        type(u"txthousepct"_s, u"0"_s); // what was calculated with is taken again
         pay(u"EVE"_s);
         QCOMPARE(winners(), (QStringList{u"BOB"_s, u"CAROL"_s, u"EVE"_s}));
-        QCOMPARE(labelText(screen, u"lblowed"_s), u"3 of 3 to pay\nOwed $4.95, rounded $5.00"_s);
+        QCOMPARE(label(u"lblowed"_s), u"3 of 3 to pay\nOwed $4.95, rounded $5.00"_s);
 
         event->write(u"Bets Race1"_s, "5,1,1,2\r\n");
         expect(u"The bets have changed since the payoffs were calculated. Calculate again?"_s,
@@ -182,7 +174,7 @@ private slots:
         pay(u"EVE"_s); // not asked again about the same bets
         QCOMPARE(winners(), QStringList{u"CAROL"_s});
         QCOMPARE(event->session.paidHousePercents, (QMap<int, double>{{1, 10}}));
-        QVERIFY(QFile::remove(event->path(u"Bets Race1"_s)));
+        event->remove({u"Bets Race1"_s});
         expect(u"File not found"_s, u"Bet file empty"_s);
         pay(u"CAROL"_s);
         QCOMPARE(winners(), QStringList{u"CAROL"_s});
@@ -202,11 +194,8 @@ private slots:
         payFirst(u"EVE"_s, Answer::Yes);
         expect(u"Printer error"_s, u"Pay winners"_s);
         press(u"cmdreturn"_s);
-        QVERIFY(labelText(event->current(), u"lblnote"_s)
-                    .endsWith("The list of payoff slips is in its own window."_L1));
-        QVERIFY(listTexts(event->navigator().window(), u"List1"_s)
-                    .first()
-                    .startsWith("Bettor Name: EVE"_L1));
+        QVERIFY(event->note().endsWith("The list of payoff slips is in its own window."_L1));
+        QVERIFY(event->takeListing().value(0).startsWith("Bettor Name: EVE"_L1));
     }
 
     // A race that was paid in this visit is not paid again without a question; its slips are
@@ -232,25 +221,17 @@ private slots:
         expect(u"Start over?"_s, u"TRELAWN"_s, Answer::No);
         press(u"optrace_1"_s);
         QCOMPARE(event->session.settings.currentRace, 2);
-        QVERIFY(child<QAbstractButton>(screen, u"optrace_2"_s)->isChecked());
+        QVERIFY(child<QAbstractButton>(screen(), u"optrace_2"_s)->isChecked());
         press(u"cmdreturn"_s);
         QCOMPARE(event->slips.size(), 1);
         QCOMPARE(slipText(event->slips.front()).size(), 12);
-        QCOMPARE(labelText(event->current(), u"lblnote"_s),
-                 u"Not paid in Race1: BOB, CAROL, EVE"_s);
+        QCOMPARE(event->note(), u"Not paid in Race1: BOB, CAROL, EVE"_s);
     }
 
 private:
-    void expect(const QString &text, const QString &title = u"TRELAWN"_s,
-                Answer answer = Answer::Ok)
-    {
-        event->boxes.expect(text, title, answer);
-    }
-    void press(const QString &button) { clickButton(screen, button); }
-    QString text(const QString &name) const { return fieldText(screen, name); }
-    QStringList winners() const { return listTexts(screen, u"lstwinners"_s); }
+    QStringList winners() { return list(u"lstwinners"_s); }
 
-    QString payoffs() const
+    QString payoffs()
     {
         QStringList texts;
         for (const QString &name : payoffFields)
@@ -266,7 +247,7 @@ private:
 
     void enter(const QString &button, const QString &horse)
     {
-        selectInList(screen, u"lsthorses"_s, horse);
+        select(u"lsthorses"_s, horse);
         press(button);
     }
 
@@ -281,7 +262,7 @@ private:
 
     void pay(const QString &name)
     {
-        selectInList(screen, u"lstwinners"_s, name);
+        select(u"lstwinners"_s, name);
         press(u"cmdpay"_s);
     }
 
@@ -290,9 +271,6 @@ private:
         expect(u"Print Payoffs?"_s, u"TRELAWN"_s, printing);
         pay(name);
     }
-
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
 };
 
 TRELAWN_TEST(tst_frmpaywinnersb)

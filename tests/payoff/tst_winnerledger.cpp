@@ -29,12 +29,11 @@ private slots:
 
     void namesTheUnpaid()
     {
-        const std::tuple<int, QList<int>, QString> races[] = {
-            {3, {1}, u"Not paid in Race7: A, C"_s},
-            {2, {0, 1}, {}},
-            {3, {}, u"Not paid in Race7: A, B, C"_s},
-            {5, {0}, u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s}};
-        for (const auto &[winnerCount, paid, note] : races) {
+        Rows<int, QList<int>, QString> rows;
+        rows("all but one", 3, {1}, u"Not paid in Race7: A, C"_s);
+        rows("none", 2, {0, 1}, {});
+        rows("many", 5, {0}, u"Not paid in Race7: B, C, 4 Bad Bettor Number and 1 more"_s);
+        for (const auto &[row, winnerCount, paid, note] : rows) {
             WinnerLedger ledger;
             start(ledger, 7, winnerCount);
             for (const int index : paid)

@@ -51,10 +51,10 @@ private:
     }
 
     QTcpServer m_server;
-    QByteArray m_answer;
+    const QByteArray m_answer;
+    const Then m_then;
     QByteArray m_arriving;
     QByteArray m_asked;
-    Then m_then;
 };
 
 QByteArray page(const QByteArray &body, const QByteArray &status = "200 OK")
@@ -189,14 +189,12 @@ private slots:
         QVERIFY(event.read(u"Horses Race1"_s)
                     .startsWith("1,1,\"1 \",\"ALPHA\"\r\n2,1,\"1A\",\"BETA\"\r\n"
                                 "3,0,\"  \",\"zzz\"\r\n"));
-        QCOMPARE(event.read(u"Horses Race1"_s).count("\r\n"), 21);
         QVERIFY(event.read(u"Horses Race2"_s).contains("\r\n3,0,\"3 \",\"GAMMA\"\r\n"));
         QCOMPARE(event.read(u"Horses Race12"_s).count("zzz"), 21);
         QCOMPARE(event.read(u"Horsesbackup Race1"_s), old);
         QCOMPARE(event.readTwins(u"Bets Race1"_s), "1,5,1,2\r\n");
         QCOMPARE(event.savedCopies(u"Horses Race1"_s), QByteArrayList{old});
-        QCOMPARE(fieldText(screen, u"txthorse_0"_s) + fieldText(screen, u"txthorse_4"_s),
-                 u"ALPHA"_s);
+        QCOMPARE(fieldText(screen, u"txthorse_0"_s), u"ALPHA"_s);
         QCOMPARE(event.note(),
                  u"Bets are already placed on Race1, Race4: check the horses there"_s);
         // The same card again replaces nothing, so that nothing more goes to Saved.

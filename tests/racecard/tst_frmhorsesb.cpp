@@ -1,4 +1,4 @@
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
 namespace {
 
@@ -18,21 +18,19 @@ const QByteArray scratched =
 
 } // namespace
 
-class tst_frmhorsesb : public QObject
+class tst_frmhorsesb : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        event = std::make_unique<TestEvent>();
+        begin();
         event->session.settings.banner = u"Derby"_s;
         event->writeTwins(u"Horses Race1"_s, race1);
         event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"SMITH-JOHN\"\r\n3,\"JONES-AMY\"\r\n");
-        screen = event->open(u"frmhorsesb"_s);
+        open(u"frmhorsesb"_s);
     }
-
-    void cleanup() { event.reset(); }
 
     // And nothing of the race before; "zzz" is no horse.
     void showsTheRace()
@@ -42,29 +40,29 @@ private slots:
         event->write(u"Horses Race7"_s,
                      horseFile({{1, "3,\"5 \",\"zzz\""}, {2, "0,\"6 \",\"FOREGO\""}}));
         press(u"optrace_7"_s);
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Derby Race7"_s);
+        QCOMPARE(text(u"txtbanner"_s), u"Derby Race7"_s);
         QCOMPARE(rowText(1) + rowText(2) + rowText(3), u"1|||02|6|FOREGO|03|||0"_s);
     }
 
     void updates()
     {
-        typeInto(screen, u"txtnumber_20"_s, u"12"_s);
-        typeInto(screen, u"txthorse_20"_s, u"Mrs. O'Hara, & Co"_s);
-        typeInto(screen, u"txtpool_20"_s, u"12"_s);
-        typeInto(screen, u"txtpool_5"_s, QString());
-        expect(u"Update Horses?"_s, Answer::No);
+        type(u"txtnumber_20"_s, u"12"_s);
+        type(u"txthorse_20"_s, u"Mrs. O'Hara, & Co"_s);
+        type(u"txtpool_20"_s, u"12"_s);
+        type(u"txtpool_5"_s, QString());
+        ask(u"Update Horses?"_s, Answer::No);
         press(u"cmdupdatehorses"_s);
         update(u"Pool number must be between 0 and 9"_s);
         QCOMPARE(rowText(6), u"6|||0"_s);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), race1);
         QCOMPARE(event->note(), u"Nothing was saved. Pool set to 0 at post 6, 21"_s);
 
-        typeInto(screen, u"txtpool_20"_s, u"9"_s);
+        type(u"txtpool_20"_s, u"9"_s);
         update();
         QCOMPARE(
             event->readTwins(u"Horses Race1"_s),
             QByteArray(race1).replace("21,0,\"  \",\"\"", "21,9,\"12\",\"Mrs. O'Hara, & Co\""));
-        QCOMPARE(labelText(screen, u"lblunsaved"_s), QString());
+        QCOMPARE(label(u"lblunsaved"_s), QString());
     }
 
     void clear()
@@ -72,24 +70,24 @@ private slots:
         // Bets that another computer placed since the screen opened count, and so does any record.
         for (const char *bets : {"2,3,1,2.00\r\n", "2,3,1,0\r\n", "2,3\r\n"}) {
             event->write(u"Bets Race1"_s, bets);
-            event->boxes.expect(u"Must clear all bets first"_s, u"Clear horses"_s);
+            expect(u"Must clear all bets first"_s, u"Clear horses"_s);
             press(u"cmdclearhorses"_s);
         }
         event->write(u"Bets Race1"_s, "");
-        expect(u"Clear All Horses?"_s, Answer::Cancel);
+        ask(u"Clear All Horses?"_s, Answer::Cancel);
         press(u"cmdclearhorses"_s);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), race1);
         QCOMPARE(rowText(3), u"3|2|SHAM|0"_s);
 
-        expect(u"Clear All Horses?"_s);
-        event->boxes.expect(u" Race1 Horse file cleared"_s, u"TRELAWN"_s);
+        ask(u"Clear All Horses?"_s);
+        expect(u" Race1 Horse file cleared"_s);
         press(u"cmdclearhorses"_s);
         QCOMPARE(rowText(1) + rowText(21), u"1|||21|||"_s);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), horseFile({}));
         QCOMPARE(event->savedCopies(u"Horses Race1"_s), QByteArrayList{race1});
         // The cleared card can be filled at once.
-        typeInto(screen, u"txtpool_1"_s, u"2"_s);
-        typeInto(screen, u"txthorse_1"_s, u"FOREGO"_s);
+        type(u"txtpool_1"_s, u"2"_s);
+        type(u"txthorse_1"_s, u"FOREGO"_s);
         update();
         QCOMPARE(event->read(u"Horses Race1"_s), horseFile({{2, "2,\"  \",\"FOREGO\""}}));
     }
@@ -115,11 +113,11 @@ private slots:
         event->writeTwins(u"Bets Race1"_s, "2,3,1,2.00\r\n");
         // Neither a post that is not on the card nor one without a horse is scratched.
         expectScratch(u"22"_s);
-        event->boxes.expect(u"Post position not valid"_s, u"TRELAWN"_s);
+        expect(u"Post position not valid"_s);
         press(u"cmdscratch"_s);
         expectScratch(u"4"_s);
         press(u"cmdscratch"_s);
-        typeInto(screen, u"txtpool_9"_s, u"x"_s);
+        type(u"txtpool_9"_s, u"x"_s);
         scratchSham(u"Pool number must be between 0 and 9"_s);
         QCOMPARE(rowText(10), u"10|||0"_s);
         event->remove({u"Bettors"_s});
@@ -134,7 +132,7 @@ private slots:
     {
         // A missing file is told; the card shown is empty and not the race's before.
         event->remove({u"Horses Race2"_s});
-        event->boxes.expect(u"File not found Horses input"_s, u"Horses input"_s);
+        expect(u"File not found Horses input"_s, u"Horses input"_s);
         press(u"optrace_2"_s);
         QCOMPARE(rowText(1), u"1|||0"_s);
 
@@ -151,7 +149,7 @@ private slots:
                    answer);
             QCOMPARE(event->savedCopies(u"Horses Race3"_s).size(), answer == Answer::Yes ? 1 : 0);
         }
-        expect(u"Update Horses?"_s, Answer::Yes);
+        ask(u"Update Horses?"_s, Answer::Yes);
         press(u"cmdupdatehorses"_s); // whole now
 
         event->block(u"Bets Race4"_s);
@@ -170,7 +168,7 @@ private slots:
         QCOMPARE(event->readTwins(u"Horses Race1"_s), scratched);
         update(question, Answer::Yes);
         QCOMPARE(event->readTwins(u"Horses Race1"_s), race1);
-        expect(u"Update Horses?"_s, Answer::Yes);
+        ask(u"Update Horses?"_s, Answer::Yes);
         press(u"cmdupdatehorses"_s); // what was written is what is there
     }
 
@@ -178,76 +176,72 @@ private slots:
     {
         event->write(u"Bets Race1"_s, "2,3,1,2.00\r\n3,3,3,10\r\n");
         press(u"optrace_1"_s);
-        typeInto(screen, u"txthorse_2"_s, u"SHAMROCK"_s);
-        QCOMPARE(labelText(screen, u"lblunsaved"_s), u"not saved"_s);
+        type(u"txthorse_2"_s, u"SHAMROCK"_s);
+        QCOMPARE(label(u"lblunsaved"_s), u"not saved"_s);
         QCOMPARE(event->note(), u"Post 3 has bets of $12.00"_s);
-        typeInto(screen, u"txthorse_3"_s, u"FOREGO"_s);
+        type(u"txthorse_3"_s, u"FOREGO"_s);
         QCOMPARE(event->note(), QString());
-        typeInto(screen, u"txthorse_3"_s, QString());
-        typeInto(screen, u"txthorse_2"_s, u"SHAM"_s);
-        QCOMPARE(labelText(screen, u"lblunsaved"_s), QString());
-        typeInto(screen, u"txthorse_2"_s, u"SHAMROCK"_s);
+        type(u"txthorse_3"_s, QString());
+        type(u"txthorse_2"_s, u"SHAM"_s);
+        QCOMPARE(label(u"lblunsaved"_s), QString());
+        type(u"txthorse_2"_s, u"SHAMROCK"_s);
         press(u"optrace_2"_s);
         QCOMPARE(event->note(), u"Race1: changed posts that were not saved: 1"_s);
-        QCOMPARE(labelText(screen, u"lblunsaved"_s), QString());
+        QCOMPARE(label(u"lblunsaved"_s), QString());
     }
 
     void messageIsHeldForTheRun()
     {
-        auto *message = child<QPlainTextEdit>(screen, u"txtmsg"_s);
+        auto *message = child<QPlainTextEdit>(screen(), u"txtmsg"_s);
         QCOMPARE(message->toPlainText().split(u'\n').value(2),
                  u"Bring your sheet to the cashier. It will be returned to you after your bets are "
                  "entered. Save the "_s);
         message->setPlainText(u"One line"_s);
-        expect(u"Bet Sheet message updated"_s);
+        ask(u"Bet Sheet message updated"_s);
         press(u"cmdmsg"_s);
-        screen = event->open(u"frmhorsesb"_s);
-        QCOMPARE(child<QPlainTextEdit>(screen, u"txtmsg"_s)->toPlainText(), u"One line"_s);
+        open(u"frmhorsesb"_s);
+        QCOMPARE(child<QPlainTextEdit>(screen(), u"txtmsg"_s)->toPlainText(), u"One line"_s);
     }
 
     void keyboardWalksTheCard()
     {
-        QCOMPARE(tabOrder(screen).mid(0, 4), QStringList({u"txtnumber_0"_s, u"txthorse_0"_s,
-                                                          u"txtpool_0"_s, u"txtnumber_1"_s}));
+        QCOMPARE(tabOrder(screen()).mid(0, 4), QStringList({u"txtnumber_0"_s, u"txthorse_0"_s,
+                                                            u"txtpool_0"_s, u"txtnumber_1"_s}));
         const std::tuple<Qt::Key, QString, QString> steps[] = {
             {Qt::Key_Return, u"txtnumber_0"_s, u"txtnumber_1"_s},
             {Qt::Key_Down, u"txthorse_20"_s, u"txthorse_20"_s},
             {Qt::Key_Enter, u"txthorse_20"_s, u"txtpool_0"_s}};
         for (const auto &[key, from, to] : steps) {
-            child<QLineEdit>(screen, from)->setFocus();
-            QTest::keyClick(screen->focusWidget(), key);
-            QCOMPARE(screen->focusWidget()->objectName(), to);
+            child<QLineEdit>(screen(), from)->setFocus();
+            QTest::keyClick(screen()->focusWidget(), key);
+            QCOMPARE(screen()->focusWidget()->objectName(), to);
         }
     }
 
 private:
     // "post|number|horse|pool" of the row
-    QString rowText(int post) const
+    QString rowText(int post)
     {
         QStringList texts;
         for (const QString &name : {u"txtpost"_s, u"txtnumber"_s, u"txthorse"_s, u"txtpool"_s})
-            texts << fieldText(screen, name + u'_' + QString::number(post - 1));
+            texts << text(name + u'_' + QString::number(post - 1));
         return texts.join(u'|');
     }
-    void press(const QString &button) { clickButton(screen, button); }
-    void expect(const QString &text, Answer answer = Answer::Ok)
-    {
-        event->boxes.expect(text, u"Horses"_s, answer);
-    }
+    void ask(const QString &box, Answer answer = Answer::Ok) { expect(box, u"Horses"_s, answer); }
 
     // Saves the card; a box may follow the question.
     void update(const QString &box = {}, Answer answer = Answer::Ok)
     {
-        expect(u"Update Horses?"_s, Answer::Yes);
+        ask(u"Update Horses?"_s, Answer::Yes);
         if (!box.isEmpty())
-            expect(box, answer);
+            ask(box, answer);
         press(u"cmdupdatehorses"_s);
     }
 
     void expectScratch(const QString &post)
     {
-        expect(u"Scratch a horse?"_s, Answer::Yes);
-        event->boxes.expectInput(u"Enter post position to scratch"_s, u"Scratch"_s, post);
+        ask(u"Scratch a horse?"_s, Answer::Yes);
+        expectInput(u"Enter post position to scratch"_s, u"Scratch"_s, post);
     }
 
     // Scratches post 3 as far as the box after the questions.
@@ -255,13 +249,10 @@ private:
                      Answer answer = Answer::Ok)
     {
         expectScratch(u"3"_s);
-        expect(u"Scratch SHAM"_s);
-        event->boxes.expect(box, title, answer);
+        ask(u"Scratch SHAM"_s);
+        expect(box, title, answer);
         press(u"cmdscratch"_s);
     }
-
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
 };
 
 TRELAWN_TEST(tst_frmhorsesb)

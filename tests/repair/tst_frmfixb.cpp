@@ -1,24 +1,22 @@
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
-class tst_frmfixb : public QObject
+class tst_frmfixb : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        event = std::make_unique<TestEvent>();
+        begin();
         event->write(u"Horses Race2"_s, "3,0,\"3 \",\"Rex\"\r\n");
-        screen = event->open(u"frmfixb"_s);
+        open(u"frmfixb"_s);
     }
-
-    void cleanup() { event.reset(); }
 
     // The number shown counts, whatever the order, and each remove knows only its own list.
     void removesWhatIsSelected()
     {
-        event->boxes.expect(u"Must select a race to display a bet file"_s, u"TRELAWN"_s);
-        clickButton(screen, u"cmdbets"_s);
+        expect(u"Must select a race to display a bet file"_s);
+        press(u"cmdbets"_s);
         event->writeTwins(u"Bets Race2"_s, "1,3,1,10\r\n1,3,1,9\r\n7,3,1,100\r\n");
         showBets();
         QCOMPARE(event->note(), u"1 bad row"_s);
@@ -28,28 +26,28 @@ private slots:
                                                       {u"chknum"_s, u"9 10 100 "_s},
                                                       {u"chkdes"_s, u"100 10 9 "_s}};
         for (const auto &[button, amounts] : orders) {
-            clickButton(screen, button);
+            press(button);
             QCOMPARE(column(6).join(u' '), amounts);
         }
         selectCell(3, 0); // the total
         QVERIFY(!isEnabled(u"cmdupdate"_s));
         selectCell(2, 0);
         QVERIFY(!isEnabled(u"cmdremmulti"_s) && !isEnabled(u"cmdrbettor"_s));
-        clickButton(screen, u"cmdprint"_s);
+        press(u"cmdprint"_s);
         QCOMPARE(event->slips.last().fontName, u"Courier New"_s);
         QVERIFY(slipText(event->slips.last()).value(4).startsWith("2          1"_L1));
         event->session.settings.printerAttached = false;
-        clickButton(screen, u"cmdprint"_s);
+        press(u"cmdprint"_s);
         QCOMPARE(event->slips.size(), 1);
         QCOMPARE(event->note(), u"Nothing was printed: no printer is attached."_s);
 
-        clickButton(screen, u"cmdupdate"_s);
+        press(u"cmdupdate"_s);
         QCOMPARE(event->readTwins(u"Bets Race2"_s), "1,3,1,10\r\n7,3,1,100\r\n");
         QCOMPARE(column(0), QStringList({u"1"_s, u"2"_s, u"Total Bets"_s}));
-        clickButton(screen, u"cmdbackup"_s);
+        press(u"cmdbackup"_s);
         selectCell(0, 0);
         QVERIFY(!isEnabled(u"cmdupdate"_s));
-        clickButton(screen, u"optflight_1"_s);
+        press(u"optflight_1"_s);
         QCOMPARE(column(0), QStringList());
     }
 
@@ -58,18 +56,18 @@ private slots:
     {
         const QByteArray both = "1,\"AnyBettor\"\r\n7,\"SMITH\"\r\n";
         event->writeTwins(u"Bettors"_s, both);
-        clickButton(screen, u"cmdbettor"_s);
+        press(u"cmdbettor"_s);
         selectCell(0, 0);
-        event->boxes.expect(u"Can't delete AnyBettor"_s, u"TRELAWN"_s);
-        clickButton(screen, u"cmdrbettor"_s);
+        expect(u"Can't delete AnyBettor"_s);
+        press(u"cmdrbettor"_s);
         selectCell(1, 0);
-        clickButton(screen, u"cmdrbettor"_s);
+        press(u"cmdrbettor"_s);
         QCOMPARE(event->readTwins(u"Bettors"_s), "1,\"AnyBettor\"\r\n");
-        clickButton(screen, u"cmdsaved"_s);
+        press(u"cmdsaved"_s);
         QCOMPARE(column(1), QStringList({u"Bettors"_s, u"Bettorsbackup"_s}));
         selectCell(0, 0);
-        event->boxes.expect(u"Replace Bettors and its backup with the copy?"_s, u"Saved"_s);
-        clickButton(screen, u"cmdputback"_s);
+        expect(u"Replace Bettors and its backup with the copy?"_s, u"Saved"_s);
+        press(u"cmdputback"_s);
         QCOMPARE(event->readTwins(u"Bettors"_s), both);
         QCOMPARE(column(0).size(), 4);
     }
@@ -89,7 +87,7 @@ private slots:
             for (int left = badRows; left > 0; --left) {
                 QVERIFY(event->note().contains(QString::number(left) + " bad row"_L1));
                 selectCell(int(column(6).indexOf(u" Bad Bet Amount"_s)), 0);
-                clickButton(screen, u"cmdupdate"_s);
+                press(u"cmdupdate"_s);
             }
             QVERIFY(event->note().contains("No bad rows"_L1));
             QCOMPARE(event->readTwins(u"Bets Race2"_s), repaired);
@@ -99,14 +97,14 @@ private slots:
 private:
     void showBets()
     {
-        clickButton(screen, u"optflight_2"_s);
-        clickButton(screen, u"cmdbets"_s);
+        press(u"optflight_2"_s);
+        press(u"cmdbets"_s);
     }
 
     // The cells of a column, from the top.
-    QStringList column(int column) const
+    QStringList column(int column)
     {
-        const auto *model = child<QTableView>(screen, u"grdfix"_s)->model();
+        const auto *model = child<QTableView>(screen(), u"grdfix"_s)->model();
         QStringList cells;
         for (int row = 0; row < model->rowCount(); ++row)
             cells << model->index(row, column).data().toString();
@@ -115,14 +113,11 @@ private:
 
     void selectCell(int row, int column)
     {
-        auto *grid = child<QTableView>(screen, u"grdfix"_s);
+        auto *grid = child<QTableView>(screen(), u"grdfix"_s);
         grid->setCurrentIndex(grid->model()->index(row, column));
     }
 
-    bool isEnabled(const QString &name) const { return child<QWidget>(screen, name)->isEnabled(); }
-
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
+    bool isEnabled(const QString &name) { return child<QWidget>(screen(), name)->isEnabled(); }
 };
 
 TRELAWN_TEST(tst_frmfixb)

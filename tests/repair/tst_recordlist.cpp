@@ -83,22 +83,22 @@ private slots:
     // The lists of bettors and horses mark what their readers pass over, and nothing else.
     void checksWhatReadersTake()
     {
-        const std::tuple<Listing, QByteArray, QStringList, QString> files[] = {
-            {Listing::Bettors,
-             "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n2,\"JONES\"\r\n1500000000,\"RICH\"\r\n3\r\n"
-             "999,\"\"\r\n0,\"NIL\"\r\n4,\"A\",1\r\n",
-             {u"1|1|AnyBettor"_s, u"2|2|SMITH"_s, u"3|2 Bad Bettor Number|JONES"_s,
-              u"4|1500000000|RICH"_s, u"5|3 Bad Bettor Number|"_s, u"6|999 Bad Bettor Number|"_s,
-              u"7| Null Bettor Number|NIL"_s, u"8|4 Bad Bettor Number|A"_s},
-             {}},
-            {Listing::Horses,
-             "1,1,\"1 \",\"Rex\"\r\n1,0,\"2 \",\"Ada\"\r\n2,x,\"3 \",\"Max\"\r\n3,0,\"4 \"\r\n",
-             {u"1|1|Rex|1"_s, u"2| Bad Horse Number|Ada|2"_s, u"3| Bad Horse Number|Max|3"_s,
-              u"4| Bad Horse Number||4"_s},
-             u"The horse file has only 1 of 21 posts, 3 damaged lines."_s},
-            {Listing::Horses, {}, {}, u"The horse file has only 0 of 21 posts."_s}};
+        Rows<Listing, QByteArray, QStringList, QString> files;
+        files("bettors", Listing::Bettors,
+              "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n2,\"JONES\"\r\n1500000000,\"RICH\"\r\n3\r\n"
+              "999,\"\"\r\n0,\"NIL\"\r\n4,\"A\",1\r\n",
+              {u"1|1|AnyBettor"_s, u"2|2|SMITH"_s, u"3|2 Bad Bettor Number|JONES"_s,
+               u"4|1500000000|RICH"_s, u"5|3 Bad Bettor Number|"_s, u"6|999 Bad Bettor Number|"_s,
+               u"7| Null Bettor Number|NIL"_s, u"8|4 Bad Bettor Number|A"_s},
+              {});
+        files("horses", Listing::Horses,
+              "1,1,\"1 \",\"Rex\"\r\n1,0,\"2 \",\"Ada\"\r\n2,x,\"3 \",\"Max\"\r\n3,0,\"4 \"\r\n",
+              {u"1|1|Rex|1"_s, u"2| Bad Horse Number|Ada|2"_s, u"3| Bad Horse Number|Max|3"_s,
+               u"4| Bad Horse Number||4"_s},
+              u"The horse file has only 1 of 21 posts, 3 damaged lines."_s);
+        files("no horses", Listing::Horses, {}, {}, u"The horse file has only 0 of 21 posts."_s);
         Event event;
-        for (const auto &[listing, bytes, rows, damage] : files) {
+        for (const auto &[row, listing, bytes, rows, damage] : files) {
             event.write(listing == Listing::Bettors ? u"Bettors"_s : u"Horses Race1"_s, bytes);
             const RecordList list = event.list(listing);
             QCOMPARE(list.damage, damage);

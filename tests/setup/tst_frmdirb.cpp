@@ -1,25 +1,22 @@
 #include "common/files/recordfile.h"
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 #include "setup/eventfolders.h"
 
-class tst_frmdirb : public QObject
+class tst_frmdirb : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
     void init()
     {
-        event = std::make_unique<TestEvent>();
+        begin();
         makeFolder(event->path(u"Party"_s));
-        screen = event->open(u"frmdirb"_s);
+        open(u"frmdirb"_s);
     }
-
-    void cleanup() { event.reset(); }
 
     void shows()
     {
         QCOMPARE(directory(), u"C:\\Trelawn\\"_s);
-        QCOMPARE(chosenDrive(), u"C:\\"_s);
         QCOMPARE(foldersShown(), (QStringList{u"C:\\"_s, u"Trelawn"_s, u"Party"_s}));
         QCOMPARE(foldersAbove(u"D:\\A\\"_s), (QStringList{u"D:\\"_s, u"D:\\A\\"_s}));
         QCOMPARE(foldersAbove(u"\\\\TABLE1\\Tshare\\A\\"_s),
@@ -33,23 +30,21 @@ private slots:
         event->write(u"Bets Race1"_s, "1,1,1,5\r\n");
         enterNew(u"Second"_s);
         // Made, selected and pointed out, but not yet the event directory.
-        QCOMPARE(child<QTreeWidget>(screen, u"Dir1"_s)->currentItem()->text(0), u"Second"_s);
-        QVERIFY(!labelText(screen, u"lblhint"_s).isEmpty());
+        QCOMPARE(child<QTreeWidget>(screen(), u"Dir1"_s)->currentItem()->text(0), u"Second"_s);
+        QVERIFY(!label(u"lblhint"_s).isEmpty());
         QCOMPARE(directory(), u"C:\\Trelawn\\"_s);
         QVERIFY(initFile().contains(",1,2,3,4,5,20000,"));
         openFolder(u"Second"_s);
         QCOMPARE(directory(), u"C:\\Trelawn\\Second\\"_s);
-        QVERIFY(labelText(screen, u"lblhint"_s).isEmpty());
+        QVERIFY(label(u"lblhint"_s).isEmpty());
         QVERIFY(initFile().contains(",\"C:\\Trelawn\\Second\\\","));
-        clickButton(screen, u"cmdreturn"_s);
-        QVERIFY(event->isOpen(u"frminitb"_s));
-        clickButton(event->current(), u"cmdok"_s);
+        press(u"cmdreturn"_s);
+        press(u"cmdok"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));
         QCOMPARE(event->read(u"Bets Race1"_s), "");
         QVERIFY(event->exists(u"Multibetsbackup Race12"_s));
-        clickButton(event->current(), u"cmdsetup"_s);
-        clickButton(event->current(), u"Command1"_s);
-        screen = event->current();
+        press(u"cmdsetup"_s);
+        press(u"Command1"_s);
         openFolder(u"Trelawn"_s);
         QCOMPARE(event->read(u"Bets Race1"_s), "1,1,1,5\r\n");
     }
@@ -59,16 +54,15 @@ private slots:
     void drive()
     {
         const QByteArray before = initFile();
-        selectInList(screen, u"Drive1"_s, u"D:\\"_s);
+        select(u"Drive1"_s, u"D:\\"_s);
         QCOMPARE(directory(), u"D:\\"_s);
         QCOMPARE(foldersShown(), QStringList{u"D:\\"_s});
         QCOMPARE(initFile(), before);
         openFolder(u"D:\\"_s);
         QVERIFY(initFile().contains("\"D:\\\",0,"));
-        selectInList(screen, u"Drive1"_s, u"C:\\"_s);
+        select(u"Drive1"_s, u"C:\\"_s);
         event->block(u"C:\\Trelawn\\Init"_s);
-        event->boxes.expect(u"Path/File access error Init output-Directory"_s,
-                            u"Init output-Directory"_s);
+        expect(u"Path/File access error Init output-Directory"_s, u"Init output-Directory"_s);
         openFolder(u"Trelawn"_s);
         QCOMPARE(directory(), u"C:\\"_s);
     }
@@ -78,17 +72,16 @@ private slots:
     {
         const QString stick = event->path(u"C:\\"_s) + u"/../G"_s;
         makeFolder(stick);
-        screen = event->open(u"frmdirb"_s);
+        open(u"frmdirb"_s);
         QDir(stick).removeRecursively();
-        event->boxes.expect(u"Device unavailable Directory-Drive"_s, u"Directory-Drive"_s);
-        selectInList(screen, u"Drive1"_s, u"G:\\"_s);
+        expect(u"Device unavailable Directory-Drive"_s, u"Directory-Drive"_s);
+        select(u"Drive1"_s, u"G:\\"_s);
         QCOMPARE(directory(), u"C:\\Trelawn\\"_s);
-        QCOMPARE(chosenDrive(), u"C:\\"_s);
         event->session.settings.eventDirectory = u"G:\\Party\\"_s;
-        event->boxes.expect(u"Device unavailable Directory-Open"_s, u"Directory-Open"_s);
-        screen = event->open(u"frmdirb"_s);
+        expect(u"Device unavailable Directory-Open"_s, u"Directory-Open"_s);
+        open(u"frmdirb"_s);
         QCOMPARE(directory(), u"G:\\Party\\"_s);
-        selectInList(screen, u"Drive1"_s, u"D:\\"_s);
+        select(u"Drive1"_s, u"D:\\"_s);
         QCOMPARE(directory(), u"D:\\"_s);
     }
 
@@ -115,28 +108,27 @@ private slots:
 
 private:
     QByteArray initFile() const { return event->read(u"C:\\Trelawn\\Init"_s); }
-    QString chosenDrive() { return child<QListWidget>(screen, u"Drive1"_s)->currentItem()->text(); }
 
     // The event directory, as it is shown; the session's must be the same.
     QString directory()
     {
-        const QString shown = fieldText(screen, u"txtdrivedir"_s);
+        const QString shown = text(u"txtdrivedir"_s);
         const QString held = event->session.settings.eventDirectory;
         return shown == held ? shown : shown + u" but held is "_s + held;
     }
 
     void enterNew(const QString &name, const QString &complaint = {})
     {
-        event->boxes.expectInput(u"Enter new directory name"_s, u"Directory"_s, name);
+        expectInput(u"Enter new directory name"_s, u"Directory"_s, name);
         if (!complaint.isEmpty())
-            event->boxes.expect(complaint, u"Directory-New"_s);
-        clickButton(screen, u"cmdnew"_s);
+            expect(complaint, u"Directory-New"_s);
+        press(u"cmdnew"_s);
     }
 
     QStringList foldersShown()
     {
         QStringList texts;
-        for (QTreeWidgetItemIterator item(child<QTreeWidget>(screen, u"Dir1"_s)); *item; ++item)
+        for (QTreeWidgetItemIterator item(child<QTreeWidget>(screen(), u"Dir1"_s)); *item; ++item)
             texts << (*item)->text(0);
         return texts;
     }
@@ -144,7 +136,7 @@ private:
     // A double click on a folder, as the operator does it.
     void openFolder(const QString &text)
     {
-        auto *tree = child<QTreeWidget>(screen, u"Dir1"_s);
+        auto *tree = child<QTreeWidget>(screen(), u"Dir1"_s);
         const auto items = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
         QCOMPARE(items.size(), 1);
         const QPoint at = tree->visualItemRect(items.first()).center();
@@ -152,9 +144,6 @@ private:
         QTest::mouseDClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, at);
         QCoreApplication::processEvents();
     }
-
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
 };
 
 TRELAWN_TEST(tst_frmdirb)

