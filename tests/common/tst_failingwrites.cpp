@@ -199,9 +199,10 @@ public:
         // A power cut in mid-lock leaves a lock that tells nothing of its holder.
         event.session.files.times.stale = std::chrono::milliseconds(100);
         QDir(event.session.paths.dataFolder()).mkpath(u"drives/F"_s);
-        for (const QFileInfo &file : QDir(eventFolder(event.session)).entryInfoList(QDir::Files)) {
-            for (const QString &folder : {drive, share})
-                event.write(folder + file.fileName(), event.read(file.fileName()));
+        for (const QString &folder : {event.path(drive), event.path(share)}) {
+            QDir().mkpath(folder);
+            for (const QFileInfo &file : QDir(event.path({})).entryInfoList(QDir::Files))
+                QFile::copy(file.filePath(), folder + u'/' + file.fileName());
         }
         prepare();
         m_files = files();

@@ -39,13 +39,6 @@ private slots:
         event.block(u"Multibetsbackup Race10"_s);
         QVERIFY_THROWS_EXCEPTION(FileError, appendMultibets(event.session, bets));
         QCOMPARE(event.session.settings.operationLabel, u"Append Bets"_s);
-        // A missing file is made empty; the full twin that its emptying would lose goes to Saved.
-        event.unblock(u"Multibetsbackup Race10"_s);
-        event.write(u"Multibetsbackup Race10"_s, both);
-        event.remove({u"Multibets Race10"_s});
-        QVERIFY(loadOrCreateMultibets(event.session).rows.empty());
-        QCOMPARE(event.readTwins(u"Multibets Race10"_s), QByteArray());
-        QCOMPARE(event.savedCopies(u"Multibetsbackup Race10"_s), QByteArrayList{both});
     }
 
     void remove()
