@@ -130,6 +130,7 @@ private slots:
         priorBets(LoadRaceBets(session).bets, HorseTable(), 2, u"ANNA"_s);
         const int choosing = calls.all();
         session.bettors = readBettors(session);
+        readHorses(session, 1);
         placeBets(session,
                   planPlacement(entriesOf({{3, Win, 5}}), 2, 0, session.settings.betLimit));
         const int placing = calls.all() - choosing;
