@@ -7,6 +7,7 @@ class tst_multinight : public MultibetTest
 
 private slots:
     void init() { beginMultibets(); }
+
     void night()
     {
         open(u"frmmulti"_s);

@@ -8,6 +8,7 @@ class tst_multiscreens : public MultibetTest
 
 private slots:
     void init() { beginMultibets(); }
+
     void refusals()
     {
         open(u"frmmulti"_s);

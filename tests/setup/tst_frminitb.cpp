@@ -6,6 +6,7 @@ class tst_frminitb : public ScreenTest
 
 private slots:
     void init() { begin(); }
+
     void firstStartAndComingBack()
     {
         beginRun();
@@ -211,7 +212,6 @@ private:
     // A run that has just been started: nothing asked, nothing known but this Init file.
     void beginRun(const QByteArray &initFile = {})
     {
-        event.reset();
         begin(false);
         if (!initFile.isNull())
             event->write(u"Init"_s, initFile);
