@@ -1,5 +1,5 @@
 #include "help/helptext.h"
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 #include "screens.h"
 
 namespace {
@@ -10,19 +10,20 @@ const QString helpPath = u"C:\\Trelawn\\Horsehelp.txt"_s;
 } // namespace
 
 // The guide: which text is shown, and that nobody's changes are lost.
-class tst_frmhelpb : public QObject
+class tst_frmhelpb : public ScreenTest
 {
     Q_OBJECT
 
-    std::unique_ptr<TestEvent> event;
-    QWidget *screen = nullptr;
-
-    QPlainTextEdit *text() { return child<QPlainTextEdit>(screen, u"txthelp"_s); }
-    QString lineOfCursor() { return text()->textCursor().block().text(); }
+    // The text, on the screen or in a window beside it.
+    QPlainTextEdit *guide()
+    {
+        return child<QPlainTextEdit>(event->navigator().window(), u"txthelp"_s);
+    }
+    QString lineOfCursor() { return guide()->textCursor().block().text(); }
     void openWith(const QByteArray &help)
     {
         event->write(helpPath, help);
-        screen = event->open(u"frmhelpb"_s);
+        open(u"frmhelpb"_s);
     }
 
     // The help window that F1 in a window leads to.
@@ -40,8 +41,7 @@ class tst_frmhelpb : public QObject
     }
 
 private slots:
-    void init() { event = std::make_unique<TestEvent>(); }
-    void cleanup() { event.reset(); }
+    void init() { begin(); }
 
     // Every screen has a chapter, every line fits the paper.
     void shippedText()
@@ -62,57 +62,57 @@ private slots:
         rows("an older encoding", "Caf\xE9\r\n", u"Café\n"_s, own);
         for (const auto &[row, file, shown, note] : rows) {
             openWith(file);
-            QCOMPARE(text()->toPlainText(), shown);
+            QCOMPARE(guide()->toPlainText(), shown);
             QCOMPARE(event->note(), note);
         }
         event->block(helpPath);
-        event->boxes.expect(u"Path/File access error Help input"_s, u"Help input"_s);
-        screen = event->open(u"frmhelpb"_s);
-        QCOMPARE(text()->toPlainText(), shippedHelp());
+        expect(u"Path/File access error Help input"_s, u"Help input"_s);
+        open(u"frmhelpb"_s);
+        QCOMPARE(guide()->toPlainText(), shippedHelp());
     }
 
     void saves()
     {
         openWith("old\r\n");
-        text()->insertPlainText(u"Cash \"only\", please, é\n"_s);
-        clickButton(screen, u"cmdsave"_s);
+        guide()->insertPlainText(u"Cash \"only\", please, é\n"_s);
+        press(u"cmdsave"_s);
         QCOMPARE(event->read(helpPath), "Cash \"only\", please, \xC3\xA9\r\nold\r\n"_qba);
-        screen = event->open(u"frmhelpb"_s);
-        QVERIFY(text()->toPlainText().startsWith(u"Cash"_s));
+        open(u"frmhelpb"_s);
+        QVERIFY(guide()->toPlainText().startsWith(u"Cash"_s));
         // A save that fails loses nothing.
-        text()->insertPlainText(u"new "_s);
+        guide()->insertPlainText(u"new "_s);
         event->block(helpPath);
-        event->boxes.expect(u"Path/File access error Help output"_s, u"Help output"_s);
-        clickButton(screen, u"cmdsave"_s);
-        QVERIFY(text()->toPlainText().startsWith(u"new Cash"_s));
-        QVERIFY(child<QLabel>(screen, u"lblunsaved"_s)->isVisible());
+        expect(u"Path/File access error Help output"_s, u"Help output"_s);
+        press(u"cmdsave"_s);
+        QVERIFY(guide()->toPlainText().startsWith(u"new Cash"_s));
+        QVERIFY(child<QLabel>(screen(), u"lblunsaved"_s)->isVisible());
     }
 
     void searches()
     {
         openWith("Alpha\r\nbeta\r\nalpha\r\n");
         const auto find = [&](const QString &wanted) {
-            typeInto(screen, u"txtsearch"_s, wanted);
-            QTest::keyClick(child<QWidget>(screen, u"txtsearch"_s), Qt::Key_Return);
+            type(u"txtsearch"_s, wanted);
+            QTest::keyClick(child<QWidget>(screen(), u"txtsearch"_s), Qt::Key_Return);
         };
         find(u"alpha"_s);
         QCOMPARE(lineOfCursor(), u"Alpha"_s);
-        QTest::keyClick(screen, Qt::Key_F3);
+        QTest::keyClick(screen(), Qt::Key_F3);
         QCOMPARE(lineOfCursor(), u"alpha"_s);
-        clickButton(screen, u"cmdfind"_s);
+        press(u"cmdfind"_s);
         QCOMPARE(lineOfCursor(), u"Alpha"_s);
         QCOMPARE(event->note(), u"The search went on at the beginning."_s);
         find(u"gamma"_s);
         QCOMPARE(lineOfCursor(), u"Alpha"_s);
         QCOMPARE(event->note(), u"\"gamma\" not found"_s);
-        QVERIFY(!text()->document()->isModified());
+        QVERIFY(!guide()->document()->isModified());
     }
 
     void prints()
     {
         const QByteArray longLine = QByteArray("word ").repeated(20) + "end";
         openWith("Title\r\n\r\n" + longLine + "\r\n" + QByteArray(200, 'x'));
-        clickButton(screen, u"cmdprint"_s);
+        press(u"cmdprint"_s);
         const QStringList lines = slipText(event->slips.value(0));
         QCOMPARE(lines.mid(0, 2), (QStringList{u"Title"_s, {}}));
         QCOMPARE(lines.value(2) + u' ' + lines.value(3), QString::fromLatin1(longLine));
@@ -123,16 +123,16 @@ private slots:
 
     void asksBeforeChangesAreLost()
     {
-        event->open(u"frmmenub"_s);
+        open(u"frmmenub"_s);
         openWith("old\r\n");
-        text()->insertPlainText(u"x"_s);
-        event->boxes.expect(lossQuestion, u"Help"_s, Answer::Cancel);
+        guide()->insertPlainText(u"x"_s);
+        expect(lossQuestion, u"Help"_s, Answer::Cancel);
         event->navigator().window()->close();
-        event->boxes.expect(lossQuestion, u"Help"_s, Answer::Cancel);
-        clickButton(screen, u"cmdreturn"_s);
+        expect(lossQuestion, u"Help"_s, Answer::Cancel);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmhelpb"_s));
-        event->boxes.expect(lossQuestion, u"Help"_s, Answer::Ok);
-        clickButton(screen, u"cmdreturn"_s);
+        expect(lossQuestion, u"Help"_s, Answer::Ok);
+        press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));
         QCOMPARE(event->read(helpPath), "old\r\n"_qba);
     }
@@ -140,11 +140,10 @@ private slots:
     void buttonLeadsBack()
     {
         for (const QString &opener : {u"frmmenub"_s, u"frminitb"_s}) {
-            clickButton(event->open(opener), u"cmdhelp"_s);
-            QCoreApplication::processEvents();
-            screen = event->current();
+            open(opener);
+            press(u"cmdhelp"_s);
             QCOMPARE(lineOfCursor(), event->navigator().titleOf(opener));
-            clickButton(screen, u"cmdreturn"_s);
+            press(u"cmdreturn"_s);
             QVERIFY(event->isOpen(opener));
         }
     }
@@ -152,30 +151,29 @@ private slots:
     // What stands on a screen stays there, and the guide opens at the chapter of the window in use.
     void f1StandsBeside()
     {
-        QWidget *bettors = event->open(u"frmbettorsb"_s);
-        typeInto(bettors, u"txtbettorname"_s, u"HALF TYPED"_s);
-        screen = pressF1(bettors);
-        QVERIFY(screen->isWindow() && screen->isVisible());
-        QCOMPARE(event->current(), bettors);
-        QCOMPARE(fieldText(bettors, u"txtbettorname"_s), u"HALF TYPED"_s);
+        open(u"frmbettorsb"_s);
+        type(u"txtbettorname"_s, u"HALF TYPED"_s);
+        const QPointer<QWidget> window = pressF1(screen());
+        QVERIFY(window->isWindow() && window->isVisible());
+        QVERIFY(event->isOpen(u"frmbettorsb"_s));
+        QCOMPARE(text(u"txtbettorname"_s), u"HALF TYPED"_s);
         QCOMPARE(lineOfCursor(), u"Bettor List"_s);
-        QCOMPARE(pressF1(event->navigator().openBeside(u"frmlistb"_s)), screen);
+        QCOMPARE(pressF1(event->navigator().openBeside(u"frmlistb"_s)), window.data());
         QCOMPARE(lineOfCursor(), u"Bettor/Bets List"_s);
 
         // One guide at a time: the button brings the same window to the front, with what was typed.
-        QWidget *menu = event->open(u"frmmenub"_s);
-        text()->insertPlainText(u"x"_s);
-        clickButton(menu, u"cmdhelp"_s);
-        QCOMPARE(event->current(), menu);
-        event->boxes.expect(lossQuestion, u"Help"_s, Answer::Cancel);
-        QVERIFY(!screen->close());
-        event->boxes.expect(lossQuestion, u"Help"_s, Answer::Cancel);
-        clickButton(menu, u"cmdexit"_s);
+        open(u"frmmenub"_s);
+        guide()->insertPlainText(u"x"_s);
+        press(u"cmdhelp"_s);
+        QVERIFY(event->isOpen(u"frmmenub"_s));
+        expect(lossQuestion, u"Help"_s, Answer::Cancel);
+        QVERIFY(!window->close());
+        expect(lossQuestion, u"Help"_s, Answer::Cancel);
+        press(u"cmdexit"_s);
         QVERIFY(event->navigator().window()->isVisible());
-        event->boxes.expect(lossQuestion, u"Help"_s, Answer::Ok);
-        const QPointer<QWidget> guide = screen;
-        clickButton(screen, u"cmdreturn"_s);
-        QTRY_VERIFY(guide.isNull());
+        expect(lossQuestion, u"Help"_s, Answer::Ok);
+        clickButton(window, u"cmdreturn"_s);
+        QTRY_VERIFY(window.isNull());
     }
 };
 

@@ -1,19 +1,14 @@
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 #include "ui/controls.h"
 
 // A whole race night through the real widgets, from the first start to the exit. The sums that
 // files, labels and slips must show were worked out by hand.
-class tst_racenight : public QObject
+class tst_racenight : public ScreenTest
 {
     Q_OBJECT
 
-    std::unique_ptr<TestEvent> m_event;
-
-    QWidget *screen() const { return m_event->current(); }
-    void press(const QString &button) const { clickButton(screen(), button); }
-
     // What keys go to. The offscreen platform does not hand the keyboard back when a box is closed.
-    QWidget *focused() const
+    QWidget *focused()
     {
         screen()->activateWindow();
         if (!QTest::qWaitForWindowActive(screen()->window()) || !QApplication::focusWidget())
@@ -21,14 +16,14 @@ class tst_racenight : public QObject
         return QApplication::focusWidget();
     }
 
-    void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    void pressKey(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::keyClick(focused(), key, modifiers);
         QCoreApplication::processEvents();
     }
 
     // Presses the button with Alt and its letter.
-    void pressLetter(const QString &button) const
+    void pressLetter(const QString &button)
     {
         const QKeySequence keys = child<QAbstractButton>(screen(), button)->shortcut();
         QVERIFY2(keys.count() == 1, qPrintable(button));
@@ -41,44 +36,43 @@ class tst_racenight : public QObject
     // A sheet: the cells in the order in which they are clicked.
     void takeSheet(const QString &bettor, const QStringList &cells, const QString &total)
     {
-        selectInList(screen(), u"lstentries"_s, bettor);
+        select(u"lstentries"_s, bettor);
         for (const QString &cell : cells)
             clickCell(screen(), cell);
-        QCOMPARE(labelText(screen(), u"lbltobeplaced"_s), u"to be placed: "_s + total);
-        m_event->boxes.expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);
+        QCOMPARE(label(u"lbltobeplaced"_s), u"to be placed: "_s + total);
+        expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);
         press(u"cmdplacebets"_s);
-        QCOMPARE(fieldText(screen(), u"txttotaltot"_s), QString());
-        QVERIFY(slipText(m_event->slips.back()).contains(bettor));
+        QCOMPARE(text(u"txttotaltot"_s), QString());
+        QVERIFY(slipText(event->slips.back()).contains(bettor));
     }
 
 private slots:
-    void initTestCase() { m_event = std::make_unique<TestEvent>(false); }
+    void initTestCase() { begin(false); }
     void init() { failOnQtWarnings(); }
-    void cleanup() { QVERIFY(m_event->boxes.allCame()); }
-    void cleanupTestCase() { m_event.reset(); }
+    void cleanup() { QVERIFY(event->boxes.allCame()); } // the night goes on
+    void cleanupTestCase() { event.reset(); }
 
     void startProgram()
     {
-        Settings &settings = m_event->session.settings;
+        Settings &settings = event->session.settings;
         settings = {};
-        m_event->boxes.expect(u"Display size must be set to 1024 x 768"_s, u"TRELAWN"_s);
-        m_event->boxes.expectInputKept(
+        expect(u"Display size must be set to 1024 x 768"_s, u"TRELAWN"_s);
+        event->boxes.expectInputKept(
             u"Enter Init drive location - C, D, or E or press enter to use the C drive"_s,
             u"Init Drive"_s);
-        m_event->boxes.expect(
-            u"Is a printer attached to this computer? 'No' disables all printing."_s,
-            u"Printer Attached?"_s, Answer::Yes);
-        m_event->open(u"frminitb"_s);
-        typeInto(screen(), u"txtbanner1"_s, u"Harbour Cup"_s);
-        m_event->boxes.expect(u"Banner information changed"_s, u"Setup"_s);
+        expect(u"Is a printer attached to this computer? 'No' disables all printing."_s,
+               u"Printer Attached?"_s, Answer::Yes);
+        open(u"frminitb"_s);
+        type(u"txtbanner1"_s, u"Harbour Cup"_s);
+        expect(u"Banner information changed"_s, u"Setup"_s);
         pressKey(Qt::Key_Return);
         press(u"cmdround"_s);
         press(u"cmdround"_s);
         QCOMPARE(caption(screen(), u"cmdround"_s), u"Round payoff to nearest 0.25"_s);
         press(u"optrace_3"_s);
         press(u"cmdok"_s);
-        QVERIFY(m_event->isOpen(u"frmmenub"_s));
-        QCOMPARE(fieldText(screen(), u"txtbanner"_s), u"Harbour Cup Race3"_s);
+        QVERIFY(event->isOpen(u"frmmenub"_s));
+        QCOMPARE(text(u"txtbanner"_s), u"Harbour Cup Race3"_s);
         QCOMPARE(caption(screen(), u"cmdclearbets"_s), u"Clear/Refund  Race3 Bets"_s);
     }
 
@@ -91,14 +85,14 @@ private slots:
             {3, u"3"_s, u"MOSS & STONE"_s, u"0"_s},  {4, u"4"_s, u"NINE TAILORS"_s, u"0"_s},
             {5, u"1A"_s, u"COPPER SPOON"_s, u"1"_s}, {9, u"7"_s, u"QUICKSILVER"_s, u"0"_s}};
         for (const auto &[post, number, name, pool] : field) {
-            typeInto(screen(), memberName(u"txtnumber"_s, post - 1), number);
-            typeInto(screen(), memberName(u"txthorse"_s, post - 1), name);
-            typeInto(screen(), memberName(u"txtpool"_s, post - 1), pool);
+            type(memberName(u"txtnumber"_s, post - 1), number);
+            type(memberName(u"txthorse"_s, post - 1), name);
+            type(memberName(u"txtpool"_s, post - 1), pool);
         }
-        m_event->boxes.expect(u"Update Horses?"_s, u"Horses"_s, Answer::Yes);
+        expect(u"Update Horses?"_s, u"Horses"_s, Answer::Yes);
         press(u"cmdupdatehorses"_s);
         press(u"cmdmainmenu"_s);
-        QCOMPARE(m_event->note(), QString());
+        QCOMPARE(event->note(), QString());
     }
 
     void addBettors()
@@ -106,11 +100,11 @@ private slots:
         press(u"cmdenterbettors"_s);
         for (const QString &typed :
              {u"lund-eva"_s, u"berg-ole"_s, u"dahl-ida"_s, u"moe-per"_s, u"vik-siv"_s}) {
-            typeInto(screen(), u"txtbettorname"_s, typed);
-            m_event->boxes.expect(typed.toUpper() + u" added"_s, u"Bettors"_s);
+            type(u"txtbettorname"_s, typed);
+            expect(typed.toUpper() + u" added"_s, u"Bettors"_s);
             pressKey(Qt::Key_Return);
         }
-        QCOMPARE(listTexts(screen(), u"cbobettornames"_s).join(u' '),
+        QCOMPARE(list(u"cbobettornames"_s).join(u' '),
                  u"AnyBettor BERG-OLE DAHL-IDA LUND-EVA MOE-PER VIK-SIV"_s);
         press(u"cmdreturn"_s);
     }
@@ -135,9 +129,9 @@ private slots:
                    u"txtone_1"_s, u"txtamt_0"_s, u"txtnumber_50"_s},
                   u"$17.25"_s);
         takeSheet(u"AnyBettor"_s, {u"txtone_3"_s, u"txtnumber_67"_s}, u"$5.00"_s);
-        QCOMPARE(fieldText(screen(), u"txttotprior"_s), u"$10.00"_s);
+        QCOMPARE(text(u"txttotprior"_s), u"$10.00"_s);
         QCOMPARE(
-            slipText(m_event->slips.back()),
+            slipText(event->slips.back()),
             QStringList({u"Harbour Cup   Race3"_s, u" "_s, u"BET SUMMARY FOR "_s, u"AnyBettor"_s,
                          u" "_s, u"HORSE              BET"_s, u"3  MOSS & STONE    $05.00 Win  "_s,
                          u"1A COPPER SPOON    $05.00 Show"_s, u" "_s, u"TOTAL BETS $10.00"_s}));
@@ -145,20 +139,20 @@ private slots:
         const std::pair<int, QString> odds[] = {{1, u"9/5"_s}, {5, u"9/5"_s},  {2, u"1/1"_s},
                                                 {3, u"7/1"_s}, {4, QString()}, {9, u"13/1"_s}};
         for (const auto &[post, shown] : odds)
-            QCOMPARE(fieldText(screen(), memberName(u"txtnumber"_s, 104 + post)), shown);
+            QCOMPARE(text(memberName(u"txtnumber"_s, 104 + post)), shown);
         press(u"cmdmainmenu"_s);
     }
 
     void scratch()
     {
         press(u"cmdenterhorses"_s);
-        m_event->boxes.expect(u"Scratch a horse?"_s, u"Horses"_s, Answer::Yes);
-        m_event->boxes.expectInput(u"Enter post position to scratch"_s, u"Scratch"_s, u"9"_s);
-        m_event->boxes.expect(u"Scratch QUICKSILVER"_s, u"Horses"_s);
-        m_event->boxes.expect(u"QUICKSILVERScratched"_s, u"Horses"_s);
+        expect(u"Scratch a horse?"_s, u"Horses"_s, Answer::Yes);
+        expectInput(u"Enter post position to scratch"_s, u"Scratch"_s, u"9"_s);
+        expect(u"Scratch QUICKSILVER"_s, u"Horses"_s);
+        expect(u"QUICKSILVERScratched"_s, u"Horses"_s);
         press(u"cmdscratch"_s);
-        QCOMPARE(fieldText(screen(), u"txthorse_8"_s), QString());
-        const QStringList refunds = simplified(slipText(m_event->slips.back()));
+        QCOMPARE(text(u"txthorse_8"_s), QString());
+        const QStringList refunds = simplified(slipText(event->slips.back()));
         QVERIFY(refunds.endsWith(u"VIK-SIV $2.25"_s) && refunds.contains(u"DAHL-IDA $3.00"_s));
         press(u"cmdmainmenu"_s);
     }
@@ -172,11 +166,11 @@ private slots:
                                                          {u"cmdplace"_s, u"2 LATE PROMISE"_s},
                                                          {u"cmdshow"_s, u"3 MOSS & STONE"_s}};
         for (const auto &[button, horse] : finishers) {
-            selectInList(screen(), u"lsthorses"_s, horse);
+            select(u"lsthorses"_s, horse);
             press(button);
         }
-        typeInto(screen(), u"txthousepct"_s, u"10"_s);
-        m_event->boxes.expect(u"House percentage is 10 %"_s, u"Payoff"_s);
+        type(u"txthousepct"_s, u"10"_s);
+        expect(u"House percentage is 10 %"_s, u"Payoff"_s);
         pressKey(Qt::Key_Return);
         press(u"cmdpayoff"_s);
         const std::pair<QString, QString> fields[] = {
@@ -188,13 +182,13 @@ private slots:
             {u"txtplaceplace"_s, u"$2.25"_s},   {u"txtplaceshow"_s, u"$2.52"_s},
             {u"txtshowshow"_s, u"$3.24"_s}};
         for (const auto &[name, shown] : fields)
-            QCOMPARE(fieldText(screen(), name), shown);
+            QCOMPARE(text(name), shown);
     }
 
     // Not in the order of the list; $26.10 and $8.10 are rounded to the quarter.
     void payEveryone()
     {
-        QCOMPARE(listTexts(screen(), u"lstwinners"_s).join(u' '),
+        QCOMPARE(list(u"lstwinners"_s).join(u' '),
                  u"AnyBettor LUND-EVA BERG-OLE MOE-PER VIK-SIV"_s);
         const std::tuple<QString, QString, QString, QString, QString> payments[] = {
             {u"VIK-SIV"_s, u"$8.10"_s, u"$8.00"_s, u"$8.10"_s, u"$8.00"_s},
@@ -202,23 +196,23 @@ private slots:
             {u"AnyBettor"_s, u"$8.10"_s, u"$8.00"_s, u"$62.70"_s, u"$62.50"_s},
             {u"MOE-PER"_s, u"$26.10"_s, u"$26.00"_s, u"$88.80"_s, u"$88.50"_s},
             {u"BERG-OLE"_s, u"$12.00"_s, u"$12.00"_s, u"$100.80"_s, u"$100.50"_s}};
-        m_event->boxes.expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::Yes);
+        expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::Yes);
         for (const auto &[name, owed, large, paid, rounded] : payments) {
-            selectInList(screen(), u"lstwinners"_s, name);
+            select(u"lstwinners"_s, name);
             press(u"cmdpay"_s);
-            QCOMPARE(fieldText(screen(), u"txtwinnername"_s), name);
-            QCOMPARE(fieldText(screen(), u"txttotaltotal"_s), owed);
-            QCOMPARE(fieldText(screen(), u"txttotalr"_s), large);
-            QCOMPARE(fieldText(screen(), u"txtpaid"_s), paid);
-            QCOMPARE(fieldText(screen(), u"txtrounded"_s), rounded);
+            QCOMPARE(text(u"txtwinnername"_s), name);
+            QCOMPARE(text(u"txttotaltotal"_s), owed);
+            QCOMPARE(text(u"txttotalr"_s), large);
+            QCOMPARE(text(u"txtpaid"_s), paid);
+            QCOMPARE(text(u"txtrounded"_s), rounded);
         }
-        QVERIFY(listTexts(screen(), u"lstwinners"_s).isEmpty());
+        QVERIFY(list(u"lstwinners"_s).isEmpty());
         press(u"cmdreturn"_s);
-        QVERIFY(m_event->isOpen(u"frmmenub"_s));
-        QCOMPARE(m_event->note(), QString());
+        QVERIFY(event->isOpen(u"frmmenub"_s));
+        QCOMPARE(event->note(), QString());
         // Seven receipts, the refund list, and the payoffs of all five on one slip.
-        QCOMPARE(m_event->slips.size(), 9);
-        const QStringList lines = simplified(slipText(m_event->slips.back()));
+        QCOMPARE(event->slips.size(), 9);
+        const QStringList lines = simplified(slipText(event->slips.back()));
         QCOMPARE(lines.filter(u"Bettor Name: "_s).size(), 5);
         QCOMPARE(lines.mid(6, 6), QStringList({u"Bettor Name: LUND-EVA Harbour Cup Race3"_s,
                                                u"Bet Paid Bet Paid Bet Paid"_s,
@@ -238,14 +232,14 @@ private slots:
                            "4,\"DAHL-IDA\"\r\n5,\"MOE-PER\"\r\n6,\"VIK-SIV\"\r\n"},
             {u"Multibets Race3"_s, {}}};
         for (const auto &[name, bytes] : files)
-            QCOMPARE(m_event->readTwins(name), bytes);
-        QCOMPARE(parseHorses(m_event->readTwins(u"Horses Race3"_s)).horses,
+            QCOMPARE(event->readTwins(name), bytes);
+        QCOMPARE(parseHorses(event->readTwins(u"Horses Race3"_s)).horses,
                  cardOf({{1, 1, u"1"_s, u"COPPER KETTLE"_s},
                          {2, 0, u"2"_s, u"LATE PROMISE"_s},
                          {3, 0, u"3"_s, u"MOSS & STONE"_s},
                          {4, 0, u"4"_s, u"NINE TAILORS"_s},
                          {5, 1, u"1A"_s, u"COPPER SPOON"_s}}));
-        QCOMPARE(m_event->read(u"Init"_s),
+        QCOMPARE(event->read(u"Init"_s),
                  QByteArray("\"Harbour Cup\",\"C:\\Trelawn\\\",8,\"yes\",3,3,"
                             "0.25,1,5,10,5,20000,2000,0\r\n"));
     }
@@ -260,25 +254,25 @@ private slots:
     // lists.
     void withoutMouse()
     {
-        m_event = std::make_unique<TestEvent>();
-        m_event->write(u"Horses Race1"_s, "1,0,\"1 \",\"ALFA\"\r\n2,0,\"2 \",\"BRAVO\"\r\n"
-                                          "4,0,\"3 \",\"COCO\"\r\n");
-        m_event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"KING-ADA\"\r\n3,\"KING-ZOE\"\r\n");
-        m_event->write(u"Bets Race1"_s, "2,1,1,6\r\n");
-        m_event->open(u"frmmenub"_s);
+        begin();
+        event->write(u"Horses Race1"_s, "1,0,\"1 \",\"ALFA\"\r\n2,0,\"2 \",\"BRAVO\"\r\n"
+                                        "4,0,\"3 \",\"COCO\"\r\n");
+        event->write(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"KING-ADA\"\r\n3,\"KING-ZOE\"\r\n");
+        event->write(u"Bets Race1"_s, "2,1,1,6\r\n");
+        open(u"frmmenub"_s);
         pressLetter(u"cmdbet"_s);
-        QVERIFY(m_event->isOpen(u"frmsheetb"_s));
+        QVERIFY(event->isOpen(u"frmsheetb"_s));
         QTest::keyClicks(focused(), u"king-z"_s);
         pressKey(Qt::Key_Return);
-        QCOMPARE(labelText(screen(), u"lblselected"_s), u"KING-ZOE"_s);
+        QCOMPARE(label(u"lblselected"_s), u"KING-ZOE"_s);
         pressKey(Qt::Key_Down);
         pressKey(Qt::Key_Down); // over the empty post
         for (const Qt::Key key : {Qt::Key_4, Qt::Key_Space, Qt::Key_Right, Qt::Key_2, Qt::Key_Space,
                                   Qt::Key_Minus, Qt::Key_Space, Qt::Key_Plus, Qt::Key_Space})
             pressKey(key);
-        m_event->boxes.expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);
+        expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);
         pressKey(Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(m_event->read(u"Bets Race1"_s), QByteArray("2,1,1,6\r\n3,4,1,5\r\n3,4,2,2\r\n"));
+        QCOMPARE(event->read(u"Bets Race1"_s), QByteArray("2,1,1,6\r\n3,4,1,5\r\n3,4,2,2\r\n"));
         QCOMPARE(focused()->objectName(), u"txtname"_s);
         pressKey(Qt::Key_Tab);
         pressKey(Qt::Key_Escape);
@@ -286,22 +280,22 @@ private slots:
         pressLetter(u"cmdmainmenu"_s);
 
         pressLetter(u"cmdpay"_s);
-        QVERIFY(m_event->isOpen(u"frmpaywinnersb"_s));
+        QVERIFY(event->isOpen(u"frmpaywinnersb"_s));
         QCOMPARE(focused()->objectName(), u"lsthorses"_s);
         pressKey(Qt::Key_Down);
         pressKey(Qt::Key_End);
         pressLetter(u"cmdwinner"_s);
-        QCOMPARE(fieldText(screen(), u"txtwinhorse"_s), u"4"_s);
+        QCOMPARE(text(u"txtwinhorse"_s), u"4"_s);
         pressLetter(u"cmdpayoff"_s);
         QCOMPARE(focused()->objectName(), u"lstwinners"_s);
         pressKey(Qt::Key_Down);
-        m_event->boxes.expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::No);
+        expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::No);
         pressLetter(u"cmdpay"_s);
-        QCOMPARE(fieldText(screen(), u"txtwinnername"_s), u"KING-ZOE"_s);
-        QCOMPARE(fieldText(screen(), u"txttotalr"_s), u"$13.00"_s);
+        QCOMPARE(text(u"txtwinnername"_s), u"KING-ZOE"_s);
+        QCOMPARE(text(u"txttotalr"_s), u"$13.00"_s);
         pressLetter(u"cmdreturn"_s);
-        QVERIFY(m_event->isOpen(u"frmmenub"_s));
-        QCOMPARE(m_event->note(), QString());
+        QVERIFY(event->isOpen(u"frmmenub"_s));
+        QCOMPARE(event->note(), QString());
     }
 };
 
