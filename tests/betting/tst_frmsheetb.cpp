@@ -154,7 +154,8 @@ private slots:
 
     void deletingPriorBets()
     {
-        event->writeTwins(u"Bets Race1"_s, "2,3,1,2\r\n3,3,1,4\r\n0,1,1,9\r\n2,1,3,5\r\n2,3,1,2\r\n");
+        event->writeTwins(u"Bets Race1"_s,
+                          "2,3,1,2\r\n3,3,1,4\r\n0,1,1,9\r\n2,1,3,5\r\n2,3,1,2\r\n");
         choose(u"SMITH"_s);
         deletePrior({}); // nothing is printed
         deletePrior({0, 1});
