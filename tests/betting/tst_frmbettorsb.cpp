@@ -31,8 +31,7 @@ private slots:
 
     void deletionRefused()
     {
-        expect(u"Select bettor from list first"_s);
-        press(u"cmddelete"_s);
+        press(u"cmddelete"_s, u"Select bettor from list first"_s);
         expect(u"Can't delete AnyBettor"_s);
         removeName(u"AnyBettor"_s);
         event->session.settings.mainComputer = true;
@@ -50,8 +49,7 @@ private slots:
         QCOMPARE(label(u"lblselected"_s),
                  u"SMITH-JOHN: number 2, bets Race1 $7.50, Race8 $40.00"_s);
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor SMITH-JOHN"_s);
-        expect(u"Delete SMITH-JOHN"_s, u"Bettors"_s);
-        press(u"cmddelete"_s);
+        press(u"cmddelete"_s, u"Delete SMITH-JOHN"_s, u"Bettors"_s);
         QCOMPARE(names(), u"ADAMS-EVE AnyBettor"_s);
         QCOMPARE(event->readTwins(u"Bets Race1"_s), "3,4,2,2\r\n");
         QCOMPARE(event->read(u"Bets Race8"_s), "2,1,1,40\r\n");
@@ -91,19 +89,17 @@ private slots:
         Settings &settings = event->session.settings;
         const QByteArray before = event->read(u"Bettors"_s);
         settings.setRole(true, false);
-        expect(u"Bettor clear not permitted in multiple computer mode"_s);
-        press(u"cmdclearbettors"_s);
+        press(u"cmdclearbettors"_s, u"Bettor clear not permitted in multiple computer mode"_s);
         settings.clearRole();
-        expect(u"Must clear Bets first"_s, u"Bettors input"_s);
-        press(u"cmdclearbettors"_s);
+        press(u"cmdclearbettors"_s, u"Must clear Bets first"_s, u"Bettors input"_s);
         settings.betsCleared = true;
-        expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s, Answer::Cancel);
-        press(u"cmdclearbettors"_s);
+        press(u"cmdclearbettors"_s, u"Clear and initialize Bettor file?"_s, u"Initialize"_s,
+              Answer::Cancel);
         QCOMPARE(event->readTwins(u"Bettors"_s), before);
 
         expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s);
-        expect(u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
-        press(u"cmdclearbettors"_s);
+        press(u"cmdclearbettors"_s, u"Bettor file cleared and initialized"_s,
+              u"Initialize Bettor"_s);
         QCOMPARE(names(), u"AnyBettor"_s);
         QCOMPARE(event->session.bettors.nextNumber, 2);
         QCOMPARE(event->readTwins(u"Bettors"_s), "1,\"AnyBettor\"\r\n");
@@ -139,8 +135,7 @@ private slots:
         init();
         addNew();
         event->block(u"Bettors"_s);
-        expect(u"75 Path/File access error"_s, u"Bettors output"_s);
-        press(u"cmdreturn"_s);
+        press(u"cmdreturn"_s, u"75 Path/File access error"_s, u"Bettors output"_s);
         QVERIFY(event->isOpen(u"frmbettorsb"_s));
         QVERIFY(event->note().contains(u"leaves without saving"_s));
         press(u"cmdreturn"_s);
@@ -149,8 +144,7 @@ private slots:
         init();
         addNew();
         event->block(u"Bettorsbackup"_s);
-        expect(u"75 Path/File access error"_s, u"Bettorsbackup output"_s);
-        press(u"cmdreturn"_s);
+        press(u"cmdreturn"_s, u"75 Path/File access error"_s, u"Bettorsbackup output"_s);
         event->unblock(u"Bettorsbackup"_s);
         press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));

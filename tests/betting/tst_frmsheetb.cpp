@@ -112,8 +112,7 @@ private slots:
         QCOMPARE(text(u"txtbetamt"_s), u"$1.00"_s);
         press(u"cmdplacebets"_s); // an empty sheet says nothing
         clickCells({u"txtnumber_21"_s});
-        expect(u"Must select bettor first."_s, u"Place Bets"_s);
-        press(u"cmdplacebets"_s);
+        press(u"cmdplacebets"_s, u"Must select bettor first."_s, u"Place Bets"_s);
         choose(u"SMITH"_s);
         clickCells({u"txtplus"_s, u"txtnumber_42"_s});
         press(u"cmdplacebets"_s); // neither does one whose total is 0
@@ -208,8 +207,7 @@ private slots:
             "Post 2: 2 Unbridled is new\nPost 3: Secretariat runs no longer\n"
             "$2.00 on horses that run no longer left the sheet.\nPlace these bets?"_s;
         expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);
-        expect(changes, u"Place Bets"_s, Answer::No);
-        press(u"cmdplacebets"_s);
+        press(u"cmdplacebets"_s, changes, u"Place Bets"_s, Answer::No);
         QCOMPARE(bets(), twoBets);
         QCOMPARE(text(u"txthorse_0"_s), u"Go For Gin"_s);
         QCOMPARE(text(u"txtnumber_21"_s) + text(u"txttotaltot"_s), u"11"_s);

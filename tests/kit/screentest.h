@@ -36,6 +36,14 @@ protected:
         event->boxes.expectInput(box, title, typed);
     }
 
+    // Presses a button and answers the last box that comes of it.
+    void press(const QString &name, const QString &box, const QString &title = u"TRELAWN"_s,
+               Answer answer = Answer::Ok)
+    {
+        expect(box, title, answer);
+        press(name);
+    }
+
     std::unique_ptr<TestEvent> event;
 
 private slots:

@@ -12,23 +12,23 @@ private slots:
     void refusals()
     {
         open(u"frmmulti"_s);
-        refused(u"cmdplacebet"_s, u"Must select bet type"_s);
-        refused(u"cmdpick3"_s, u"Must select race first"_s);
+        press(u"cmdplacebet"_s, u"Must select bet type"_s);
+        press(u"cmdpick3"_s, u"Must select race first"_s);
         press(u"cmdexacta"_s);
-        refused(u"cmdplacebet"_s, u"Must select race number first"_s);
+        press(u"cmdplacebet"_s, u"Must select race number first"_s);
         chooseRace(3);
-        refused(u"cmdplacebet"_s, u"Must select bettor first"_s);
+        press(u"cmdplacebet"_s, u"Must select bettor first"_s);
         select(u"lstentries"_s, u"ANN"_s);
         markPosts({{1}, {2}});
         press(u"chkbox_1"_s);
-        refused(u"cmdplacebet"_s, u"Must box at least 2 lines"_s);
+        press(u"cmdplacebet"_s, u"Must box at least 2 lines"_s);
 
         open(u"frmpaymulti"_s);
-        refused(u"cmdenterwin"_s, u"Must select bet type first"_s);
-        refused(u"cmdpick3"_s, u"Must select race first"_s);
+        press(u"cmdenterwin"_s, u"Must select bet type first"_s);
+        press(u"cmdpick3"_s, u"Must select race first"_s);
         chooseRace(3);
         press(u"cmdexacta"_s);
-        refused(u"cmdenterwin"_s, u"No bets on this bet type"_s);
+        press(u"cmdenterwin"_s, u"No bets on this bet type"_s);
         QCOMPARE(event->note(), u"No winning post is selected on line 1, 2"_s);
     }
 
@@ -89,7 +89,7 @@ private slots:
         for (int post = 1; post <= 21; ++post)
             markPosts({{post}, {post}});
         clickCell(screen(), u"txtbetamt"_s);
-        refused(u"cmdplacebet"_s, u"400 bet maximum exceeded"_s);
+        press(u"cmdplacebet"_s, u"400 bet maximum exceeded"_s);
         QCOMPARE(text(u"txtthisbet"_s), u"$399.00"_s);
         press(u"cmdmake"_s);
         QCOMPARE(event->readTwins(u"Multibets Race3"_s).count("\r\n"), 400);
@@ -152,8 +152,7 @@ private slots:
         markPosts({{1}, {2}});
         clickCell(screen(), u"txtamt_2"_s);
         press(u"cmdplacebet"_s);
-        expect(u"Printer error"_s, u"Print Receipt"_s);
-        press(u"cmdmake"_s);
+        press(u"cmdmake"_s, u"Printer error"_s, u"Print Receipt"_s);
         QCOMPARE(event->readTwins(u"Multibets Race3"_s), "1,2,0,\"EX\",5,2\r\n");
         QCOMPARE(text(u"txttotprior"_s), u"$5.00"_s);
     }
@@ -181,8 +180,7 @@ private slots:
         QCOMPARE(paintSlip(sheet, writer), 1);
     }
 
-    // A fast double click is two clicks. Arrows move in the grid, Space marks; the Tab key stops
-    // once a line.
+    // A fast double click is two clicks. Arrows move in the grid, Space marks.
     void mouseAndKeyboard()
     {
         openForAnn();
@@ -199,8 +197,6 @@ private slots:
             QTest::keyClick(screen()->focusWidget(), key);
         QVERIFY(isSelected(2, 3));
         QCOMPARE(child<QWidget>(screen(), cellName(2, 8))->geometry(), place); // nothing moves
-        QCOMPARE(tabOrder(screen()).filter(u"txtnum_"_s),
-                 (QStringList{u"txtnum_0"_s, u"txtnum_21"_s}));
     }
 
     // One cell a line; the finish stays between exacta, quinela and trifecta, but never becomes the
@@ -237,8 +233,7 @@ private slots:
         open(u"frmpaymulti"_s);
         chooseRace(3);
         press(u"cmdexacta"_s);
-        expect(u"File not found"_s, u"Multibets"_s);
-        press(u"cmdenterwin"_s);
+        press(u"cmdenterwin"_s, u"File not found"_s, u"Multibets"_s);
         expect(u"File not found"_s, u"Multibets"_s);
         open(u"frmsummmulti"_s);
         QTRY_COMPARE(list(u"lstsumm"_s).size(), 9);
@@ -255,12 +250,6 @@ private:
         open(u"frmmulti"_s);
         chooseRace(3);
         select(u"lstentries"_s, u"ANN"_s);
-    }
-
-    void refused(const QString &button, const QString &text)
-    {
-        expect(text);
-        press(button);
     }
 };
 

@@ -32,10 +32,8 @@ private slots:
     // They are posts, whatever their numbers; a small field gets posts where nobody runs.
     void finishers()
     {
-        expect(u"Must select horse"_s, u"Payoff"_s);
-        press(u"cmdplace"_s);
-        expect(u"Missing Win horse"_s);
-        press(u"cmdpayoff"_s);
+        press(u"cmdplace"_s, u"Must select horse"_s, u"Payoff"_s);
+        press(u"cmdpayoff"_s, u"Missing Win horse"_s);
         enter(u"cmdwinner"_s, u"1 ALPHA"_s);
         press(u"cmdpayoff"_s);
         QCOMPARE(text(u"txtplacehorse"_s) + text(u"txtshowhorse"_s), u"77"_s);
@@ -55,22 +53,21 @@ private slots:
         event->write(u"Horses Race1"_s, full);
         press(u"optrace_1"_s);
         enter(u"cmdwinner"_s, u"7 HORSE"_s);
-        expect(u"Missing win,place, or show horse"_s);
-        press(u"cmdpayoff"_s);
+        press(u"cmdpayoff"_s, u"Missing win,place, or show horse"_s);
     }
 
     void calculations()
     {
         calculate();
-        expect(
+        press(
+            u"cmd532"_s,
             u"Use 532 Payoff for a 50,30,20 percent split of the win pool only - Use Calculate Payoff for a standard split"_s,
             u"532 Payoff"_s, Answer::Yes);
-        press(u"cmd532"_s);
         QCOMPARE(text(u"txtwintotal"_s) + u' ' + text(u"txtwinwin"_s), u"$20.00 $3.20"_s);
         QVERIFY(event->session.payoffs.is532);
         event->write(u"Bets Race1"_s, QByteArray(bets) + "6,1,1,5\r\n");
-        expect(u"Bad bet file record. A bet may have been lost."_s);
-        press(u"cmdpayoff"_s); // back to the standard split
+        // Back to the standard split.
+        press(u"cmdpayoff"_s, u"Bad bet file record. A bet may have been lost."_s);
         QCOMPARE(text(u"txtbet"_s) + u' ' + text(u"txtwinwin"_s), u"$81.00 $6.40"_s);
 
         const QString before = payoffs();
@@ -79,14 +76,13 @@ private slots:
         for (const auto &[file, title] : files) {
             const QByteArray bytes = event->read(file);
             event->remove({file});
-            expect(u"File not found"_s, title);
-            press(u"cmdpayoff"_s);
+            press(u"cmdpayoff"_s, u"File not found"_s, title);
             QCOMPARE(payoffs(), before);
             event->write(file, bytes);
         }
         event->write(u"Bets Race1"_s, "2,6,1,5\r\n");
-        expect(u"No winners - Do 'CLEAR BETS' from main menu to calculate refunds"_s, u"Payoff"_s);
-        press(u"cmdpayoff"_s);
+        press(u"cmdpayoff"_s, u"No winners - Do 'CLEAR BETS' from main menu to calculate refunds"_s,
+              u"Payoff"_s);
         QVERIFY(winners().isEmpty());
     }
 
@@ -101,13 +97,12 @@ private slots:
         QCOMPARE(label(u"lblowed"_s), u"4 of 4 to pay\nOwed $72.90, rounded $73.00"_s);
         press(u"cmdpayoff"_s);
         QCOMPARE(payoffs(), expected);
-        expect(u"Use track payoffs?"_s, u"Track Payoff"_s, Answer::Cancel);
-        press(u"cmdtrack"_s);
+        press(u"cmdtrack"_s, u"Use track payoffs?"_s, u"Track Payoff"_s, Answer::Cancel);
         type(u"txtshowshow"_s, u"4.2x"_s);
         expect(u"Use track payoffs?"_s, u"Track Payoff"_s);
-        expect(
+        press(
+            u"cmdtrack"_s,
             u"Missing entry or non-numeric entry - enter an amount in all payoff fields using only numbers and decimal points"_s);
-        press(u"cmdtrack"_s);
         QCOMPARE(winners().size(), 4);
         // EVE's amounts stand in the fields then; one typed payoff joins the others as calculated.
         payFirst(u"EVE"_s, Answer::No);
@@ -148,8 +143,7 @@ private slots:
         pay(u"AnyBettor"_s);
         QCOMPARE(calculators(), QList<QWidget *>{first});
         QCOMPARE(fieldText(first, u"txttotalpaid"_s), u"$0.00"_s);
-        expect(u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
-        press(u"optrace_1"_s);
+        press(u"optrace_1"_s, u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
         QVERIFY(calculators().isEmpty());
         press(u"cmdreturn"_s);
         QVERIFY(event->slips.isEmpty()); // what was paid before no longer counts
@@ -194,8 +188,7 @@ private slots:
         QCOMPARE(winners().size(), 4);
         QCOMPARE(text(u"txtpaid"_s), u"$0.00"_s);
         payFirst(u"EVE"_s, Answer::Yes);
-        expect(u"Printer error"_s, u"Pay winners"_s);
-        press(u"cmdreturn"_s);
+        press(u"cmdreturn"_s, u"Printer error"_s, u"Pay winners"_s);
         QVERIFY(event->note().endsWith("The list of payoff slips is in its own window."_L1));
         QVERIFY(event->takeListing().value(0).startsWith("Bettor Name: EVE"_L1));
     }
@@ -206,8 +199,7 @@ private slots:
     {
         calculate();
         payFirst(u"AnyBettor"_s, Answer::Yes);
-        expect(u"Start over?"_s, u"TRELAWN"_s, Answer::No);
-        press(u"optrace_1"_s);
+        press(u"optrace_1"_s, u"Start over?"_s, u"TRELAWN"_s, Answer::No);
         QCOMPARE(winners().size(), 3);
         QCOMPARE(text(u"txtpaid"_s), u"$48.00"_s);
 
@@ -220,12 +212,10 @@ private slots:
         enter(u"cmdwinner"_s, u"8 OTHER"_s);
         press(u"cmdpayoff"_s);
         pay(u"EVE"_s);
-        expect(u"Start over?"_s, u"TRELAWN"_s, Answer::No);
-        press(u"optrace_1"_s);
+        press(u"optrace_1"_s, u"Start over?"_s, u"TRELAWN"_s, Answer::No);
         QCOMPARE(event->session.settings.currentRace, 2);
         QVERIFY(child<QAbstractButton>(screen(), u"optrace_2"_s)->isChecked());
-        expect(u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
-        press(u"optrace_1"_s);
+        press(u"optrace_1"_s, u"Start over?"_s, u"TRELAWN"_s, Answer::Yes);
         press(u"cmdreturn"_s);
         QCOMPARE(event->slips.size(), 1);
         QCOMPARE(slipText(event->slips.front()).size(), 6); // of race 2 alone

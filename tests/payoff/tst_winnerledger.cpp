@@ -48,28 +48,6 @@ private slots:
         }
     }
 
-    // Until the race is begun again, or its payments are forgotten.
-    void paymentsOfClosedRacesStay()
-    {
-        WinnerLedger ledger;
-        for (const int race : {1, 2}) {
-            start(ledger, race, 2);
-            QVERIFY(!ledger.wasPaid(race));
-            ledger.pay(0);
-            ledger.addSlip({{{race, {}}}});
-            QVERIFY(ledger.wasPaid(race));
-            ledger.closeRace(bettors);
-        }
-        QVERIFY(ledger.wasPaid(1) && ledger.wasPaid(2) && !ledger.wasPaid(3));
-        QCOMPARE(ledger.slips().size(), 2);
-        start(ledger, 2, 2);
-        QVERIFY(ledger.wasPaid(1) && !ledger.wasPaid(2));
-        QCOMPARE(ledger.slips().size(), 1);
-        ledger.forgetPayments(1);
-        QVERIFY(!ledger.wasPaid(1) && ledger.slips().isEmpty());
-        QCOMPARE(ledger.unpaidNotes(), QStringList{u"Not paid in Race1: B"_s});
-    }
-
 private:
     // A winner has a win ticket of this many dollars, which pays $1 for $1.
     static void start(WinnerLedger &ledger, int race, int count, float stake = 1, int index = 1)

@@ -116,8 +116,7 @@ private slots:
 
         // A banner that cannot be stored does not come into force; what was typed stays.
         event->block(u"Init"_s);
-        expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
-        press(u"optrace_4"_s);
+        press(u"optrace_4"_s, u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
         QCOMPARE(event->session.settings.currentRace, 4);
         expect(u"Path/File access error \\Trelawn\\Init"_s, u"\\Trelawn\\Init"_s);
         type(u"txtbanner1"_s, u"Derby"_s);
@@ -181,14 +180,12 @@ private slots:
         QCOMPARE(event->read(u"Bets Race1"_s), bet);
 
         expect(u"Clear and initialize ALL Bet files?"_s, u"Initialize"_s);
-        expect(u"All Bet files cleared and initialized"_s, u"Initialize Bets"_s);
-        press(u"cmdbets"_s);
+        press(u"cmdbets"_s, u"All Bet files cleared and initialized"_s, u"Initialize Bets"_s);
         expect(u"Clear and initialize Bettor file?"_s, u"Initialize"_s);
-        expect(u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
-        press(u"cmdbettors"_s);
+        press(u"cmdbettors"_s, u"Bettor file cleared and initialized"_s, u"Initialize Bettor"_s);
         expect(u"Clear and initialize Horses file?"_s, u"Initialize"_s);
-        expect(u"All Horse files cleared and initialized"_s, u"Initialize Players"_s);
-        press(u"cmdhorses"_s);
+        press(u"cmdhorses"_s, u"All Horse files cleared and initialized"_s,
+              u"Initialize Players"_s);
         for (int race = 1; race <= 12; ++race)
             QCOMPARE(event->readTwins(u"Bets"_s + raceName(race)), "");
         QCOMPARE(event->readTwins(u"Bettors"_s), "1,\"AnyBettor\"\r\n");
@@ -202,9 +199,9 @@ private slots:
         open(u"frminitb"_s);
         event->session.settings.eventDirectory = u"Q:\\Party\\"_s;
         expect(u"Device unavailable Bets drivedir-Setup"_s, u"Bets drivedir-Setup"_s);
-        expect(u"Make sure drive and directory names are valid-try using default names"_s,
-               u"Menu"_s);
-        press(u"cmdok"_s);
+        press(u"cmdok"_s,
+              u"Make sure drive and directory names are valid-try using default names"_s,
+              u"Menu"_s);
         QVERIFY(event->isOpen(u"frminitb"_s));
     }
 

@@ -58,17 +58,15 @@ private slots:
     void asksAndRefuses()
     {
         check({});
-        expect(u"Check Horses, Bettors or Bets first"_s, u"Import"_s);
-        press(u"cmdimport"_s);
+        press(u"cmdimport"_s, u"Check Horses, Bettors or Bets first"_s, u"Import"_s);
         check(everything);
-        expect(question, u"Import"_s, Answer::Cancel);
-        press(u"cmdimport"_s);
+        press(u"cmdimport"_s, question, u"Import"_s, Answer::Cancel);
         check({u"chkbets"_s});
         expect(u"Import Bets from D:\\Club\\?"_s, u"Import"_s);
-        expect(
+        press(
+            u"cmdimport"_s,
             u"There are bets of bettors who are not in the list here: EMIL, FAY. Check Bettors too."_s,
             u"Import"_s);
-        press(u"cmdimport"_s);
         QCOMPARE(event->readTwins(u"Bettors"_s), bettorsHere);
         QCOMPARE(event->readTwins(u"Bets Race2"_s), betsHere);
         QCOMPARE(child<QTableWidget>(screen(), u"grdimport"_s)->rowCount(), 0);
@@ -79,8 +77,7 @@ private slots:
     void twiceAddsOnce()
     {
         check(everything);
-        expect(question, u"Import"_s);
-        press(u"cmdimport"_s);
+        press(u"cmdimport"_s, question, u"Import"_s);
         QCOMPARE(tableTexts(screen(), u"grdimport"_s),
                  (QStringList{u"1|6|$36.00|1|"_s, u"1|6|$36.00|1|"_s})); // Race2, All
         QCOMPARE(list(u"lstnames"_s), (QStringList{u"duplicate: DAN"_s, u"duplicate: ADA"_s,
@@ -124,10 +121,10 @@ private:
     void importAgain(const QString &newBets, Answer answer)
     {
         expect(question, u"Import"_s);
-        expect(u"Some of these bets are on file here already.\nRace2: "_s + newBets
-                   + u" of 7 bets are new\nAdd only the new ones? No adds all."_s,
-               u"Import"_s, answer);
-        press(u"cmdimport"_s);
+        press(u"cmdimport"_s,
+              u"Some of these bets are on file here already.\nRace2: "_s + newBets
+                  + u" of 7 bets are new\nAdd only the new ones? No adds all."_s,
+              u"Import"_s, answer);
     }
 };
 
