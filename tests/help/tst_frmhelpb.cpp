@@ -17,7 +17,8 @@ class tst_frmhelpb : public ScreenTest
     // The text, on the screen or in a window beside it.
     QPlainTextEdit *guide()
     {
-        return child<QPlainTextEdit>(event->navigator().window(), u"txthelp"_s);
+        const bool beside = !event->isOpen(u"frmhelpb"_s);
+        return child<QPlainTextEdit>(beside ? event->navigator().window() : screen(), u"txthelp"_s);
     }
     QString lineOfCursor() { return guide()->textCursor().block().text(); }
     void openWith(const QByteArray &help)
