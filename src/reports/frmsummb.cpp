@@ -161,7 +161,7 @@ void frmsummb::showRow(int row, const SummaryRow &shown, bool isTotal)
         auto *item = new QTableWidgetItem(cells[column]);
         item->setTextAlignment(alignmentOf(column));
         if (isTotal) {
-            QFont font = grdsumm->font();
+            QFont font;
             font.setBold(true);
             item->setFont(font);
             item->setBackground(palette().button());

@@ -188,6 +188,10 @@ QLayout *frminitb::buildFoot()
     txtsetup->setText(u"Set display resolution to 1024 x 768 to see full screen. Select Control "
                       "Panel, Display, Settings to make this change"_s);
     txtsetup->setAccessibleName(u"Display size"_s);
+    txtsetup->setFrame(false);
+    QPalette quiet;
+    quiet.setColor(QPalette::Base, Qt::transparent);
+    txtsetup->setPalette(quiet);
     lblnote = makeNoteLine(this);
     cmdok = makeButton(this, u"cmdok"_s, u"GO TO MENU"_s,
                        u"If all information on this screen is OK, start program execution"_s);

@@ -23,6 +23,7 @@ namespace {
 
 constexpr char altLetterProperty[] = "altLetter";
 constexpr char captionProperty[] = "caption";
+constexpr char charactersProperty[] = "charactersWide";
 
 // The caption with its Alt letter marked, and ampersands of its own doubled.
 QString markedCaption(const QString &caption, QChar altLetter)
@@ -128,8 +129,10 @@ QPushButton *makeButton(QWidget *parent, const QString &name, const QString &cap
 
 void standOut(QPushButton *button)
 {
-    button->setProperty("standsOut", true);
     enlarge(button, 1.3);
+    makeHurried(button);
+    recolor(button,
+            {{QPalette::Button, QColor(0x1f, 0x6b, 0x3f)}, {QPalette::ButtonText, Qt::white}});
 }
 
 void setCaption(QAbstractButton *button, const QString &caption)
@@ -250,6 +253,16 @@ ShortLabel *makeShortLabel(QWidget *parent, const QString &name)
     return named(new ShortLabel(parent), name, {});
 }
 
+void recolor(QWidget *widget, std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors)
+{
+    QPalette palette;
+    for (const auto &[role, color] : colors) {
+        palette.setColor(QPalette::Active, role, color);
+        palette.setColor(QPalette::Inactive, role, color);
+    }
+    widget->setPalette(palette);
+}
+
 void scaleText(QWidget *widget, double factor)
 {
     QFont font = widget->font();
@@ -297,7 +310,9 @@ QLabel *makeNoteLine(QWidget *parent)
 {
     QLabel *label = makeLabel(parent, u"lblnote"_s, {}, {}, true);
     label->setAccessibleName(u"Note"_s);
-    label->setMinimumHeight(label->fontMetrics().height());
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
+    recolor(label, {{QPalette::WindowText, QColor(0x7a, 0x3b, 0x00)}});
     return label;
 }
 
@@ -318,8 +333,9 @@ QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
                       const QString &toolTip)
 {
     QLineEdit *field = makeDisplay(parent, name, toolTip);
-    field->setProperty("banner", true); // for the program's look
     enlarge(field, 1.4);
+    field->setFrame(false);
+    recolor(field, {{QPalette::Base, QColor(0x1f, 0x4d, 0x34)}, {QPalette::Text, Qt::white}});
     field->setAlignment(Qt::AlignCenter);
     field->setText(text);
     field->setAccessibleName(u"Event and race"_s);
@@ -381,8 +397,20 @@ RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns
 
 void fitCharacters(QWidget *field, int characters)
 {
+    field->setProperty(charactersProperty, characters);
     const int textWidth = field->fontMetrics().horizontalAdvance(QString(characters, u'0'));
     field->setFixedWidth(textWidth + field->fontMetrics().averageCharWidth() + 8);
+}
+
+void refitCharacters(QWidget *field)
+{
+    if (const QVariant characters = field->property(charactersProperty); characters.isValid())
+        fitCharacters(field, characters.toInt());
+}
+
+void makeHurried(QWidget *target)
+{
+    target->setMinimumHeight(36);
 }
 
 QFont fixedPitchFont(double pointSize)
@@ -402,16 +430,19 @@ class UniformLines : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    void setTextWidth(int width) { m_textWidth = width; }
+    void setLongest(const QString &line) { m_longest = line; }
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1;
-        return {m_textWidth + 2 * margin, QStyledItemDelegate::sizeHint(option, index).height()};
+        const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin,
+                                                               &option, option.widget)
+                           + 1;
+        return {option.fontMetrics.horizontalAdvance(m_longest) + 2 * margin,
+                QStyledItemDelegate::sizeHint(option, index).height()};
     }
 
 private:
-    int m_textWidth = 0;
+    QString m_longest;
 };
 
 } // namespace
@@ -428,6 +459,5 @@ void setUniformLines(QListView *list, const QStringList &lines)
         list->setItemDelegate(delegate);
         list->setUniformItemSizes(true);
     }
-    delegate->setTextWidth(
-        longest == lines.end() ? 0 : list->fontMetrics().horizontalAdvance(*longest));
+    delegate->setLongest(longest == lines.end() ? QString() : *longest);
 }

@@ -3,9 +3,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QList>
+#include <QPalette>
 #include <QString>
 
 #include <array>
+#include <initializer_list>
+#include <utility>
 
 class QAbstractButton;
 class QBoxLayout;
@@ -100,7 +103,8 @@ QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text,
 QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
                     const QString &toolTip = {});
 
-// The quiet status line at the foot of every screen, named lblnote.
+// The quiet status line at the foot of every screen, named lblnote. It has room for two lines, so
+// that a note that comes or goes moves nothing.
 QLabel *makeNoteLine(QWidget *parent);
 
 QLineEdit *makeField(QWidget *parent, const QString &name, const QString &toolTip = {});
@@ -143,6 +147,9 @@ struct RaceOptions
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
                             const QString &captionPrefix = {});
 
+// Gives the widget colours of its own, while it is enabled.
+void recolor(QWidget *widget, std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors);
+
 // Makes the widget's text \a factor times as large.
 void scaleText(QWidget *widget, double factor);
 
@@ -157,8 +164,14 @@ QListWidget *makeList(QWidget *parent, const QString &name, const QString &acces
 QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
                      const QString &toolTip = {}, double factor = 1.2);
 
-// Sets the width of a field to hold \a characters, whatever the font.
+// Sets the width of a field to hold \a characters, whatever the font becomes.
 void fitCharacters(QWidget *field, int characters);
+
+// Fits a field that was fitted so once more, to the font it has now.
+void refitCharacters(QWidget *field);
+
+// Makes the control high enough to be hit in a hurry.
+void makeHurried(QWidget *target);
 
 // The fixed-pitch font of lists and receipts.
 QFont fixedPitchFont(double pointSize = 0);

@@ -1,15 +1,49 @@
 #include "ui/look.h"
 
+#include "ui/scaling.h"
 #include "ui/slipprinter.h"
 
 #include <QApplication>
-#include <QFont>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOptionGroupBox>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The metrics that go with the size of letters. Gaps and margins of layouts are not among them:
+// they are scaled with those that screens give themselves.
+bool goesWithLetters(QStyle::PixelMetric metric)
+{
+    switch (metric) {
+    case QStyle::PM_ButtonMargin:
+    case QStyle::PM_IndicatorWidth:
+    case QStyle::PM_IndicatorHeight:
+    case QStyle::PM_ExclusiveIndicatorWidth:
+    case QStyle::PM_ExclusiveIndicatorHeight:
+    case QStyle::PM_CheckBoxLabelSpacing:
+    case QStyle::PM_RadioButtonLabelSpacing:
+    case QStyle::PM_ScrollBarExtent:
+    case QStyle::PM_ScrollBarSliderMin:
+    case QStyle::PM_HeaderMargin:
+    case QStyle::PM_HeaderMarkSize:
+    case QStyle::PM_FocusFrameHMargin:
+    case QStyle::PM_FocusFrameVMargin:
+    case QStyle::PM_ToolTipLabelFrameWidth:
+    case QStyle::PM_SmallIconSize:
+    case QStyle::PM_ListViewIconSize:
+    case QStyle::PM_ButtonIconSize:
+    case QStyle::PM_TreeViewIndentation:
+    case QStyle::PM_MessageBoxIconSize:
+        return true;
+    default:
+        return false;
+    }
+}
 
 // The palette comes from the style, not from the application: one that is set explicitly counts as
 // each widget's own, and the style then keeps pixmaps for every single widget ever shown.
@@ -39,30 +73,83 @@ public:
     }
 
     using QProxyStyle::polish;
+
+    int pixelMetric(PixelMetric metric, const QStyleOption *option,
+                    const QWidget *widget) const override
+    {
+        const int drawn = QProxyStyle::pixelMetric(metric, option, widget);
+        return goesWithLetters(metric) && drawn > 0 ? qRound(drawn * letterFactor(widget)) : drawn;
+    }
+
+    // What the style adds to letters in points, and its least sizes, go with letters too.
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                           const QWidget *widget) const override
+    {
+        QSize drawn = QProxyStyle::sizeFromContents(type, option, size, widget);
+        const double factor = letterFactor(widget);
+        if (factor == 1 || !option)
+            return drawn;
+        const int letters = option->fontMetrics.height();
+        if (type == CT_LineEdit) {
+            constexpr int leastLetters = 14; // of a field's usual height
+            const int added = drawn.height() - std::max(size.height(), leastLetters);
+            const int inside =
+                size.height() - (letters < leastLetters ? leastLetters - letters : 0);
+            drawn.setHeight(std::max(letters + 4, inside + qRound(added * factor)));
+        } else if (type == CT_PushButton) {
+            constexpr int leastWidth = 80;
+            if (drawn.width() == leastWidth)
+                drawn.setWidth(std::max(size.width() + 8, qRound(leastWidth * factor)));
+        }
+        return drawn;
+    }
+
+    // A group of controls has a quiet frame, with its title in the frame's upper edge.
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                         const QWidget *widget) const override
+    {
+        const auto *box = qstyleoption_cast<const QStyleOptionGroupBox *>(option);
+        if (control != CC_GroupBox || !box || box->text.isEmpty())
+            return QProxyStyle::subControlRect(control, option, part, widget);
+        const int height = box->fontMetrics.height();
+        switch (part) {
+        case SC_GroupBoxFrame:
+            return box->rect.adjusted(0, height / 2, 0, 0);
+        case SC_GroupBoxContents:
+            return box->rect.adjusted(1, height, -1, -1);
+        case SC_GroupBoxLabel:
+            return {height / 2, 0, box->fontMetrics.horizontalAdvance(box->text), height};
+        default:
+            return {};
+        }
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget) const override
+    {
+        const auto *box = qstyleoption_cast<const QStyleOptionGroupBox *>(option);
+        if (control != CC_GroupBox || !box || box->text.isEmpty())
+            return QProxyStyle::drawComplexControl(control, option, painter, widget);
+        const QRect title = subControlRect(control, box, SC_GroupBoxLabel, widget);
+        const QRect frame = subControlRect(control, box, SC_GroupBoxFrame, widget);
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QColor(0xb9, 0xc6, 0xbc));
+        painter->setClipRegion(QRegion(box->rect) - title.adjusted(-3, 0, 3, 0));
+        painter->drawRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+        painter->restore();
+        drawItemText(painter, title, Qt::AlignCenter | Qt::TextHideMnemonic, box->palette,
+                     box->state & State_Enabled, box->text, QPalette::WindowText);
+    }
 };
 
 } // namespace
 
-void applyLook(QApplication &application)
+void applyLook(QApplication &)
 {
     substituteNamedFonts();
+    // Letters grow with the window inside of what has a style sheet, too.
+    QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
     QApplication::setStyle(new HouseStyle);
-    QFont font(u"Liberation Sans"_s);
-    font.setStyleHint(QFont::SansSerif);
-    font.setPointSizeF(10);
-    QApplication::setFont(font);
-    // The banner, and the groups of controls: quiet frames under a strong head.
-    application.setStyleSheet(uR"(
-QLineEdit[banner="true"] { background: #1f4d34; color: #ffffff; border: none; padding: 3px; }
-QGroupBox { border: 1px solid #b9c6bc; border-radius: 4px; margin-top: 0.7em; }
-QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }
-QPushButton[standsOut="true"] {
-    background: #1f6b3f; color: #ffffff; border: 1px solid #123f25; border-radius: 4px;
-    padding: 0.35em 1.2em; }
-QPushButton[standsOut="true"]:hover { background: #26804c; }
-QPushButton[standsOut="true"]:pressed { background: #17512f; }
-QPushButton[standsOut="true"]:focus { border: 2px solid #e8b63a; }
-QLineEdit#txtsetup { background: transparent; border: none; }
-QLabel#lblnote { color: #7a3b00; }
-)"_s);
+    QApplication::setFont(houseFont());
 }

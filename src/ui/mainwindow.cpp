@@ -1,9 +1,27 @@
 #include "ui/mainwindow.h"
 
+#include "ui/fittedarea.h"
+
 #include <QCloseEvent>
-#include <QScrollArea>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QMargins usualFrame(8, 32, 8, 8);
+
+} // namespace
+
+QSize roomFor(const QWidget *window)
+{
+    const QSize frame = window->frameGeometry().size() - window->size();
+    const QSize free = window->screen()->availableGeometry().size();
+    return frame.isNull() ? free.shrunkBy(usualFrame) : free - frame;
+}
 
 MainWindow::MainWindow(QWidget *parent)
     : QWidget(parent)
@@ -12,20 +30,20 @@ MainWindow::MainWindow(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_stack);
-    resize(1016, 690);
+    // Its size where no window manager makes it as large as the display.
+    setGeometry(QWidget::screen()->availableGeometry().marginsRemoved(usualFrame));
+    setWindowState(Qt::WindowMaximized);
 }
 
 void MainWindow::showScreen(QWidget *screen)
 {
     // The screen chose its first control while it stood alone; being taken in forgets it.
     QWidget *first = screen->focusWidget();
-    auto *area = new QScrollArea(m_stack);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(screen);
-    m_stack->addWidget(area);
-    m_stack->setCurrentWidget(area);
+    if (m_area)
+        m_factors[m_screen->metaObject()] = m_area->factor();
+    m_area = new FittedArea(screen, m_letters, m_factors.value(screen->metaObject()), m_stack);
+    m_stack->addWidget(m_area);
+    m_stack->setCurrentWidget(m_area);
     if (first)
         first->setFocus();
     m_screen = screen;
@@ -35,6 +53,49 @@ void MainWindow::showScreen(QWidget *screen)
         left->hide();
         left->deleteLater();
     }
+}
+
+void MainWindow::setLetters(double letters)
+{
+    m_letters = letters;
+    if (m_area)
+        m_area->setLetters(letters);
+    emit wishChanged(wish());
+}
+
+double MainWindow::wish() const
+{
+    return m_letters * FittedArea::suiting(size());
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    emit wishChanged(wish());
+}
+
+void MainWindow::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::followDisplay,
+            Qt::UniqueConnection);
+    followDisplay();
+}
+
+// Keeps a window that does not fill its display within it.
+void MainWindow::followDisplay()
+{
+    connect(QWidget::screen(), &QScreen::availableGeometryChanged, this, &MainWindow::followDisplay,
+            Qt::UniqueConnection);
+    if (isMaximized() || isFullScreen())
+        return;
+    const QRect free = QWidget::screen()->availableGeometry();
+    if (free.contains(frameGeometry()))
+        return;
+    resize(size().boundedTo(roomFor(this)));
+    const QRect frame = frameGeometry();
+    move(std::clamp(frame.x(), free.x(), std::max(free.x(), free.right() - frame.width() + 1)),
+         std::clamp(frame.y(), free.y(), std::max(free.y(), free.bottom() - frame.height() + 1)));
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

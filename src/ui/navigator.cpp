@@ -1,6 +1,7 @@
 #include "ui/navigator.h"
 
 #include "common/event/session.h"
+#include "ui/displaychoice.h"
 #include "ui/lockwait.h"
 #include "ui/mainwindow.h"
 #include "ui/prompts.h"
@@ -33,6 +34,7 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     : m_session(session)
     , m_printer(printer)
     , m_window(new MainWindow)
+    , m_display(new DisplayChoice(session, m_window))
 {
     for (const ScreenEntry &screen : screens)
         m_screens.emplace(screen.name, screen);
@@ -90,8 +92,10 @@ void Navigator::show(const ScreenEntry &entry, const QString &note)
     m_window->showScreen(screen);
     m_window->setWindowTitle(entry.title);
     m_window->show();
+    m_display->load();
     if (entry.entered)
         entry.entered(screen);
+    m_display->load(); // the first screen asks for the drive
     addNote(screen, note);
 }
 
@@ -126,6 +130,7 @@ QWidget *Navigator::openBeside(const QString &name)
     screen->setWindowTitle(beside.title);
     if (focused)
         focused->setFocus();
+    m_display->adopt(screen);
     screen->show();
     if (beside.entered)
         beside.entered(screen);

@@ -10,6 +10,7 @@
 #include <map>
 #include <vector>
 
+class DisplayChoice;
 class MainWindow;
 class Navigator;
 class QWidget;
@@ -102,6 +103,7 @@ private:
     std::map<QString, ScreenEntry> m_screens;
     MainWindow *m_window;
     WaitCursor m_waitCursor;
+    DisplayChoice *m_display;
     QString m_previous;
     QPointer<QWidget> m_help; // the help screen while it stands beside another
 };

@@ -25,6 +25,7 @@ ClickCell *makeKey(QWidget *parent, const QString &name, const QString &text,
     palette.setColor(QPalette::Base, palette.color(QPalette::Button));
     key->setPalette(palette);
     enlarge(key, 1.1);
+    makeHurried(key);
     return key;
 }
 

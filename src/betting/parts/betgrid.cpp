@@ -61,16 +61,17 @@ BetGrid::BetGrid(QWidget *parent)
     grid->setHorizontalSpacing(2);
     grid->setVerticalSpacing(0);
     grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(1, fontMetrics().horizontalAdvance(u"MMMMMMMMMMM"_s));
     addHeadings(grid);
     for (int post = 1; post <= postCount; ++post)
         addRow(grid, post);
     addTotals(grid);
     grid->addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
                   postCount + 2, 0);
-    // Rows share the height there is, from their text's height to two and a half times that.
+    // Rows share the height there is, from their text's height to what can be hit in a hurry.
     for (auto *field : findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
         field->setSizePolicy(field->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-        field->setMaximumHeight(5 * field->fontMetrics().height() / 2);
+        field->setMaximumHeight(40);
     }
 }
 

@@ -155,6 +155,7 @@ QWidget *BetSheet::buildActionColumn()
     cmdplacebets = makeButton(column, u"cmdplacebets"_s, u"Place these Bets"_s,
                               u"Click to place bets entered on this screen"_s);
     enlarge(cmdplacebets, 1.3);
+    makeHurried(cmdplacebets);
     cmdclrentries = makeButton(column, u"cmdclrentries"_s, u"Clear Sheet Entries"_s,
                                u"Clear all bet entries"_s);
     cmdprint = makeButton(column, u"cmdprint"_s, u"Receipts will not print"_s,
