@@ -57,7 +57,7 @@ complain "Plain logic includes widgets" < <(
 # What settles a race from a file's bytes loads no Qt at all.
 complain "A file that needs the standard library alone includes Qt" < <(
     includes 'Q' common/files/recordlines.* common/event/{betrecords,pools,odds,settle}.* \
-        common/event/racepayoffs.h payoff/rounding.*
+        common/event/racepayoffs.h common/event/rounding.*
 )
 
 exit $bad

@@ -1,5 +1,6 @@
 #include "betting/bettorlist.h"
 
+#include "common/event/cashjournal.h"
 #include "common/event/labelled.h"
 #include "common/event/racefiles.h"
 #include "common/event/twinfiles.h"
@@ -90,13 +91,14 @@ float betTotal(const BetTable &bets, int number)
 QString takeOutBets(Session &session, int number, float &refund)
 {
     const QString note = LoadRaceBets(session).note;
-    removeBets(session, [&](const BetTable &bets) {
+    const auto choose = [&](const BetTable &bets) {
         refund = betTotal(bets, number);
         // A bet without a bettor does not outlive the rewrite.
         return placesWhere(bets, [&](const BetRow &row) {
             return bets.isBetOf(row, number) || bets.isBetOf(row, 0);
         });
-    });
+    };
+    removeBets(session, choose, refundBettor);
     return note;
 }
 

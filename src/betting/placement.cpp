@@ -1,5 +1,6 @@
 #include "betting/placement.h"
 
+#include "common/event/cashstakes.h"
 #include "common/event/twinfiles.h"
 
 #include <QStringList>
@@ -135,8 +136,11 @@ Placement placeBets(Session &session, const PlacementPlan &plan)
                     u"Bets input"_s, u"Bets Append"_s, u"Betsbackup Append"_s);
     const BetTable bets = parseBets(now.toStdString());
     placement.pools = poolsOf(bets);
-    if (!placement.raceIsFull)
-        placement.rows = lastRowsOf(bets, placement.plan.bets);
+    if (placement.raceIsFull)
+        return placement;
+    placement.rows = lastRowsOf(bets, placement.plan.bets);
+    recordCash(session, stakeLines(session, CashKind::Bets, session.settings.currentRace,
+                                   stakesOf(plan.bets), QString::number(plan.bets.size())));
     return placement;
 }
 

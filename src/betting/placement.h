@@ -66,9 +66,9 @@ struct Placement
     std::size_t roomLeft = 0;      // bets that the race had room for before
 };
 
-// Appends the planned bets to Bets and Betsbackup. Throws FileError; then
-// no bet was placed, unless the error's aftermath is Unsure: bets may be on file, and placing the
-// same plan again places those alone that are not.
+// Appends the planned bets to Bets and Betsbackup, and the sheet to the cash journal. Throws
+// FileError; then no bet was placed, unless the error's aftermath is Unsure: bets may be on file,
+// and placing the same plan again places those alone that are not.
 Placement placeBets(Session &session, const PlacementPlan &plan);
 
 // What the cashier should know about the entries before placing them; empty when they are plain.

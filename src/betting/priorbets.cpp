@@ -1,6 +1,7 @@
 #include "betting/priorbets.h"
 
 #include "common/event/bettypes.h"
+#include "common/event/cashjournal.h"
 #include "common/event/racefiles.h"
 #include "common/print/format.h"
 
@@ -72,8 +73,10 @@ DeletedBets deletePriorBets(Session &session, const QList<PriorBet> &selected)
         return places;
     };
     DeletedBets deleted;
-    deleted.twinError = errorOfTwin(
-        [&] { deleted.listWasStale = !removeBets(session, choose, u"Bets"_s, u"Betsbackup"_s); });
+    deleted.twinError = errorOfTwin([&] {
+        deleted.listWasStale =
+            !removeBets(session, choose, refundPriorBets, u"Bets"_s, u"Betsbackup"_s);
+    });
     if (deleted.listWasStale)
         return deleted;
     for (const PriorBet &prior : selected) {

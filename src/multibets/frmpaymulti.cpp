@@ -2,11 +2,14 @@
 
 #include "common/event/bettypes.h"
 #include "common/event/eventrecords.h"
+#include "common/print/cashtexts.h"
 #include "common/print/format.h"
 #include "multibets/legs.h"
+#include "multibets/multipaying.h"
 #include "multibets/multislips.h"
 #include "multibets/parts/typebuttons.h"
 #include "ui/controls.h"
+#include "ui/paidlist.h"
 #include "ui/prompts.h"
 
 #include <QButtonGroup>
@@ -116,14 +119,16 @@ QWidget *frmpaymulti::buildFigures()
 QWidget *frmpaymulti::buildWinners()
 {
     auto *box = new QGroupBox(u"WINNERS"_s, this);
-    lstbets = new QListWidget(box);
+    lstbets = new PaidList(box);
     lstbets->setObjectName(u"lstbets"_s);
     lstbets->setAccessibleName(u"WINNERS"_s);
-    lstbets->setUniformItemSizes(true);
     enlarge(lstbets, 1.2);
+    cmdpaid = makeButton(box, u"cmdpaid"_s, u"Mark as Paid"_s,
+                         u"The selected ticket is paid, or its stake given back"_s);
     cmdprint = makeButton(box, u"cmdprint"_s, u"PRINT"_s, u"Print the list of winning bettors"_s);
     cmdreturn = makeButton(box, u"cmdreturn"_s, u"RETURN"_s, u"Return to the multibets screen"_s);
     auto *buttons = new QHBoxLayout;
+    buttons->addWidget(cmdpaid);
     buttons->addWidget(cmdprint);
     buttons->addStretch();
     buttons->addWidget(cmdreturn);
@@ -145,6 +150,7 @@ void frmpaymulti::connectControls()
         new QShortcut(QKeySequence(Qt::Key_0), txtpercent, nullptr, nullptr, Qt::WidgetShortcut);
     connect(zero, &QShortcut::activated, this, [this] { setHousePercent(0); });
     connect(cmdenterwin, &QPushButton::clicked, this, &frmpaymulti::findWinners);
+    connect(cmdpaid, &QPushButton::clicked, this, &frmpaymulti::paySelected);
     connect(cmdprint, &QPushButton::clicked, this, &frmpaymulti::printList);
     connect(cmdreturn, &QPushButton::clicked, this,
             [this] { m_context.navigator.open(u"frmmulti"_s); });
@@ -253,7 +259,44 @@ void frmpaymulti::showSettlement(const MultibetSettlement &settled)
     txtpool->setText(won ? formatMoney(settled.pool, twoDigitDollars) : u"$0.00"_s);
     txthouse->setText(won ? formatMoney(settled.houseCut, twoDigitDollars) : u"$0.00"_s);
     txttpay->setText(won ? formatMoney(settled.net) : u"$0.00"_s);
-    lstbets->addItems(settled.lines);
+    for (const QString &line : settled.lines)
+        lstbets->addItem(PaidList::makeLine(line));
+    m_payments = settled.payments;
+    markPaid();
+}
+
+// Ticks the tickets that were paid before, on whatever computer.
+void frmpaymulti::markPaid()
+{
+    if (m_payments.isEmpty())
+        return;
+    const Session &session = m_context.session;
+    const auto before =
+        paidBefore(readCashJournal(session), session.settings.currentRace, m_payments);
+    const auto first = lstbets->count() - int(m_payments.size());
+    for (int i = 0; i < int(before.size()); ++i) {
+        if (before[i])
+            PaidList::mark(lstbets->item(first + i), paidText(*before[i]));
+    }
+}
+
+void frmpaymulti::paySelected()
+{
+    Session &session = m_context.session;
+    const auto place = lstbets->currentRow() - (lstbets->count() - m_payments.size());
+    if (lstbets->selectedItems().isEmpty() || place < 0)
+        return lblnote->setText(u"Select the line of a ticket first."_s);
+    const MultibetPayment payment = m_payments[place];
+    const auto before =
+        paidBefore(readCashJournal(session), session.settings.currentRace, m_payments)[place];
+    if (before
+        && !askYesNoCarefully(this,
+                              payAgainQuestion(*before, wholeCents(exactMoney(payment.dollars))),
+                              u"Paymulti"_s))
+        return markPaid();
+    payTicket(session, payment);
+    markPaid();
+    lblnote->setText(u"Paid "_s + formatMoney(payment.dollars) + u" to "_s + payment.name + u'.');
 }
 
 void frmpaymulti::printList()

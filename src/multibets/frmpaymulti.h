@@ -4,8 +4,8 @@
 #include "multibets/parts/multibetscreen.h"
 
 class ClickCell;
+class PaidList;
 class QLineEdit;
-class QListWidget;
 class QPushButton;
 
 // Settles the multibets of one type of one race: the pool, the house cut, the winning tickets or
@@ -35,7 +35,11 @@ private:
     void showSettlement(const MultibetSettlement &settled);
     QString missingWinners(const MultibetType &type) const;
     int winnerOf(int line) const;
+    void markPaid();
+    void paySelected();
     void printList();
+
+    QList<MultibetPayment> m_payments; // what the last lines of lstbets stand for
 
     ClickCell *txtpercent;
     QLineEdit *txtpool;
@@ -43,7 +47,8 @@ private:
     QLineEdit *txttpay;
     QLineEdit *txttotal;
     QLineEdit *txtpay;
-    QListWidget *lstbets;
+    PaidList *lstbets;
+    QPushButton *cmdpaid;
     QPushButton *cmdenterwin;
     QPushButton *cmdprint;
     QPushButton *cmdreturn;

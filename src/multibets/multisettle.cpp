@@ -9,42 +9,55 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString payLine(const QString &name, double amount)
+// "EX 4,7 $2.00".
+QString ticketText(const Multibet &bet)
 {
-    return name + u' ' + formatMoney(amount);
+    QStringList posts;
+    for (const int post : bet.posts) {
+        if (post != 0)
+            posts += QString::number(post);
+    }
+    return bet.type + u' ' + posts.join(u',') + u' ' + formatMoney(bet.amount);
 }
 
-QStringList winnerLines(const QList<Multibet> &winning, const BettorTable &bettors,
-                        double payPerDollar)
+void listWinners(MultibetSettlement &settled, const QList<Multibet> &winning,
+                 const BettorTable &bettors)
 {
     const BettorNames names(bettors);
-    QHash<double, QString> payouts; // by stake: a race has few different ones
-    QStringList lines;
-    lines.reserve(winning.size());
+    // By stake: a race has few different ones.
+    QHash<double, std::pair<QString, QString>> texts;
+    settled.lines.reserve(winning.size());
+    settled.payments.reserve(winning.size());
     for (const Multibet &bet : winning) {
-        QString &payout = payouts[bet.amount];
-        if (payout.isEmpty())
-            payout = u' ' + formatMoney(bet.amount * payPerDollar);
-        lines.append(names.listed(bet.bettor) + payout);
+        const double payout = bet.amount * settled.payPerDollar;
+        auto &[shown, ticket] = texts[bet.amount];
+        if (shown.isEmpty()) {
+            shown = u' ' + formatMoney(payout);
+            ticket = ticketText(bet);
+        }
+        const QString name = names.listed(bet.bettor);
+        settled.lines.append(name + shown);
+        settled.payments.append({bet.bettor, name, payout, ticket});
     }
-    return lines;
 }
 
-QStringList refundLines(QMap<int, double> stakes, const BettorTable &bettors)
+void listRefunds(MultibetSettlement &settled, QMap<int, double> stakes, const BettorTable &bettors,
+                 const QString &type)
 {
-    QStringList lines{u"NO WINNERS - REFUND"_s, u" "_s};
+    settled.lines = {u"NO WINNERS - REFUND"_s, u" "_s};
+    const auto add = [&](int number, const QString &name, double stake) {
+        if (stake == 0)
+            return;
+        settled.lines.append(name + u' ' + formatMoney(stake));
+        settled.payments.append({number, name, stake, type + u" refund"_s});
+    };
     for (int slot = 1; slot <= bettors.slotCount(); ++slot) {
         const Bettor &bettor = bettors.slot(slot);
-        const double stake = bettor.isBettor() ? stakes.take(bettor.number) : 0;
-        if (stake != 0)
-            lines.append(payLine(bettor.name, stake));
+        add(bettor.number, bettor.name, bettor.isBettor() ? stakes.take(bettor.number) : 0);
     }
     // What is left was bet under numbers that are no longer in the list.
-    for (auto stake = stakes.cbegin(); stake != stakes.cend(); ++stake) {
-        if (*stake != 0)
-            lines.append(payLine(badBettorNumber(QString::number(stake.key())), *stake));
-    }
-    return lines;
+    for (auto stake = stakes.cbegin(); stake != stakes.cend(); ++stake)
+        add(stake.key(), badBettorNumber(QString::number(stake.key())), *stake);
 }
 
 } // namespace
@@ -72,10 +85,10 @@ MultibetSettlement settleMultibets(const MultibetTable &bets, const BettorTable 
         settled.houseCut = settled.pool * housePercent / 100;
         settled.net = settled.pool - settled.houseCut;
         settled.payPerDollar = settled.net / winningAmount;
-        settled.lines = winnerLines(winning, bettors, settled.payPerDollar);
+        listWinners(settled, winning, bettors);
     } else if (settled.pool != 0) {
         settled.outcome = MultibetSettlement::Outcome::Refund;
-        settled.lines = refundLines(std::move(stakes), bettors);
+        listRefunds(settled, std::move(stakes), bettors, type);
     }
     return settled;
 }

@@ -1,6 +1,7 @@
 #include "payoff/anybettor.h"
 
-#include "payoff/rounding.h"
+#include "common/event/cashjournal.h"
+#include "common/event/rounding.h"
 
 void AnyBettorTotals::addSlip(int roundingIndex)
 {
@@ -16,4 +17,16 @@ void AnyBettorTotals::payBettor()
     slip = 0;
     bettor = 0;
     bettorRounded = 0;
+}
+
+void paySlips(Session &session, AnyBettorTotals &totals)
+{
+    const int race =
+        session.payoffs.isCalculated() ? session.payoffs.race : session.settings.currentRace;
+    CashEntry line{CashKind::Slip, race, anyBettorNumber, anyBettorName(),
+                   wholeCents(exactMoney(totals.bettorRounded))};
+    line.owed = exactMoney(totals.bettor);
+    if (line.owed != 0)
+        recordCash(session, {line});
+    totals.payBettor();
 }

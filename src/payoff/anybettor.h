@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/event/session.h"
+
 // The running amounts of paying people who hold slips of AnyBettor, in dollars. Sums are exact to
 // four decimals.
 struct AnyBettorTotals
@@ -16,3 +18,7 @@ struct AnyBettorTotals
     // Adds the person to the grand totals and begins the next one.
     void payBettor();
 };
+
+// Pays the person: the payment goes into the cash journal, unless it is 0, and then into the grand
+// totals.
+void paySlips(Session &session, AnyBettorTotals &totals);

@@ -2,8 +2,8 @@
 
 #include "common/event/bettors.h"
 #include "common/event/session.h"
+#include "common/event/slippayoff.h"
 #include "common/print/format.h"
-#include "payoff/slippayoff.h"
 #include "ui/controls.h"
 
 #include <QEvent>
@@ -263,7 +263,7 @@ void frmanyb::payBettor()
                      + (m_totals.slip == 0
                             ? QString()
                             : u"; not added and not paid: "_s + dollars(m_totals.slip)));
-    m_totals.payBettor();
+    paySlips(m_context.session, m_totals);
     clearSlip();
     showTotals();
     txtwinwin->setFocus();

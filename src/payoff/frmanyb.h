@@ -15,7 +15,7 @@ class QLineEdit;
 class QPushButton;
 
 // The calculator beside the pay-winners screen: what the paper slips bet under AnyBettor pay.
-// Nothing of it goes to a file or into the race's totals.
+// Nothing of it goes into the race's files or totals; the cash journal says what was paid.
 class frmanyb : public QWidget
 {
     Q_OBJECT

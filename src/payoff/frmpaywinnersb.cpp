@@ -2,10 +2,11 @@
 
 #include "common/event/bettypes.h"
 #include "common/event/eventrecords.h"
+#include "common/print/cashtexts.h"
 #include "common/print/format.h"
 #include "payoff/parts/combinationgrid.h"
 #include "payoff/settlerace.h"
-#include "ui/printing.h"
+#include "ui/paidlist.h"
 #include "ui/prompts.h"
 
 #include <QButtonGroup>
@@ -35,8 +36,7 @@ QListWidgetItem *selectedItem(const QListWidget *list)
 } // namespace
 
 frmpaywinnersb::frmpaywinnersb(const ScreenContext &context)
-    : m_context(context)
-    , m_calculator(context)
+    : PayDesk(context)
 {
     connectControls();
 }
@@ -65,7 +65,7 @@ void frmpaywinnersb::connectControls()
         lblnote->setText(
             u"The track's payoffs are used. Select the race again to end their use."_s);
     });
-    connect(cmdpay, &QPushButton::clicked, this, &frmpaywinnersb::payWinner);
+    connect(cmdsame, &QPushButton::clicked, this, &frmpaywinnersb::fillAsBefore);
     connect(cmdreturn, &QPushButton::clicked, this, &frmpaywinnersb::leave);
 }
 
@@ -120,16 +120,45 @@ void frmpaywinnersb::showRace()
         auto *item = new QListWidgetItem(horseText(horse), lsthorses);
         item->setData(Qt::UserRole, horse.post);
     }
+    showHistory();
+}
+
+// What the journals say of the race; nothing is filled in by itself.
+void frmpaywinnersb::showHistory()
+{
+    const Session &session = m_context.session;
+    const CashJournal journal = readCashJournal(session);
+    const CashEntry *before = lastSettlement(journal, session.settings.currentRace);
+    m_before = before ? std::optional(*before) : std::nullopt;
+    cmdsame->setVisible(m_before.has_value());
+    QStringList notes{lblnote->text(),
+                      m_before ? settledText(*m_before, session.horses) : QString(),
+                      journalNote(journal)};
+    notes.removeAll(QString());
+    lblnote->setText(notes.join(u"; "_s));
+}
+
+void frmpaywinnersb::fillAsBefore()
+{
+    const RaceSettled &settled = *m_before->settled;
+    for (const Finish finish : allFinishes)
+        setFinisher(finish, settled.payoffs.finishers[std::size_t(finish)]);
+    txthousepct->setText(QString::number(settled.housePercent));
+    if (settled.payoffs.is532)
+        lblnote->setText(u"It was a 532 payoff: click on CALCULATE 532  PAYOFF for the same."_s);
+    if (settled.payoffs.usesTrack)
+        lblnote->setText(u"It was paid at the track's payoffs: type them and click on USE TRACK "
+                         "PAYOFF for the same."_s);
 }
 
 void frmpaywinnersb::clearCalculation()
 {
     m_context.session.payoffs = {};
-    m_ledger.clear();
-    lstwinners->clear();
+    clearPayments();
+    lblrace2->clear();
     for (QLineEdit *field : totalFields())
         field->clear();
-    for (QLineEdit *field : {txthousetot, txtbet, txtpaid, txtrounded, txtwinnername, txttotalr})
+    for (QLineEdit *field : {txthousetot, txtbet, txtpaid, txtrounded})
         field->clear();
     lblowed->clear();
     lblpays->setText(u"$2 bet pays"_s);
@@ -197,6 +226,15 @@ bool frmpaywinnersb::mayStartOver(int race)
     return !m_ledger.wasPaid(race) || askYesNo(this, u"Start over?"_s);
 }
 
+// Whoever was paid was paid by the settlement before: it is replaced only on purpose.
+bool frmpaywinnersb::maySettle(const RaceResult &result)
+{
+    const Session &session = m_context.session;
+    const QString reason = settledOtherwise(session, readCashJournal(session), result);
+    return reason.isEmpty() ? mayStartOver(session.settings.currentRace)
+                            : askYesNoCarefully(this, reason, u"Pay winners"_s);
+}
+
 void frmpaywinnersb::calculate(bool is532)
 {
     if (!completeFinishers())
@@ -213,7 +251,7 @@ void frmpaywinnersb::calculate(bool is532)
 void frmpaywinnersb::settleAndShow(const RaceResult &result)
 {
     Session &session = m_context.session;
-    if (!mayStartOver(session.settings.currentRace))
+    if (!maySettle(result))
         return;
     SettledRace settled;
     if (!trapErrors(this, ErrorStyle::DescriptionOnly,
@@ -252,24 +290,46 @@ void frmpaywinnersb::showSettlement(const Settlement &settlement)
     }
     if (m_context.session.payoffs.is532)
         lblpays->setText(u"$2 bet pays - 532 Payoff"_s);
+    if (settlement.hasWinners)
+        showRacePayoffs();
+}
+
+// They stay in sight while the fields above show what a bettor gets.
+void frmpaywinnersb::showRacePayoffs()
+{
+    const Session &session = m_context.session;
+    const auto &finishers = session.payoffs.finishers;
+    const auto dollars = [&](Combination combination) -> QString {
+        return u' ' + formatMoney(2 * session.payoffs.perDollar[combination], "Currency");
+    };
+    using enum Combination;
+    const QString texts[] = {dollars(WinWin) + dollars(WinPlace) + dollars(WinShow),
+                             dollars(PlacePlace) + dollars(PlaceShow), dollars(ShowShow)};
+    QString line = u"$2 pays"_s;
+    for (std::size_t i = 0; i < finishers.size(); ++i) {
+        if (const Horse &horse = session.horses.post(finishers[i]); !isUnused(horse))
+            line += u"   "_s + horse.number.trimmed() + u':' + texts[i];
+    }
+    lblrace2->setText(line);
 }
 
 void frmpaywinnersb::listWinners(const Settlement &settlement)
 {
     const Session &session = m_context.session;
-    const BettorNames names(session.bettors);
-    for (const WinningBettor &winner : settlement.winners) {
-        auto *item = new QListWidgetItem(names.listed(winner.number), lstwinners);
-        item->setData(Qt::UserRole, lstwinners->count() - 1);
-    }
     m_ledger.start(session.payoffs.race, settlement.winners, session.payoffs.perDollar,
                    session.settings.roundingIndex);
+    const BettorNames names(session.bettors);
+    for (std::size_t i = 0; i < settlement.winners.size(); ++i)
+        lstwinners->addItem(makeWinner(i, names.listed(settlement.winners[i].number)));
+    QStringList notes{markPaid()};
     showPaidTotals();
     guidance->setCurrentIndex(1);
     const auto &finishers = session.payoffs.finishers;
     if (finishers[0] == finishers[1] || finishers[0] == finishers[2]
         || (finishers[1] == finishers[2] && !isUnused(session.horses.post(finishers[1]))))
-        lblnote->setText(u"The same horse was entered for two places."_s);
+        notes.prepend(u"The same horse was entered for two places."_s);
+    notes.removeAll(QString());
+    lblnote->setText(notes.join(u' '));
     lstwinners->setFocus();
     lstwinners->setCurrentRow(-1); // the first arrow key selects the first name, not the second
 }
@@ -313,6 +373,17 @@ std::optional<float> frmpaywinnersb::trackPayoff(Combination combination) const
     return std::isfinite(value) ? std::optional(value / 2) : std::nullopt;
 }
 
+void frmpaywinnersb::leave()
+{
+    m_ledger.closeRace(m_context.session.bettors);
+    QStringList notes = m_ledger.unpaidNotes();
+    if (const QString note = printSlips(); !note.isEmpty())
+        notes.append(note);
+    m_context.session.payoffs = {};
+    m_calculator.close();
+    m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s));
+}
+
 // A winner whose bet came in after the calculation is on no list: before anybody is paid the bets
 // are compared with those on file now. False when they were calculated again or could not be read.
 bool frmpaywinnersb::hasEveryBet()
@@ -336,88 +407,4 @@ bool frmpaywinnersb::hasEveryBet()
     }
     m_settledBets = std::move(found);
     return true;
-}
-
-void frmpaywinnersb::payWinner()
-{
-    if (!selectedItem(lstwinners) || !hasEveryBet())
-        return;
-    QListWidgetItem *item = selectedItem(lstwinners);
-    Session &session = m_context.session;
-    const QString name = item->text();
-    if (name == anyBettorName())
-        m_calculator.open();
-    const auto index = std::size_t(item->data(Qt::UserRole).toInt());
-    if (session.bettors.nameOf(m_ledger.winners()[index].number).isNull())
-        return showMessage(this, u"Bettor name not found"_s, u"Pay winners"_s);
-
-    const Payment payment = m_ledger.payment(index);
-    m_ledger.pay(index);
-    session.paidHousePercents.insert(session.payoffs.race, m_result.housePercent);
-    showPayment(name, payment);
-    if (!m_printPayoffs)
-        m_printPayoffs = askYesNo(this, u"Print Payoffs?"_s);
-    if (*m_printPayoffs)
-        keepSlip(name, payment);
-    delete item;
-    // The next payment needs a selection of its own: a second press pays nobody by accident.
-    lstwinners->setCurrentRow(-1);
-}
-
-void frmpaywinnersb::showPayment(const QString &name, const Payment &payment)
-{
-    for (const Combination combination : allCombinations)
-        payoffs->setText(combination, formatMoney(payment.amount(combination), "Currency"));
-    const double totals[] = {payment.horseTotals[0], payment.horseTotals[1], payment.horseTotals[2],
-                             payment.total};
-    const auto fields = totalFields();
-    for (std::size_t i = 0; i < fields.size(); ++i)
-        fields[i]->setText(formatMoney(totals[i], "Currency"));
-    lblpays->setText(u"AMOUNTS FOR "_s + name);
-    setTotalCaptions(u"AMOUNT BY HORSE"_s,
-                     {u"Win horse"_s, u"Place horse"_s, u"Show horse"_s, u"Total"_s});
-    txtfactor->setText(roundingText(m_context.session.settings.roundingIndex));
-    txttotalr->setText(formatMoney(payment.rounded, "Currency"));
-    txtwinnername->setText(name);
-    txtwinnername->setCursorPosition(0);
-    showPaidTotals();
-}
-
-void frmpaywinnersb::keepSlip(const QString &name, const Payment &payment)
-{
-    const Session &session = m_context.session;
-    std::array<QString, finishCount> numbers;
-    for (std::size_t i = 0; i < numbers.size(); ++i)
-        numbers[i] = session.horses.post(session.payoffs.finishers[i]).number;
-    m_ledger.addSlip(winnerSlipLines(name, session.settings.bannerAndRace(), numbers, payment));
-}
-
-void frmpaywinnersb::showPaidTotals()
-{
-    txtpaid->setText(formatMoney(m_ledger.paid(), "Currency"));
-    txtrounded->setText(formatMoney(m_ledger.paidRounded(), "Currency"));
-    lblowed->setText(u"%1 of %2 to pay\nOwed %3, rounded %4"_s.arg(m_ledger.unpaidCount())
-                         .arg(m_ledger.winners().size())
-                         .arg(formatMoney(m_ledger.owed(), "Currency"),
-                              formatMoney(m_ledger.owedRounded(), "Currency")));
-}
-
-QString frmpaywinnersb::printSlips()
-{
-    const Slip slip = winnerSlips(m_ledger.slips());
-    if (slip.lines.isEmpty())
-        return {};
-    return printOrList(this, m_context, {u"Pay winners"_s}, slip, u"The list of payoff slips"_s)
-        .note;
-}
-
-void frmpaywinnersb::leave()
-{
-    m_ledger.closeRace(m_context.session.bettors);
-    QStringList notes = m_ledger.unpaidNotes();
-    if (const QString note = printSlips(); !note.isEmpty())
-        notes.append(note);
-    m_context.session.payoffs = {};
-    m_calculator.close();
-    m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s));
 }

@@ -1,15 +1,12 @@
 #pragma once
 
-#include "payoff/parts/calculatorwindow.h"
-#include "payoff/parts/payform.h"
-#include "payoff/winnerledger.h"
-#include "ui/navigator.h"
+#include "payoff/parts/paydesk.h"
 
 #include <optional>
 
 // The pay-winners screen: the finishers and payoffs of a race, its winning bettors, and paying them
 // one by one.
-class frmpaywinnersb : public PayForm
+class frmpaywinnersb : public PayDesk
 {
     Q_OBJECT
 
@@ -23,6 +20,8 @@ private:
 
     void selectRace(int race);
     void showRace();
+    void showHistory();
+    void fillAsBefore();
     void showSelectedHorse();
     void enterFinisher(Finish finish);
     void setFinisher(Finish finish, int post);
@@ -31,28 +30,20 @@ private:
     void calculate(bool is532);
     bool completeFinishers();
     bool mayStartOver(int race);
+    bool maySettle(const RaceResult &result);
     void settleAndShow(const RaceResult &result);
-    bool hasEveryBet();
+    bool hasEveryBet() override;
     void useTrackPayoffs();
     std::optional<float> trackPayoff(Combination combination) const;
     void showSettlement(const Settlement &settlement);
+    void showRacePayoffs();
     void listWinners(const Settlement &settlement);
     void clearCalculation();
 
-    void payWinner();
-    void showPayment(const QString &name, const Payment &payment);
-    void keepSlip(const QString &name, const Payment &payment);
-    void showPaidTotals();
-
     void leave();
-    QString printSlips(); // returns a note
 
-    ScreenContext m_context;
-
-    WinnerLedger m_ledger;
+    std::optional<CashEntry> m_before; // how the race was settled before, when it was opened
     std::optional<CombinationAmounts> m_track; // the track's payoffs per $1, while they are used
-    std::optional<bool> m_printPayoffs;        // the answer, once it was asked in this visit
     RaceResult m_result;                       // of the last calculation
     BetTable m_settledBets;                    // of the last calculation, or accepted since
-    CalculatorWindow m_calculator;
 };

@@ -1,5 +1,6 @@
 #include "payoff/settlerace.h"
 
+#include "common/event/cashjournal.h"
 #include "common/event/eventfiles.h"
 #include "common/event/eventrecords.h"
 #include "common/files/fileerror.h"
@@ -18,6 +19,14 @@ BetTable readBetsToSettle(Session &session)
     if (!bytes)
         throw FileError(ErrorNumber::FileNotFound, u"Bet file empty"_s);
     return parseBets(bytes->toStdString());
+}
+
+void recordSettlement(Session &session, double housePercent)
+{
+    CashEntry line{CashKind::Settled, session.payoffs.race};
+    line.settled = {session.payoffs, housePercent, session.settings.roundingIndex};
+    line.settled->payoffs.beforeHouse = {};
+    recordCash(session, {line});
 }
 
 } // namespace
@@ -42,6 +51,7 @@ SettledRace settleCurrentRace(Session &session, RaceResult result)
         session.payoffs = {
             session.settings.currentRace, result.finishers, settlement.payoffs,
             settlement.beforeHouse,       result.is532,     result.trackPayoffs.has_value()};
+        recordSettlement(session, result.housePercent);
     }
     return {std::move(bets), std::move(settlement)};
 }

@@ -19,7 +19,8 @@ struct SettledRace
 // Reads Bettors and the current race's Bets (label "Bets input", and "Bet file empty" when there is
 // no such file) and settles the race with the session's horses. \a result gives the finishers, the
 // house percentage and the mode. On success the session holds the bettors and, when anybody won,
-// the payoffs. Throws FileError and then leaves the session's payoffs alone.
+// the payoffs, which the cash journal holds too. Throws FileError and then leaves the session's
+// payoffs alone.
 SettledRace settleCurrentRace(Session &session, RaceResult result);
 
 // What happened to the current race's bets since \a settled was read from them, as a sentence for

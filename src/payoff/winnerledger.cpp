@@ -1,7 +1,7 @@
 #include "payoff/winnerledger.h"
 
+#include "common/event/rounding.h"
 #include "common/event/settings.h"
-#include "payoff/rounding.h"
 
 #include <algorithm>
 
@@ -36,7 +36,7 @@ void WinnerLedger::clear()
 void WinnerLedger::closeRace(const BettorTable &bettors)
 {
     if (m_race != 0)
-        m_closed.insert(m_race, {isPaidHere(), m_slips, unpaidNote(bettors)});
+        m_closed.insert(m_race, {isPaidHere(), slipsHere(), unpaidNote(bettors)});
     clear();
 }
 
@@ -77,6 +77,14 @@ void WinnerLedger::pay(std::size_t index)
     m_paidRounded = exactSum(m_paidRounded, m_payments[index].rounded);
 }
 
+void WinnerLedger::takeBack(std::size_t index)
+{
+    m_isPaid[index] = false;
+    m_paid = exactSum(m_paid, -m_payments[index].total);
+    m_paidRounded = exactSum(m_paidRounded, -m_payments[index].rounded);
+    m_slips.removeIf([&](const auto &slip) { return slip.first == index; });
+}
+
 int WinnerLedger::unpaidCount() const
 {
     return int(std::ranges::count(m_isPaid, false));
@@ -87,7 +95,15 @@ QList<SlipLine> WinnerLedger::slips() const
     QList<SlipLine> all;
     for (const ClosedRace &race : m_closed)
         all += race.slips;
-    return all + m_slips;
+    return all + slipsHere();
+}
+
+QList<SlipLine> WinnerLedger::slipsHere() const
+{
+    QList<SlipLine> lines;
+    for (const auto &slip : m_slips)
+        lines += slip.second;
+    return lines;
 }
 
 QStringList WinnerLedger::unpaidNotes() const

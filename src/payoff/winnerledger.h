@@ -36,9 +36,11 @@ public:
     // What the winner at \a index of winners() is paid.
     const Payment &payment(std::size_t index) const { return m_payments[index]; }
 
-    // Counts that payment, with the lines of its slip.
+    // Counts that payment, with the lines of its slip; or no longer, neither of them.
     void pay(std::size_t index);
-    void addSlip(const QList<SlipLine> &lines) { m_slips += lines; }
+    void addSlip(std::size_t index, const QList<SlipLine> &lines) { m_slips += {index, lines}; }
+    void takeBack(std::size_t index);
+    bool isPaid(std::size_t index) const { return m_isPaid[index]; }
 
     int unpaidCount() const;
 
@@ -64,6 +66,7 @@ private:
     };
 
     QString unpaidNote(const BettorTable &bettors) const;
+    QList<SlipLine> slipsHere() const;
     bool isPaidHere() const { return unpaidCount() < int(m_winners.size()); }
 
     int m_race = 0; // 0 while nothing is calculated
@@ -74,6 +77,6 @@ private:
     double m_owedRounded = 0;
     double m_paid = 0;
     double m_paidRounded = 0;
-    QList<SlipLine> m_slips;
+    QList<std::pair<std::size_t, QList<SlipLine>>> m_slips; // in the order of paying
     QMap<int, ClosedRace> m_closed;
 };

@@ -1,7 +1,6 @@
 #include "payoff/winnerslips.h"
 
 #include "common/print/format.h"
-#include "payoff/rounding.h"
 
 #include <algorithm>
 
@@ -11,16 +10,6 @@ using enum Combination;
 
 namespace {
 constexpr int linesAWinner = 6;
-}
-
-Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
-                   int roundingIndex)
-{
-    SlipAmounts dollars;
-    std::ranges::transform(stakes, dollars.begin(), [](float stake) { return double(stake); });
-    Payment payment{slipPayoff(dollars, payoffs), stakes};
-    payment.rounded = rounding(payment.total, roundingIndex);
-    return payment;
 }
 
 QList<SlipLine> winnerSlipLines(const QString &bettor, const QString &bannerAndRace,

@@ -1,6 +1,7 @@
 #include "racecard/scratch.h"
 
 #include "common/event/bettypes.h"
+#include "common/event/cashjournal.h"
 #include "common/event/eventfiles.h"
 #include "common/event/eventrecords.h"
 #include "common/event/multibetrecords.h"
@@ -57,22 +58,23 @@ ScratchAnswer scratchAnswer(const QString &answer)
 
 Scratch prepareScratch(Session &session, int post, const QString &horseName)
 {
-    const BettorTable bettors = readBettors(session);
+    session.bettors = readBettors(session);
     const BetTable bets = LoadRaceBets(session).bets;
     RefundList list;
     list.titles = {"REFUND BETS ON "_L1 + horseName};
     list.heading = bettorRefundHeading();
-    list.refunds = bettorRefunds(totalsByBettor(bets, isOn(post)), bettors);
+    list.refunds = bettorRefunds(totalsByBettor(bets, isOn(post)), session.bettors);
     return {post, refundSlip(list), bets.rows.size()};
 }
 
 void removeScratchedBets(Session &session, const Scratch &scratch)
 {
-    removeBets(session, [&](const BetTable &bets) {
+    const auto choose = [&](const BetTable &bets) {
         auto places = placesWhere(bets, isOn(scratch.post));
         places.erase(places.lower_bound(scratch.listed), places.end());
         return places;
-    });
+    };
+    removeBets(session, choose, refundScratch);
 }
 
 QString betsNote(const PoolTable &pools, int post)

@@ -22,7 +22,8 @@ struct Scratch
     std::size_t listed = 0; // records of the bet file when the list was made
 };
 
-// Reads the bettors and the current race's bets and composes the list of refunds for the post.
+// Reads the bettors, which the session holds then, and the current race's bets and composes the
+// list of refunds for the post.
 Scratch prepareScratch(Session &session, int post, const QString &horseName);
 
 // Takes the bets that the list of refunds names out of the current race's bet files: what another

@@ -3,6 +3,7 @@
 #include "common/event/bettypes.h"
 #include "common/event/settle.h"
 #include "common/print/format.h"
+#include "reports/tillreport.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,20 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr ExactMoney cent = 100;
 constexpr double highestAmount = 1e9; // dollars; a record above it holds no amount
 constexpr std::size_t straightTypes = 3;
 constexpr std::size_t badType = straightTypes + 5;
-
-ExactMoney exact(double dollars)
-{
-    return std::llround(dollars * 10000);
-}
-
-ExactMoney wholeCents(ExactMoney money)
-{
-    return std::llround(double(money) / double(cent)) * cent;
-}
 
 std::vector<CashLine> emptyLines()
 {
@@ -71,9 +61,9 @@ public:
                 continue;
             }
             CashLine &line = cash.types[std::size_t(row.bet.type) - 1];
-            line.taken += exact(amount);
+            line.taken += exactMoney(amount);
             if (!runs(race.horses, int(row.bet.post)))
-                line.withoutHorse += exact(amount);
+                line.withoutHorse += exactMoney(amount);
         }
     }
 
@@ -91,9 +81,9 @@ public:
                 continue;
             }
             CashLine &line = cash.types[straightTypes + std::size_t(type - multibetTypes().data())];
-            line.taken += exact(amount);
+            line.taken += exactMoney(amount);
             if (!canWin(race.race, *type, row.bet))
-                line.withoutHorse += exact(amount);
+                line.withoutHorse += exactMoney(amount);
         }
     }
 
@@ -101,8 +91,8 @@ private:
     static void countBad(double amount, RaceCash &cash, EveningCash &evening)
     {
         ++evening.badRecords;
-        cash.types[badType].taken += exact(amount);
-        cash.types[badType].refundsDue += exact(amount);
+        cash.types[badType].taken += exactMoney(amount);
+        cash.types[badType].refundsDue += exactMoney(amount);
     }
 
     bool canWin(int race, const MultibetType &type, const Multibet &bet) const
@@ -183,11 +173,6 @@ QStringList withoutHorseRemarks(const EveningCash &cash)
 
 } // namespace
 
-double dollarsOf(ExactMoney money)
-{
-    return double(money) / 10000;
-}
-
 void CashLine::add(const CashLine &line)
 {
     taken += line.taken;
@@ -248,12 +233,15 @@ EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &
     return evening;
 }
 
-Report cashReport(const QString &banner, const EveningCash &cash)
+Report cashReport(const QString &banner, const EveningCash &cash, const CashJournal &journal,
+                  const std::vector<RaceTill> &races)
 {
     using Kind = ReportColumn::Kind;
     Report report;
-    report.name = u"Cash Report"_s;
-    report.titles = {banner, u"CASH REPORT"_s, cash.percentTitle};
+    const std::vector<Till> tills = tillsOf(journal);
+    report.name = u"Till Report"_s;
+    report.titles = {banner, u"TILL REPORT, "_s + tillState(tills), cash.percentTitle};
+    report.before = tillTables(tills, races);
     report.columns = {{u"Race"_s, Kind::Text},         {u"Type"_s, Kind::Text},
                       {u"Taken"_s, Kind::Money},       {u"House cut"_s, Kind::Money},
                       {u"Refunds due"_s, Kind::Money}, {u"For winners"_s, Kind::Money}};
@@ -272,7 +260,7 @@ Report cashReport(const QString &banner, const EveningCash &cash)
         if (report.rows.size() > before)
             report.rows.append(cashRow(number, race.total, true));
     }
-    report.remarks = withoutHorseRemarks(cash);
+    report.remarks = tillRemarks(journal, tills, races) + withoutHorseRemarks(cash);
     if (cash.badRecords > 0) {
         report.remarks.append("Bad records, their money is due back: "_L1
                               + QString::number(cash.badRecords) + u'.');

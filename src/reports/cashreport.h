@@ -1,18 +1,17 @@
 #pragma once
 
 #include "common/event/eventrecords.h"
+#include "common/event/exactmoney.h"
 #include "reports/reporttable.h"
+#include "reports/till.h"
 
 #include <QMap>
 
 #include <array>
 #include <vector>
 
-// The cash report: what the record files say was taken in the evening, and where it goes.
-
-// Money in ten-thousandths of a dollar, so that sums are exact.
-using ExactMoney = qint64;
-double dollarsOf(ExactMoney money);
+// What the record files say was taken in the evening, and where it goes; and the till report, which
+// sets it beside what the cash journals say.
 
 // One bet type of one race, or a sum of several. Bets already refunded have left the files and are
 // not part of it.
@@ -47,7 +46,7 @@ struct HousePercents
     // The same percentage for everything.
     static HousePercents all(double percent);
 
-    // What each race was paid with in this run; a race that was not paid yet has 0.
+    // What each race was settled with; a race that was not settled yet has 0.
     static HousePercents asPaid(const QMap<int, double> &paid, double multibets);
 };
 
@@ -65,8 +64,10 @@ struct EveningCash
 EveningCash countCash(const std::vector<RaceRecords> &races, const BettorTable &bettors,
                       const HousePercents &percents);
 
-// The totals of the evening, then a row a race and type that took money and a total a race.
-Report cashReport(const QString &banner, const EveningCash &cash);
+// The till report: the tills of all computers, the races by their settlements, then what the record
+// files hold: the totals of the evening, a row a race and type that took money, a total a race.
+Report cashReport(const QString &banner, const EveningCash &cash, const CashJournal &journal,
+                  const std::vector<RaceTill> &races);
 
 // What the report can and cannot know, in the lines that end it.
 QStringList cashReportNotes();

@@ -5,6 +5,7 @@
 #include "common/print/format.h"
 #include "reports/betlistings.h"
 #include "reports/cashreport.h"
+#include "reports/till.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -289,6 +290,17 @@ Report multibetsReport(Session &session, const ReportRequest &request)
     return report;
 }
 
+// By race, what it was settled with last.
+QMap<int, double> settledPercents(const CashJournal &journal)
+{
+    QMap<int, double> percents;
+    for (int race = 1; race <= raceCount; ++race) {
+        if (const CashEntry *settlement = lastSettlement(journal, race))
+            percents.insert(race, settlement->settled->housePercent);
+    }
+    return percents;
+}
+
 } // namespace
 
 Report makeReport(Session &session, const ReportRequest &request)
@@ -305,10 +317,13 @@ Report makeReport(Session &session, const ReportRequest &request)
     case ReportKind::Cash:
         break;
     }
+    const CashJournal journal = readCashJournal(session);
+    const std::vector<RaceRecords> races = readRaces(session, 0);
+    const BettorTable bettors = readBettors(session);
     const HousePercents percents =
         request.housePercent
             ? HousePercents::all(*request.housePercent)
-            : HousePercents::asPaid(session.paidHousePercents, session.multibetHousePercent);
-    return cashReport(session.settings.banner,
-                      countCash(readRaces(session, 0), readBettors(session), percents));
+            : HousePercents::asPaid(settledPercents(journal), session.multibetHousePercent);
+    return cashReport(session.settings.banner, countCash(races, bettors, percents), journal,
+                      raceTills(races, bettors, journal));
 }

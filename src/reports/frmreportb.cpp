@@ -4,6 +4,7 @@
 #include "common/event/session.h"
 #include "common/files/recordfile.h"
 #include "common/print/format.h"
+#include "reports/tillreport.h"
 #include "ui/controls.h"
 #include "ui/printing.h"
 #include "ui/progressbox.h"
@@ -29,6 +30,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int fontSizes = 7;
+constexpr qsizetype mostNotes = 8; // remarks that the status line can show
 
 // Of the paper that most printers at home hold; PDF programs scale it to any other.
 const QPageSize pdfPaper(QPageSize::A4);
@@ -57,6 +59,7 @@ void frmreportb::build()
     chkall = makeCheck(this, u"chkall"_s, u"All Races"_s, u"Report on the whole event"_s);
     static_cast<QGridLayout *>(fraround->layout())->addWidget(chkall, 0, 6, 2, 1);
     frasort = buildSorting();
+    fratill = buildTill();
 
     lstreport = new QListView(this);
     lstreport->setObjectName(u"lstreport"_s);
@@ -70,6 +73,7 @@ void frmreportb::build()
     choices->addWidget(kinds, 3);
     choices->addWidget(fraround, 4);
     choices->addWidget(frasort, 2);
+    choices->addWidget(fratill, 6);
     QLayout *buttons = buildButtons();
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
@@ -109,7 +113,7 @@ QGroupBox *frmreportb::buildKinds()
     lblhousepct = makeLabel(box, u"lblhousepct"_s, u"House %"_s);
     txthousepct = makeField(
         box, u"txthousepct"_s,
-        u"Percentage of the house in the cash report; empty: what each race was paid with"_s);
+        u"Percentage of the house in the till report; empty: what each race was settled with"_s);
     txthousepct->setAccessibleName(u"House percentage"_s);
     txthousepct->setPlaceholderText(u"as paid"_s);
     fitCharacters(txthousepct, 7);
@@ -145,6 +149,36 @@ QGroupBox *frmreportb::buildSorting()
     return box;
 }
 
+QGroupBox *frmreportb::buildTill()
+{
+    auto *box = new QGroupBox(u"Till of "_s + computerName(m_context.session), this);
+    auto *grid = new QGridLayout(box);
+    const auto field = [&](QLineEdit *&edit, const QString &name, const QString &caption,
+                           const QString &toolTip) {
+        const int row = grid->rowCount();
+        edit = makeField(box, name, toolTip);
+        edit->setAccessibleName(caption);
+        edit->setAlignment(Qt::AlignRight);
+        fitCharacters(edit, 12);
+        grid->addWidget(makeLabel(box, {}, caption), row, 0);
+        grid->addWidget(edit, row, 1);
+    };
+    field(txtfloat, u"txtfloat"_s, u"Float at the start"_s,
+          u"Dollars in this computer's till before the first bet"_s);
+    field(txtcounted, u"txtcounted"_s, u"Counted"_s, u"Dollars counted in this computer's till"_s);
+    cmdsofar = makeButton(box, u"cmdsofar"_s, u"So far"_s,
+                          u"Take over what is typed and show how the tills stand"_s);
+    cmdclosetill = makeButton(box, u"cmdclosetill"_s, u"Close Till"_s,
+                              u"Take over what is typed and close this computer's till"_s);
+    grid->addWidget(cmdsofar, 1, 2);
+    grid->addWidget(cmdclosetill, 2, 2);
+    lbldifference = makeLabel(box, u"lbldifference"_s, {}, {}, true);
+    enlarge(lbldifference, 1.5);
+    grid->addWidget(lbldifference, 1, 3, 2, 1);
+    grid->setColumnStretch(3, 1);
+    return box;
+}
+
 QLayout *frmreportb::buildButtons()
 {
     cmdprint = makeButton(this, u"cmdprint"_s, u"PRINT"_s, u"Print this report"_s);
@@ -171,6 +205,8 @@ void frmreportb::connectControls()
     for (QCheckBox *check : {chkall, chkalp, chknum, chkasc, chkdes})
         connect(check, &QCheckBox::clicked, this, &frmreportb::showReport);
     connect(txthousepct, &QLineEdit::textEdited, this, &frmreportb::showReport);
+    connect(cmdsofar, &QPushButton::clicked, this, &frmreportb::enterSoFar);
+    connect(cmdclosetill, &QPushButton::clicked, this, &frmreportb::closeTill);
     connect(cmdfont, &QPushButton::clicked, this, &frmreportb::changeFont);
     connect(cmdprint, &QPushButton::clicked, this, &frmreportb::print);
     connect(cmdcsv, &QPushButton::clicked, this, [this] {
@@ -203,8 +239,11 @@ void frmreportb::showReport()
 {
     Session &session = m_context.session;
     const bool cash = kind() == ReportKind::Cash;
-    fraround->setEnabled(!cash);
-    frasort->setEnabled(!cash);
+    fraround->setVisible(!cash);
+    frasort->setVisible(!cash);
+    fratill->setVisible(cash);
+    if (cash)
+        showTill();
     lblhousepct->setEnabled(cash);
     txthousepct->setEnabled(cash);
     ReportRequest request;
@@ -224,7 +263,50 @@ void frmreportb::showReport()
     m_model->setStringList(m_lines.lines);
     for (QPushButton *button : {cmdprint, cmdcsv, cmdpdf})
         button->setEnabled(good);
-    lblnote->setText(m_report.remarks.join(u' '));
+    lblnote->setText(m_report.remarks.size() <= mostNotes
+                         ? m_report.remarks.join(u' ')
+                         : u"There is more to know: see the remarks at the end of the report."_s);
+}
+
+// What is typed stays until it is taken over.
+void frmreportb::showTill()
+{
+    const Session &session = m_context.session;
+    const CashJournal journal = readCashJournal(session);
+    const TillEntries known = tillEntries(journal, computerName(session));
+    for (const auto &[field, text] :
+         {std::pair(txtfloat, known.floated), std::pair(txtcounted, known.counted)}) {
+        if (!field->isModified())
+            field->setText(text);
+    }
+    lbldifference->setText(tillText(journal, computerName(session)));
+}
+
+// Writes down what is typed; false when it cannot be.
+bool frmreportb::enter(bool close)
+{
+    const QString refusal =
+        enterTill(m_context.session, {txtfloat->text(), txtcounted->text()}, close);
+    if (!refusal.isEmpty()) {
+        lblnote->setText(refusal);
+        return false;
+    }
+    for (QLineEdit *field : {txtfloat, txtcounted})
+        field->setModified(false);
+    showReport();
+    return true;
+}
+
+void frmreportb::enterSoFar()
+{
+    enter(false);
+}
+
+void frmreportb::closeTill()
+{
+    const QString question = u"Close the till of "_s + computerName(m_context.session) + u'?';
+    if (askYesNoCarefully(this, question, u"Close Till"_s) && enter(true))
+        lblnote->setText(u"The till is closed. Print the report, or save it."_s);
 }
 
 void frmreportb::showFontSize()

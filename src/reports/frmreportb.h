@@ -30,12 +30,17 @@ private:
     void build();
     QGroupBox *buildKinds();
     QGroupBox *buildSorting();
+    QGroupBox *buildTill();
     QLayout *buildButtons();
     void connectControls();
 
     ReportKind kind() const;
     void chooseRace(int race);
     void showReport();
+    void showTill();
+    void enterSoFar();
+    void closeTill();
+    bool enter(bool close);
     void showFontSize();
     void changeFont();
     void print();
@@ -57,6 +62,12 @@ private:
     QCheckBox *chknum;
     QCheckBox *chkasc;
     QCheckBox *chkdes;
+    QGroupBox *fratill; // in the place of races and sorting while the till report is shown
+    QLineEdit *txtfloat;
+    QLineEdit *txtcounted;
+    QLabel *lbldifference;
+    QPushButton *cmdsofar;
+    QPushButton *cmdclosetill;
     QLabel *lblhousepct;
     QLineEdit *txthousepct;
     QListView *lstreport;

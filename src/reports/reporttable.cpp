@@ -47,42 +47,72 @@ QByteArray csvLine(const QList<ReportColumn> &columns, const QStringList &cells)
     return fields.join(u',').toUtf8() + "\r\n";
 }
 
-} // namespace
-
-ReportLines reportLines(const Report &report)
+// The headings, and a line for each row; a blank line behind each total.
+QStringList tableLines(const QList<ReportColumn> &columns, const QList<ReportRow> &rows)
 {
     QList<int> widths;
-    for (qsizetype i = 0; i < report.columns.size(); ++i) {
-        qsizetype width = report.columns[i].heading.size();
-        for (const ReportRow &row : report.rows)
+    QStringList headings;
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        qsizetype width = columns[i].heading.size();
+        for (const ReportRow &row : rows)
             width = std::max(width, row.cells[i].size());
         widths.append(int(width));
+        headings.append(columns[i].heading);
     }
     const auto lineOf = [&](const QStringList &cells) {
         QString line;
         for (qsizetype i = 0; i < widths.size(); ++i) {
-            const bool left = report.columns[i].kind == ReportColumn::Kind::Text;
+            const bool left = columns[i].kind == ReportColumn::Kind::Text;
             line += left ? leftColumn(cells[i], widths[i]) : rightColumn(cells[i], widths[i]);
             line += "  "_L1;
         }
         return trimmedRight(line);
     };
+    QStringList lines{lineOf(headings)};
+    for (const ReportRow &row : rows) {
+        lines.append(lineOf(row.cells));
+        if (row.isTotal)
+            lines.append(u" "_s);
+    }
+    return lines;
+}
 
+QByteArray tableCsv(const QList<ReportColumn> &columns, const QList<ReportRow> &rows)
+{
+    QStringList headings;
+    QList<ReportColumn> asText = columns;
+    for (ReportColumn &column : asText) {
+        headings.append(column.heading);
+        column.kind = ReportColumn::Kind::Text;
+    }
+    QByteArray csv = csvLine(asText, headings);
+    for (const ReportRow &row : rows)
+        csv += csvLine(columns, row.cells);
+    return csv;
+}
+
+void endBlock(QStringList &lines)
+{
+    if (!lines.last().trimmed().isEmpty())
+        lines.append(u" "_s);
+}
+
+} // namespace
+
+ReportLines reportLines(const Report &report)
+{
     ReportLines text;
     text.lines = report.titles;
     text.lines.append(u" "_s);
-    QStringList headings;
-    for (const ReportColumn &column : report.columns)
-        headings.append(column.heading);
-    text.lines.append(lineOf(headings));
-    text.headingLines = int(text.lines.size());
-    for (const ReportRow &row : report.rows) {
-        text.lines.append(lineOf(row.cells));
-        if (row.isTotal)
-            text.lines.append(u" "_s);
+    text.headingLines = int(text.lines.size()) + (report.before.isEmpty() ? 1 : 0);
+    for (const ReportTable &table : report.before) {
+        text.lines += table.heading;
+        text.lines += tableLines(table.columns, table.rows);
+        endBlock(text.lines);
     }
-    if (!report.remarks.isEmpty() && !text.lines.last().trimmed().isEmpty())
-        text.lines.append(u" "_s);
+    text.lines += tableLines(report.columns, report.rows);
+    if (!report.remarks.isEmpty())
+        endBlock(text.lines);
     text.lines += report.remarks;
     return text;
 }
@@ -103,14 +133,8 @@ Slip reportSlip(const ReportLines &report, int points)
 
 QByteArray reportCsv(const Report &report)
 {
-    QStringList headings;
-    QList<ReportColumn> asText = report.columns;
-    for (ReportColumn &column : asText) {
-        headings.append(column.heading);
-        column.kind = ReportColumn::Kind::Text;
-    }
-    QByteArray csv = "\xef\xbb\xbf" + csvLine(asText, headings);
-    for (const ReportRow &row : report.rows)
-        csv += csvLine(report.columns, row.cells);
-    return csv;
+    QByteArray csv = "\xef\xbb\xbf";
+    for (const ReportTable &table : report.before)
+        csv += tableCsv(table.columns, table.rows) + "\r\n";
+    return csv + tableCsv(report.columns, report.rows);
 }

@@ -1,5 +1,6 @@
 #include "setup/clearbets.h"
 
+#include "common/event/cashstakes.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/twinfiles.h"
 #include "common/files/recordfile.h"
@@ -13,6 +14,16 @@ namespace {
 QByteArray recordsOf(Session &session, RecordFile file, const QString &label)
 {
     return readMainOrNothing(session, file, session.settings.currentRace, label);
+}
+
+std::vector<CashEntry> refundLines(const Session &session, RecordFile file, std::string records)
+{
+    const int race = session.settings.currentRace;
+    if (file == RecordFile::Bets)
+        return stakeLines(session, CashKind::Refund, race, stakesOf(parseBets(std::move(records))),
+                          refundRace);
+    return stakeLines(session, CashKind::Refund, race, stakesOf(parseMultibets(std::move(records))),
+                      refundRaceMultibets);
 }
 
 } // namespace
@@ -61,6 +72,12 @@ bool clearRaceFile(Session &session, RecordFile file, const RaceStakes &stakes,
                    const std::function<void()> &listRefunds)
 {
     const QString name = recordFileName(file);
-    return deleteTwins(session, file, session.settings.currentRace, stakes.records, listRefunds,
-                       name + u" Output"_s, name + u"backup Output"_s);
+    const int race = session.settings.currentRace;
+    return changeWithCash(
+        session,
+        [&] {
+            return deleteTwins(session, file, race, stakes.records, listRefunds,
+                               name + u" Output"_s, name + u"backup Output"_s);
+        },
+        [&] { return refundLines(session, file, stakes.records.toStdString()); });
 }

@@ -27,7 +27,7 @@ RaceStakes multibetStakes(Session &session);
 Slip raceRefunds(const Session &session, RecordFile file, const RaceStakes &stakes);
 
 // Deletes the current race's Bets or Multibets and the twin after copies of both went to Saved and
-// \a listRefunds has put out what is paid back.
+// \a listRefunds has put out what is paid back. The cash journal then holds every refund.
 // False, and nothing deleted, when another program has changed the file since the stakes were read.
 // When only the twin could not be deleted, the bets are gone all the same: the error's aftermath
 // says so.

@@ -1,5 +1,10 @@
 #include "setup/clearevent.h"
 
+#include "common/event/cashjournal.h"
+#include "common/event/labelled.h"
+
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,13 +22,35 @@ int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records
     return batch.commit(progress);
 }
 
+// A new event begins without a journal.
+void deleteJournals(Session &session, const QStringList &journals)
+{
+    for (const QString &journal : journals) {
+        try {
+            labelled(session, u"Cash output-Setup"_s, [&] { deleteRecordFile(journal); });
+        } catch (FileError &error) {
+            error.setRemark(u"All bet files were cleared, but the old "_s
+                            + QFileInfo(journal).fileName()
+                            + u" is still there. Clear again to move it to Saved."_s);
+            throw;
+        }
+    }
+}
+
 } // namespace
 
 int clearAllBets(Session &session, const Progress &progress)
 {
     makeEventFolder(session);
-    const int kept = rewriteAllRaces(session, RecordFile::Bets, {}, progress);
+    const QStringList journals = cashFiles(session);
+    int kept = 0;
+    labelled(session, u"Cash Saved"_s, [&] {
+        for (const QString &journal : journals)
+            kept += keepInSaved(session, journal).isEmpty() ? 0 : 1;
+    });
+    kept += rewriteAllRaces(session, RecordFile::Bets, {}, progress);
     session.settings.betsCleared = true;
+    deleteJournals(session, journals);
     return kept;
 }
 

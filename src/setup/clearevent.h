@@ -6,8 +6,8 @@
 // before the first file is cleared. All functions throw FileError and set the operation label; they
 // return the number of copies.
 
-// Empties Bets and Betsbackup of every race, and remembers for this run that it was done. The event
-// directory is made if needed.
+// Empties Bets and Betsbackup of every race, moves the cash journals of all computers to Saved, and
+// remembers for this run that it was done. The event directory is made if needed.
 int clearAllBets(Session &session, const Progress &progress = {});
 
 // Rewrites Horses and Horsesbackup of every race with 21 unused posts.

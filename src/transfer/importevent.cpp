@@ -1,5 +1,6 @@
 #include "transfer/importevent.h"
 
+#include "common/event/cashstakes.h"
 #include "common/event/eventrecords.h"
 #include "common/event/filebatch.h"
 #include "common/event/labelled.h"
@@ -411,16 +412,23 @@ QString carryOutImport(Session &session, const ImportPlan &plan, const Progress 
     }
     if (!plan.bettorLines.isEmpty())
         batch.append(RecordFile::Bettors, 0, plan.bettorLines, label);
+    session.bettors =
+        BettorTable::parse(plan.bettorsHere + plan.bettorLines, session.settings.bettorLimit);
+    std::vector<CashEntry> added;
     for (const ImportedRace &race : plan.races) {
         const auto i = std::size_t(race.race - 1);
         if (!plan.cards[i].isEmpty())
             batch.replaceTwins(RecordFile::Horses, race.race, plan.cards[i], label, label);
         if (!plan.betLines[i].isEmpty())
             batch.append(RecordFile::Bets, race.race, plan.betLines[i], label);
+        const BetTable bets = parseBets(plan.betLines[i].toStdString());
+        std::ranges::move(stakeLines(session, CashKind::Added, race.race, stakesOf(bets)),
+                          std::back_inserter(added));
     }
     batch.commit([&](int done, int total) {
         progress(2 * raceCount + done * raceCount / total, 3 * raceCount + 1);
     });
+    recordCash(session, added);
     progress(3 * raceCount + 1, 3 * raceCount + 1);
     return {};
 }

@@ -1,5 +1,6 @@
 #include "transfer/thumbdrive.h"
 
+#include "common/event/cashstakes.h"
 #include "common/event/eventrecords.h"
 #include "common/event/filebatch.h"
 #include "common/event/labelled.h"
@@ -9,6 +10,8 @@
 
 #include <QFileInfo>
 #include <QMap>
+
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -190,7 +193,9 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive, const 
     // Held from the comparison to the last file, so that what is told is what was added.
     FileBatch batch(session, u"Bets Append"_s);
     const QByteArray list = readMainOrNothing(session, RecordFile::Bettors, 0, u"Bettors input"_s);
-    const BettorNames bettors(BettorTable::parse(list, 0));
+    session.bettors = BettorTable::parse(list, session.settings.bettorLimit);
+    const BettorNames bettors(session.bettors);
+    std::vector<CashEntry> added;
     QList<AddedBets> results;
     for (int race = 1; race <= raceCount; ++race) {
         const BetTable incoming = parseBets(
@@ -202,6 +207,8 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive, const 
         results += compareBets(before, incoming, card.horses, bettors);
         results.last().race = race;
         results.last().overLimit = results.last().betsNow > session.settings.betLimit;
+        std::ranges::move(stakeLines(session, CashKind::Added, race, stakesOf(incoming)),
+                          std::back_inserter(added));
         if (!incoming.rows.empty())
             batch.append(RecordFile::Bets, race,
                          QByteArray::fromStdString(recordsWithout(incoming.bytes, {})),
@@ -211,5 +218,6 @@ QList<AddedBets> addSatelliteBets(Session &session, const QString &drive, const 
     batch.commit([&](int done, int total) {
         progress(raceCount + done * raceCount / total, 2 * raceCount);
     });
+    recordCash(session, added);
     return results;
 }

@@ -45,8 +45,7 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     m_session.files.working = [this] { m_waitCursor.work(); };
     m_session.files.tell = [this](const QString &note) {
         // Once the handler that is reading has shown its own note.
-        QMetaObject::invokeMethod(
-            this, [this, note] { addNote(current(), note); }, Qt::QueuedConnection);
+        Undisturbed::afterwards(this, [this, note] { addNote(current(), note); });
     };
     auto *help = new QShortcut(Qt::Key_F1, m_window);
     help->setContext(Qt::ApplicationShortcut);

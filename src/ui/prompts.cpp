@@ -34,11 +34,13 @@ int titleWidth(const QDialog &dialog)
 
 QMessageBox::StandardButton runBox(QWidget *parent, QMessageBox::Icon icon, const QString &text,
                                    const QString &title, QMessageBox::StandardButtons buttons,
-                                   QMessageBox::StandardButton escape)
+                                   QMessageBox::StandardButton escape,
+                                   QMessageBox::StandardButton usual = QMessageBox::NoButton)
 {
     QMessageBox box(icon, title.isEmpty() ? u"TRELAWN"_s : title, text, buttons, windowOf(parent));
     box.setTextFormat(Qt::PlainText);
     box.setEscapeButton(escape);
+    box.setDefaultButton(usual);
     if (auto *grid = qobject_cast<QGridLayout *>(box.layout()))
         grid->addItem(new QSpacerItem(titleWidth(box), 0), grid->rowCount(), 0, 1,
                       grid->columnCount());
@@ -56,6 +58,13 @@ bool askYesNo(QWidget *parent, const QString &text, const QString &title)
 {
     return runBox(parent, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No,
                   QMessageBox::No)
+           == QMessageBox::Yes;
+}
+
+bool askYesNoCarefully(QWidget *parent, const QString &text, const QString &title)
+{
+    return runBox(parent, QMessageBox::Question, text, title, QMessageBox::Yes | QMessageBox::No,
+                  QMessageBox::No, QMessageBox::No)
            == QMessageBox::Yes;
 }
 

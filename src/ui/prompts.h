@@ -14,6 +14,10 @@ void showMessage(QWidget *parent, const QString &text, const QString &title = {}
 // Yes/No; true for Yes.
 bool askYesNo(QWidget *parent, const QString &text, const QString &title = {});
 
+// The same for what is done on second thought alone: No is the default, so that a hasty Enter does
+// no harm.
+bool askYesNoCarefully(QWidget *parent, const QString &text, const QString &title = {});
+
 // Yes/No/Cancel.
 enum class Choice { Yes, No, Cancel };
 Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title = {});

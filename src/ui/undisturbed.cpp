@@ -10,7 +10,7 @@
 
 namespace {
 
-QList<const Undisturbed *> open; // boxes and waits, the one that is asked last
+QList<Undisturbed *> open; // boxes and waits, the one that is asked last
 
 bool isInside(const QObject *object, const QWidget *box)
 {
@@ -73,6 +73,17 @@ Undisturbed::Undisturbed(const QWidget *box)
 Undisturbed::~Undisturbed()
 {
     open.removeOne(this);
+}
+
+void Undisturbed::afterwards(QObject *context, const std::function<void()> &work)
+{
+    const auto unlessAsked = [context, work] {
+        if (!isAny())
+            return work();
+        QObject::connect(open.last(), &QObject::destroyed, context,
+                         [context, work] { afterwards(context, work); });
+    };
+    QMetaObject::invokeMethod(context, unlessAsked, Qt::QueuedConnection);
 }
 
 bool Undisturbed::isAny()

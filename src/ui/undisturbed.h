@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QAbstractButton;
 class QWidget;
 
@@ -19,6 +21,10 @@ public:
 
     // Whether a box or a wait is open.
     static bool isAny();
+
+    // Does something for \a context once the handler at work has come to its end and no box is
+    // open.
+    static void afterwards(QObject *context, const std::function<void()> &work);
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -1,5 +1,5 @@
+#include "common/event/rounding.h"
 #include "kit/testkit.h"
-#include "payoff/rounding.h"
 #include "payoff/winnerslips.h"
 
 namespace {

@@ -9,6 +9,7 @@
 #include "common/event/labelled.h"
 #include "common/event/odds.h"
 #include "common/event/racefiles.h"
+#include "common/print/cashtexts.h"
 #include "common/print/format.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
@@ -106,6 +107,8 @@ void BetSheet::loadRace()
     m_grid->setHorses(m_horses);
     if (std::ranges::all_of(m_horses, isUnused) && lblnote->text().isEmpty())
         note(u"No horses are entered for this race yet."_s);
+    if (const QString settled = settledBefore(); !settled.isEmpty())
+        note(settled + u". A bet on it comes too late."_s + withBlank(lblnote->text()));
     showOdds();
     clearEntries();
 }
@@ -210,7 +213,7 @@ void BetSheet::place()
     if (!askYesNo(this, u"Place these bets?"_s, title))
         return;
     note({});
-    if (!bettorHolds() || !cardHolds(asked))
+    if (!bettorHolds() || !cardHolds(asked) || !mayBeLate())
         return;
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, asked); })) {
@@ -286,6 +289,26 @@ bool BetSheet::cardHolds(PlacementPlan &asked)
     if (m_entries.total() != 0)
         return askYesNo(this, changes.join(u'\n') + u"\nPlace these bets?"_s, title);
     showMessage(this, changes.join(u'\n') + u"\nNo bet was placed."_s, title);
+    return false;
+}
+
+// "Race1 was settled at 20:39: ..."; empty when it was not.
+QString BetSheet::settledBefore() const
+{
+    const CashJournal journal = readCashJournal(m_context.session);
+    const CashEntry *settled = lastSettlement(journal, m_context.session.settings.currentRace);
+    return settled ? settledText(*settled, m_horses) : QString();
+}
+
+// A bet on a race that was settled comes too late, unless the cashier knows better.
+bool BetSheet::mayBeLate()
+{
+    const QString settled = settledBefore();
+    if (settled.isEmpty()
+        || askYesNoCarefully(this, settled + u". Place these bets all the same?"_s,
+                             u"Place Bets"_s))
+        return true;
+    note(u"No bet was placed."_s);
     return false;
 }
 
@@ -368,6 +391,16 @@ QString BetSheet::printRefund(const DeletedBets &deleted)
     return printOrList(this, m_context, task, priorBetsRefund(settings, m_prior.name, deleted),
                        u"The refund list"_s)
         .note;
+}
+
+// The receipt that jammed in the printer, once more.
+void BetSheet::printReceipt()
+{
+    if (m_prior.bets.isEmpty())
+        return note(u"Select a bettor who has bets in this race first."_s);
+    const PrintTask task{u"Bet receipt"_s, ErrorStyle::NumberAndDescription,
+                         u"Printed once more for "_s + m_prior.name};
+    note(printSlip(this, m_context, task, betReceipt(m_context.session.settings, m_prior)).note);
 }
 
 void BetSheet::switchReceipts()

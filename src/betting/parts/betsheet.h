@@ -79,11 +79,14 @@ private:
     void place();
     bool bettorHolds();
     bool cardHolds(PlacementPlan &asked);
+    QString settledBefore() const;
+    bool mayBeLate();
     void listPlaced(const Placement &placement);
     void finishPlacement(const Placement &placement);
     void stopAtNegative(const PlacementPlan &plan);
     void deletePrior();
     QString printRefund(const DeletedBets &deleted);
+    void printReceipt();
     void switchReceipts();
     void showReceiptSetting();
 

@@ -195,6 +195,7 @@ void BetSheet::connectControls()
     connect(m_search, &BettorSearch::resetRequested, this, &BetSheet::loadBettorList);
     connect(m_grid, &BetGrid::cellClicked, this, &BetSheet::addEntry);
     connect(m_priorPanel, &PriorBetsPanel::deleteRequested, this, &BetSheet::deletePrior);
+    connect(m_priorPanel, &PriorBetsPanel::receiptRequested, this, &BetSheet::printReceipt);
     connect(cmdplacebets, &QPushButton::clicked, this, &BetSheet::place);
     connect(cmdclrentries, &QPushButton::clicked, this, [this] {
         clearEntries();

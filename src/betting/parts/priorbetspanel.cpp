@@ -36,6 +36,10 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
                    u"Delete all selected bets from the saved bet file - hold down ctrl or shift "
                    "key to select multiple bets"_s);
     connect(cmdclearprior, &QPushButton::clicked, this, &PriorBetsPanel::deleteRequested);
+    QPushButton *cmdreceipt =
+        makeButton(this, u"cmdreceipt"_s, u"Print Receipt"_s,
+                   u"Print the receipt of this bettor once more, as after a paper jam"_s);
+    connect(cmdreceipt, &QPushButton::clicked, this, &PriorBetsPanel::receiptRequested);
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -44,9 +48,10 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
     grid->addWidget(lblpriorbettor, 0, 1);
     grid->addWidget(lstpriorbets, 1, 0, 1, 2);
     auto *foot = new QHBoxLayout;
-    foot->addWidget(cmdclearprior, 1);
+    foot->addWidget(cmdreceipt, 1);
     foot->addWidget(txttotprior);
-    grid->addLayout(foot, 2, 0, 1, 2);
+    grid->addWidget(cmdclearprior, 2, 0, 1, 2);
+    grid->addLayout(foot, 3, 0, 1, 2);
     grid->setRowStretch(1, 1);
     grid->setColumnStretch(1, 1);
 }

@@ -8,8 +8,8 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 
-// The list of a bettor's saved bets in the race, their sum, and the button that deletes the
-// selected ones.
+// The list of a bettor's saved bets in the race, their sum, and the buttons that delete the
+// selected ones and print the receipt again.
 class PriorBetsPanel : public QWidget
 {
     Q_OBJECT
@@ -24,6 +24,7 @@ public:
 
 signals:
     void deleteRequested();
+    void receiptRequested();
 
 private:
     QLabel *lblpriorbettor;

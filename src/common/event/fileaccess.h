@@ -21,6 +21,7 @@ struct UnsureAppend
 // How this run of the program works on the files of an event beside other programs.
 struct FileAccess
 {
+    QString computer; // this computer's name in the event, where that is not its network name
     bool othersAreOpen = false; // on this computer, when this one started
     LockTimes times;
     WaitNotices notices; // shown while another program holds the lock; without it waiting is silent
@@ -29,7 +30,8 @@ struct FileAccess
     // Told as each operation on files begins.
     std::function<void()> working;
 
-    // Shows what the operator should know about a file that was read, such as a torn record.
+    // Shows what the operator should know about a file that was read or could not be written, such
+    // as a torn record.
     std::function<void(const QString &)> tell;
 
     // Looked for before records are appended to that file again, so that none is placed twice.

@@ -1,6 +1,7 @@
 #include "common/event/multibetrecords.h"
 
 #include "common/event/bettypes.h"
+#include "common/event/cashstakes.h"
 #include "common/event/twinfiles.h"
 #include "common/files/recordfile.h"
 #include "common/files/recordlines.h"
@@ -136,10 +137,16 @@ void appendMultibets(Session &session, std::span<const Multibet> bets)
         session, RecordFile::Multibets, session.settings.currentRace,
         [&](const QByteArray &) { return lines; }, u"Append Bets"_s, u"Append Bets"_s,
         u"Append Bets"_s);
+    recordCash(session, stakeLines(session, CashKind::Multibets, session.settings.currentRace,
+                                   stakesOf(bets), QString::number(bets.size())));
 }
 
 bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed)
 {
+    const int race = session.settings.currentRace;
+    QList<Multibet> refunded;
+    for (const PlacedMultibet &bet : removed)
+        refunded.append(bet.bet);
     const auto withoutRemoved = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
         const MultibetTable bets = parseMultibets(bytes.toStdString());
         const std::vector<std::size_t> own = placesOf(bets, bettor);
@@ -152,6 +159,14 @@ bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &
         }
         return QByteArray::fromStdString(recordsWithout(bets.bytes, dropped));
     };
-    return changeTwins(session, RecordFile::Multibets, session.settings.currentRace, withoutRemoved,
-                       u"Multibets input"_s, u"Multibets output"_s, u"Multibetsbackup output"_s);
+    return changeWithCash(
+        session,
+        [&] {
+            return changeTwins(session, RecordFile::Multibets, race, withoutRemoved,
+                               u"Multibets input"_s, u"Multibets output"_s,
+                               u"Multibetsbackup output"_s);
+        },
+        [&] {
+            return stakeLines(session, CashKind::Refund, race, stakesOf(refunded), refundMultibets);
+        });
 }

@@ -60,7 +60,8 @@ double totalOf(const QList<Multibet> &bets);
 // its twin, a full one only after a copy went to Saved.
 MultibetTable loadOrCreateMultibets(Session &session);
 
-// Appends the bets to the file and to its twin, one write and flush each (label "Append Bets").
+// Appends the bets to the file and to its twin, one write and flush each (label "Append Bets"), and
+// to the cash journal.
 void appendMultibets(Session &session, std::span<const Multibet> bets);
 
 // A bettor's saved bet and its place among the bettor's bets in the file, from 0.
@@ -71,7 +72,7 @@ struct PlacedMultibet
 };
 
 // Reads the file again and rewrites it and its twin without exactly these bets of the bettor, after
-// a copy of both went to Saved. When a place now holds another bet, nothing is changed and the
-// result is false. All other lines stay byte for byte. When the twin could not be rewritten, the
-// bets are gone all the same: the error's aftermath says so.
+// a copy of both went to Saved, and writes the refund into the cash journal. When a place now holds
+// another bet, nothing is changed and the result is false. All other lines stay byte for byte. When
+// the twin could not be rewritten, the bets are gone all the same: the error's aftermath says so.
 bool removeMultibets(Session &session, int bettor, const QList<PlacedMultibet> &removed);

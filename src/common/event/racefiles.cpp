@@ -1,5 +1,6 @@
 #include "common/event/racefiles.h"
 
+#include "common/event/cashstakes.h"
 #include "common/event/filebatch.h"
 #include "common/event/twinfiles.h"
 
@@ -67,16 +68,24 @@ void AppendBet(Session &session, std::span<const Bet> bets)
         u"Betsbackup Append"_s);
 }
 
-bool removeBets(Session &session, const BetChoice &choose, const QString &label,
-                const QString &twinLabel)
+bool removeBets(Session &session, const BetChoice &choose, const QString &reason,
+                const QString &label, const QString &twinLabel)
 {
+    const int race = session.settings.currentRace;
+    StakesByBettor refunded;
     const auto withoutChosen = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
         const BetTable bets = parseBets(bytes.toStdString());
         const auto chosen = choose(bets);
         if (!chosen)
             return {};
+        refunded = stakesOf(bets, *chosen);
         return QByteArray::fromStdString(recordsWithout(bets.bytes, *chosen));
     };
-    return changeTwins(session, RecordFile::Bets, session.settings.currentRace, withoutChosen,
-                       u"Bets input"_s, label, twinLabel);
+    return changeWithCash(
+        session,
+        [&] {
+            return changeTwins(session, RecordFile::Bets, race, withoutChosen, u"Bets input"_s,
+                               label, twinLabel);
+        },
+        [&] { return stakeLines(session, CashKind::Refund, race, refunded, reason); });
 }

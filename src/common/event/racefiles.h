@@ -49,8 +49,9 @@ using BetChoice = std::function<std::optional<std::set<std::size_t>>(const BetTa
 
 // Reads the current race's bets afresh, and rewrites Bets and Betsbackup without those that
 // \a choose picks from what was read, after a copy of both went to Saved. All other lines stay byte
-// for byte. Returns false, and nothing is changed, when \a choose picks nothing at all. It may be
-// asked again, when another computer wrote to the file meanwhile.
-bool removeBets(Session &session, const BetChoice &choose,
+// for byte. The stakes go back to the bettors: the cash journal says so, with the \a reason.
+// Returns false, and nothing is changed, when \a choose picks nothing at all. It may be asked
+// again, when another computer wrote to the file meanwhile.
+bool removeBets(Session &session, const BetChoice &choose, const QString &reason,
                 const QString &label = QStringLiteral("Bets Output"),
                 const QString &twinLabel = QStringLiteral("Betsbackup Output"));

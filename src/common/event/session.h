@@ -8,8 +8,6 @@
 #include "common/event/settings.h"
 #include "common/files/hostpath.h"
 
-#include <QMap>
-
 // What one run of the program shares between its screens: made once in main, handed to every screen
 // by reference. What a screen reads for itself it keeps itself.
 struct Session
@@ -17,10 +15,9 @@ struct Session
     Settings settings;
     HostPaths paths;
     FileAccess files;
-    BettorTable bettors;                 // the list as last read, or as its screen is changing it
-    HorseTable horses;                   // of the race being paid
-    RacePayoffs payoffs;                 // while the pay-winners screen is open
-    int multibetHousePercent = 0;        // of every multibet pool, for this run
-    QMap<int, double> paidHousePercents; // by race: what Pay Winners paid it with in this run
-    QList<AddedBets> addedBets; // by the last transfer from a satellite; a row for each race
+    BettorTable bettors;          // the list as last read, or as its screen is changing it
+    HorseTable horses;            // of the race being paid
+    RacePayoffs payoffs;          // while the pay-winners screen is open
+    int multibetHousePercent = 0; // of every multibet pool, for this run
+    QList<AddedBets> addedBets;   // by the last transfer from a satellite; a row for each race
 };

@@ -4,10 +4,6 @@
 
 namespace {
 
-// A line that ends so is damaged, whatever stands before it: the quote opens a text that never
-// ends, or closes one that has more behind it.
-constexpr char tornMark[] = ",\"torn\r\n";
-
 std::string_view textOf(std::string_view line)
 {
     std::string_view text;

@@ -7,6 +7,10 @@
 // The end of a record file that does not end with a line end: a power failure or a pulled drive may
 // have cut its last record, and 10 dollars cut to 1 look as good as before.
 
+// A line that ends so is damaged, whatever stands before it: the quote opens a text that never
+// ends, or closes one that has more behind it.
+inline constexpr char tornMark[] = ",\"torn\r\n";
+
 enum class EndFate {
     Whole,     // no record is in question
     Taken,     // the last record stands as it is: there is no twin, or it ends the same way

@@ -3,6 +3,7 @@
 #include "common/event/settings.h"
 #include "payoff/parts/combinationgrid.h"
 #include "ui/controls.h"
+#include "ui/paidlist.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -21,9 +22,10 @@ using enum Combination;
 
 namespace {
 
-QListWidget *makeNameList(QWidget *parent, const QString &name, const QString &accessibleName)
+template<typename List>
+List *makeNameList(QWidget *parent, const QString &name, const QString &accessibleName)
 {
-    auto *list = new QListWidget(parent);
+    auto *list = new List(parent);
     list->setObjectName(name);
     list->setAccessibleName(accessibleName);
     scaleText(list, 1.15);
@@ -95,8 +97,8 @@ void PayForm::makeFields()
     fitCharacters(txtfactor, 5);
     payoffs = new CombinationGrid(1.5, this);
     txtbanner = makeBanner(this, u"txtbanner"_s, {});
-    lsthorses = makeNameList(this, u"lsthorses"_s, u"Horses of the race"_s);
-    lstwinners = makeNameList(this, u"lstwinners"_s, u"WINNING BETTORS"_s);
+    lsthorses = makeNameList<QListWidget>(this, u"lsthorses"_s, u"Horses of the race"_s);
+    lstwinners = makeNameList<PaidList>(this, u"lstwinners"_s, u"WINNING BETTORS"_s);
     lblnote = makeNoteLine(this);
 }
 
@@ -114,6 +116,8 @@ void PayForm::makeButtons()
          u"The selected horse came in first"_s},
         {&Self::cmdplace, u"cmdplace"_s, u"ENTER PLACE"_s, u"The selected horse came in second"_s},
         {&Self::cmdshow, u"cmdshow"_s, u"ENTER SHOW"_s, u"The selected horse came in third"_s},
+        {&Self::cmdsame, u"cmdsame"_s, u"Same As Before"_s,
+         u"Fill in the finishers and the house percentage that this race was settled with"_s},
         {&Self::cmdpayoff, u"cmdpayoff"_s, u"CALCULATE  PAYOFF"_s,
          u"Calculate the payoffs and list the winning bettors"_s},
         {&Self::cmd532, u"cmd532"_s, u"CALCULATE 532  PAYOFF"_s,
@@ -124,6 +128,8 @@ void PayForm::makeButtons()
          u"Select the race again to end the use of the track's payoffs"_s},
         {&Self::cmdpay, u"cmdpay"_s, u"PAY WINNER"_s,
          u"Calculate payoff amount, remove name from winner list"_s},
+        {&Self::cmdundo, u"cmdundo"_s, u"Undo Last Payment"_s,
+         u"Take back the last payment made on this computer"_s},
         {&Self::cmdreturn, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to the main menu"_s},
     };
     for (const auto &row : buttons)
@@ -131,9 +137,11 @@ void PayForm::makeButtons()
     enlarge(cmdusing, 1);
     enlarge(cmdpay, 1.1);
     enlarge(cmdreturn, 1.1);
-    QSizePolicy keepsPlace = cmdusing->sizePolicy();
-    keepsPlace.setRetainSizeWhenHidden(true);
-    cmdusing->setSizePolicy(keepsPlace);
+    for (QPushButton *button : {cmdusing, cmdsame}) {
+        QSizePolicy keepsPlace = button->sizePolicy();
+        keepsPlace.setRetainSizeWhenHidden(true);
+        button->setSizePolicy(keepsPlace);
+    }
 }
 
 void PayForm::build()
@@ -144,9 +152,9 @@ void PayForm::build()
     middle->addWidget(buildPayoffs(), 1);
     middle->addWidget(buildTotals());
     auto *columns = new QHBoxLayout;
-    columns->addWidget(buildFinish(), 31);
-    columns->addLayout(middle, 44);
-    columns->addWidget(buildWinners(), 25);
+    columns->addWidget(buildFinish(), 28);
+    columns->addLayout(middle, 42);
+    columns->addWidget(buildWinners(), 30);
     auto *foot = new QHBoxLayout;
     foot->addLayout(buildGuidance(), 1);
     foot->addSpacing(12);
@@ -162,11 +170,26 @@ void PayForm::build()
     layout->addWidget(lblnote);
 
     QWidget *before = optrace->button(raceCount);
-    for (QWidget *next : std::initializer_list<QWidget *>{
-             lsthorses, cmdwinner, cmdplace, cmdshow, txthousepct, cmdpayoff, cmd532, cmdtrack,
-             cmdusing, payoffs->field(WinWin), payoffs->field(WinPlace), payoffs->field(WinShow),
-             payoffs->field(PlacePlace), payoffs->field(PlaceShow), payoffs->field(ShowShow),
-             lstwinners, cmdpay, cmdreturn}) {
+    for (QWidget *next : std::initializer_list<QWidget *>{lsthorses,
+                                                          cmdwinner,
+                                                          cmdplace,
+                                                          cmdshow,
+                                                          cmdsame,
+                                                          txthousepct,
+                                                          cmdpayoff,
+                                                          cmd532,
+                                                          cmdtrack,
+                                                          cmdusing,
+                                                          payoffs->field(WinWin),
+                                                          payoffs->field(WinPlace),
+                                                          payoffs->field(WinShow),
+                                                          payoffs->field(PlacePlace),
+                                                          payoffs->field(PlaceShow),
+                                                          payoffs->field(ShowShow),
+                                                          lstwinners,
+                                                          cmdpay,
+                                                          cmdundo,
+                                                          cmdreturn}) {
         setTabOrder(before, next);
         before = next;
     }
@@ -194,6 +217,7 @@ QWidget *PayForm::buildFinish()
     layout->addWidget(txthorse);
     layout->addWidget(lsthorses, 1);
     layout->addLayout(grid);
+    layout->addWidget(cmdsame);
     return group;
 }
 
@@ -217,6 +241,7 @@ QWidget *PayForm::buildPayoffs()
 
     lblpays = makeShortLabel(group, u"lblpays"_s);
     enlarge(lblpays, 1.15);
+    lblrace2 = makeLabel(group, u"lblrace2"_s, {}, u"What $2 pay in this race"_s, true);
     auto *totals = new QGridLayout;
     lbltotals = makeHeading(group, u"lbltotals"_s, {});
     totals->addWidget(lbltotals, 0, 0, 1, 4);
@@ -234,6 +259,7 @@ QWidget *PayForm::buildPayoffs()
     layout->addStretch();
     layout->addWidget(lblpays);
     layout->addWidget(payoffs);
+    layout->addWidget(lblrace2);
     layout->addStretch();
     layout->addLayout(totals);
     return group;
@@ -263,13 +289,15 @@ QWidget *PayForm::buildWinners()
     factor->addWidget(txtfactor);
     factor->addStretch();
     auto *amount = new QHBoxLayout;
-    amount->addWidget(makeHeading(group, u"lbltotalr"_s, u"PAY"_s));
+    lbltotalr = makeHeading(group, u"lbltotalr"_s, u"PAY"_s);
+    amount->addWidget(lbltotalr);
     amount->addWidget(txttotalr, 1);
     auto *layout = new QVBoxLayout(group);
     layout->addWidget(makeHeading(group, u"lblwinners"_s, u"WINNING BETTORS"_s));
     layout->addWidget(lstwinners, 1);
     layout->addWidget(lblowed);
     layout->addWidget(cmdpay);
+    layout->addWidget(cmdundo);
     layout->addLayout(factor);
     layout->addWidget(txtwinnername);
     layout->addLayout(amount);

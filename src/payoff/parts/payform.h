@@ -13,6 +13,7 @@ class QListWidget;
 class QPushButton;
 class QStackedWidget;
 class CombinationGrid;
+class PaidList;
 
 // The form of the pay-winners screen: its controls, their places and what they call.
 class PayForm : public QWidget
@@ -41,12 +42,14 @@ protected:
 
     QLineEdit *txthousepct;
     QLineEdit *txthousetot;
+    QPushButton *cmdsame; // visible for a race that was settled before
     QPushButton *cmdpayoff;
     QPushButton *cmd532;
     QPushButton *cmdtrack;
     QPushButton *cmdusing;
     QLabel *lblpays;
     CombinationGrid *payoffs;
+    QLabel *lblrace2; // the race's $2 payoffs, also while the fields show a bettor's amounts
     QLabel *lbltotals;
     std::array<QLabel *, finishCount + 1> lbltotal;
     QLineEdit *txtwintotal;
@@ -54,11 +57,13 @@ protected:
     QLineEdit *txtshowtotal;
     QLineEdit *txttotaltotal;
 
-    QListWidget *lstwinners;
+    PaidList *lstwinners;
     QPushButton *cmdpay;
+    QPushButton *cmdundo;
     QLabel *lblowed;
     QLineEdit *txtwinnername;
     QLineEdit *txtfactor;
+    QLabel *lbltotalr; // what txttotalr shows: PAY or PAID
     QLineEdit *txttotalr;
 
     QLineEdit *txtbet;

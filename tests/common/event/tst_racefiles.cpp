@@ -1,3 +1,4 @@
+#include "common/event/cashjournal.h"
 #include "kit/testkit.h"
 
 // The current race's files as screens load and save them.
@@ -71,9 +72,10 @@ private slots:
             LoadRaceBets(event.session);
             // Another computer's bets are in the file by now; the removal reads it again.
             event.writeTwins(u"Bets Race1"_s, before);
-            removeBets(event.session, [](const BetTable &bets) {
+            const auto ofBettor2 = [](const BetTable &bets) {
                 return placesWhere(bets, [&](const BetRow &bet) { return bets.isBetOf(bet, 2); });
-            });
+            };
+            removeBets(event.session, ofBettor2, refundPriorBets);
             QCOMPARE(event.readTwins(u"Bets Race1"_s), after);
             for (const QString &twin : TestEvent::twins(u"Bets Race1"_s))
                 QCOMPARE(event.savedCopies(twin), QByteArrayList{before});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/event/exactmoney.h"
 #include "common/event/racepayoffs.h"
 
 #include <array>
@@ -21,3 +22,16 @@ struct SlipPayoff
 
 // Each stake times its payoff per $1, multiplied in double precision.
 SlipPayoff slipPayoff(const SlipAmounts &stakes, const CombinationAmounts &perDollar);
+
+// What one bettor collects.
+struct Payment : SlipPayoff
+{
+    CombinationAmounts stakes; // dollars bet
+    double rounded = 0;        // by the event's rounding step
+
+    // What goes over the counter: whole cents.
+    ExactMoney cash() const { return wholeCents(exactMoney(rounded)); }
+};
+
+Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
+                   int roundingIndex);

@@ -1,7 +1,8 @@
-#include "payoff/slippayoff.h"
+#include "common/event/slippayoff.h"
 
-#include "payoff/rounding.h"
+#include "common/event/rounding.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 using enum Combination;
@@ -22,4 +23,14 @@ SlipPayoff slipPayoff(const SlipAmounts &stakes, const CombinationAmounts &perDo
     for (const double horse : payoff.horseTotals)
         payoff.total = exactSum(payoff.total, horse);
     return payoff;
+}
+
+Payment paymentFor(const CombinationAmounts &stakes, const CombinationAmounts &payoffs,
+                   int roundingIndex)
+{
+    SlipAmounts dollars;
+    std::ranges::transform(stakes, dollars.begin(), [](float stake) { return double(stake); });
+    Payment payment{slipPayoff(dollars, payoffs), stakes};
+    payment.rounded = rounding(payment.total, roundingIndex);
+    return payment;
 }

@@ -1,4 +1,4 @@
-#include "payoff/rounding.h"
+#include "common/event/rounding.h"
 
 #include <cmath>
 
