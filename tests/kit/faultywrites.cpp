@@ -36,55 +36,10 @@ bool isLockFile(std::string_view path)
     return path.ends_with("Trelawn.lock");
 }
 
-void countCall()
-{
-    ++allCalls;
-    lockedCalls += isLocked ? 1 : 0;
-}
-
-bool isCounted(const char *path)
-{
-    return counting && path && std::string_view(path).starts_with(countedFolder);
-}
-
-void countPath(const char *path)
-{
-    if (isCounted(path))
-        countCall();
-}
-
-void countHandle(int handle)
-{
-    if (counting && countedHandles.contains(handle))
-        countCall();
-}
-
-int openCounted(int folder, const char *path, int flags, mode_t mode)
-{
-    const int handle = int(syscall(SYS_openat, folder, path, flags, mode));
-    if (isCounted(path)) {
-        countCall();
-        if (handle >= 0)
-            countedHandles.insert(handle);
-        if (handle >= 0 && (flags & O_EXCL) && isLockFile(path))
-            isLocked = true;
-    }
-    return handle;
-}
-
 enum class Verdict { Works, Fails, HalfOnly };
-
-// Sockets, pipes and terminals stay out of it.
-bool isOnDisk(int handle)
-{
-    struct stat status = {};
-    return fstat(handle, &status) == 0 && (S_ISREG(status.st_mode) || S_ISDIR(status.st_mode));
-}
 
 Verdict nextCall(bool isWrite)
 {
-    if (!armed)
-        return Verdict::Works;
     const int left = --callsLeft;
     if (left > 0)
         return Verdict::Works;
@@ -115,27 +70,37 @@ Verdict nextCall(bool isWrite)
     return Verdict::Fails;
 }
 
-int unlessFaulty(bool counted, const auto &call)
+enum class Kind { Looks, Changes, Writes };
+
+Verdict judge(bool isCounted, Kind kind)
 {
-    return counted && nextCall(false) == Verdict::Fails ? -1 : int(call());
+    allCalls += isCounted ? 1 : 0;
+    lockedCalls += isCounted && isLocked ? 1 : 0;
+    return armed && kind != Kind::Looks ? nextCall(kind == Kind::Writes) : Verdict::Works;
 }
 
-ssize_t writeUnlessFaulty(int handle, size_t size, const auto &call)
+// Sockets, pipes and terminals stay out of it.
+Verdict judge(int handle, Kind kind)
 {
-    countHandle(handle);
-    switch (armed && isOnDisk(handle) ? nextCall(true) : Verdict::Works) {
-    case Verdict::Fails:
-        return -1;
-    case Verdict::HalfOnly: {
-        const long written = call(size / 2);
-        if (currentFault == Fault::Exit)
-            _exit(diedStatus);
-        return written;
-    }
-    case Verdict::Works:
-        break;
-    }
-    return call(size);
+    struct stat status = {};
+    const bool onDisk = (armed || counting) && syscall(SYS_fstat, handle, &status) == 0
+                        && (S_ISREG(status.st_mode) || S_ISDIR(status.st_mode));
+    return onDisk ? judge(counting && countedHandles.contains(handle), kind) : Verdict::Works;
+}
+
+bool isCounted(const char *path)
+{
+    return counting && std::string_view(path).starts_with(countedFolder);
+}
+
+Verdict judge(const char *path, Kind kind)
+{
+    return judge(isCounted(path), kind);
+}
+
+int unlessFaulty(auto file, Kind kind, const auto &call)
+{
+    return judge(file, kind) == Verdict::Fails ? -1 : int(call());
 }
 
 } // namespace
@@ -145,39 +110,44 @@ extern "C" {
 
 ssize_t write(int handle, const void *bytes, size_t size)
 {
-    return writeUnlessFaulty(handle, size,
-                             [=](size_t n) { return syscall(SYS_write, handle, bytes, n); });
+    const Verdict verdict = judge(handle, Kind::Writes);
+    if (verdict == Verdict::Fails)
+        return -1;
+    const size_t part = verdict == Verdict::HalfOnly ? size / 2 : size;
+    const long written = syscall(SYS_write, handle, bytes, part);
+    if (verdict == Verdict::HalfOnly && currentFault == Fault::Exit)
+        _exit(diedStatus);
+    return written;
 }
 
 // Flushes are counted but never reach the disk: no test outlives a power cut, and waiting for the
 // disk hundreds of times would be most of a test's time.
 int fsync(int handle)
 {
-    countHandle(handle);
-    return unlessFaulty(armed && isOnDisk(handle), [] { return 0; });
+    return unlessFaulty(handle, Kind::Changes, [] { return 0; });
 }
 
 int ftruncate(int handle, off_t size) noexcept
 {
-    countHandle(handle);
-    return unlessFaulty(armed && isOnDisk(handle),
+    return unlessFaulty(handle, Kind::Changes,
                         [=] { return syscall(SYS_ftruncate, handle, size); });
 }
 
 // Giving the lock back never fails: its file would keep every later round waiting.
 int unlink(const char *path) noexcept
 {
-    countPath(path);
+    const Kind kind = isLockFile(path) ? Kind::Looks : Kind::Changes;
+    const int result = unlessFaulty(path, kind, [=] { return syscall(SYS_unlink, path); });
     isLocked &= !isLockFile(path);
-    return unlessFaulty(armed && !isLockFile(path), [=] { return syscall(SYS_unlink, path); });
+    return result;
 }
 
 int renameat2(int fromFolder, const char *from, int toFolder, const char *to,
               unsigned flags) noexcept
 {
-    countPath(to);
-    return unlessFaulty(
-        true, [=] { return syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags); });
+    return unlessFaulty(to, Kind::Changes, [=] {
+        return syscall(SYS_renameat2, fromFolder, from, toFolder, to, flags);
+    });
 }
 
 int rename(const char *from, const char *to) noexcept
@@ -187,8 +157,7 @@ int rename(const char *from, const char *to) noexcept
 
 int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
 {
-    countPath(to);
-    return unlessFaulty(true,
+    return unlessFaulty(to, Kind::Changes,
                         [=] { return syscall(SYS_linkat, fromFolder, from, toFolder, to, flags); });
 }
 
@@ -203,12 +172,18 @@ int open(const char *path, int flags, ...)
     va_start(rest, flags);
     const mode_t mode = (flags & O_CREAT) ? va_arg(rest, mode_t) : 0;
     va_end(rest);
-    return openCounted(AT_FDCWD, path, flags, mode);
+    judge(path, Kind::Looks);
+    const int handle = int(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+    if (handle >= 0 && isCounted(path)) {
+        countedHandles.insert(handle);
+        isLocked |= (flags & O_EXCL) && isLockFile(path);
+    }
+    return handle;
 }
 
 int close(int handle)
 {
-    countHandle(handle);
+    judge(handle, Kind::Looks);
     if (counting)
         countedHandles.erase(handle);
     return int(syscall(SYS_close, handle));
@@ -216,46 +191,42 @@ int close(int handle)
 
 ssize_t read(int handle, void *bytes, size_t size)
 {
-    countHandle(handle);
+    judge(handle, Kind::Looks);
     return syscall(SYS_read, handle, bytes, size);
 }
 
 ssize_t pread(int handle, void *bytes, size_t size, off_t offset)
 {
-    countHandle(handle);
+    judge(handle, Kind::Looks);
     return syscall(SYS_pread64, handle, bytes, size, offset);
 }
 
 int fstat(int handle, struct stat *status) noexcept
 {
-    countHandle(handle);
-    return int(syscall(SYS_fstat, handle, status));
+    return unlessFaulty(handle, Kind::Looks, [=] { return syscall(SYS_fstat, handle, status); });
 }
 
 int stat(const char *path, struct stat *status) noexcept
 {
-    countPath(path);
-    return int(syscall(SYS_newfstatat, AT_FDCWD, path, status, 0));
+    return unlessFaulty(path, Kind::Looks, [=] { return syscall(SYS_stat, path, status); });
 }
 
 int statx(int folder, const char *path, int flags, unsigned mask, struct statx *status) noexcept
 {
-    countPath(path);
-    if (*path == '\0')
-        countHandle(folder);
+    *path ? judge(path, Kind::Looks) : judge(folder, Kind::Looks);
     return int(syscall(SYS_statx, folder, path, flags, mask, status));
 }
 
 int access(const char *path, int mode) noexcept
 {
-    countPath(path);
-    return int(syscall(SYS_faccessat, AT_FDCWD, path, mode));
+    return unlessFaulty(path, Kind::Looks,
+                        [=] { return syscall(SYS_faccessat, AT_FDCWD, path, mode); });
 }
 
 int mkdir(const char *path, mode_t mode) noexcept
 {
-    countPath(path);
-    return int(syscall(SYS_mkdirat, AT_FDCWD, path, mode));
+    return unlessFaulty(path, Kind::Looks,
+                        [=] { return syscall(SYS_mkdirat, AT_FDCWD, path, mode); });
 }
 
 int fdatasync(int handle) __attribute__((alias("fsync")));
