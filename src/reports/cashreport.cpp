@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -27,29 +28,41 @@ std::vector<CashLine> emptyLines()
     return lines;
 }
 
-// A card on which no horse was entered says nothing about who runs.
-bool cardIsEmpty(const HorseTable &horses)
+// The posts that a horse runs from. A card on which no horse was entered says nothing about them.
+class RunningPosts
 {
-    return std::ranges::all_of(horses, isUnused);
-}
+public:
+    explicit RunningPosts(const HorseTable &horses)
+        : m_isKnown(!std::ranges::all_of(horses, isUnused))
+    {
+        for (const Horse &horse : horses)
+            m_runs[std::size_t(horse.post)] = !isUnused(horse);
+    }
 
-bool runs(const HorseTable &horses, int post)
-{
-    return cardIsEmpty(horses) || (post >= 1 && post <= postCount && !isUnused(horses.post(post)));
-}
+    bool contains(int post) const
+    {
+        return !m_isKnown || (post >= 1 && post <= postCount && m_runs[std::size_t(post)]);
+    }
+
+private:
+    std::array<bool, postCount + 1> m_runs{};
+    bool m_isKnown;
+};
 
 // Adds the money of records up, race by race.
 class CashCounter
 {
 public:
     CashCounter(const std::vector<RaceRecords> &races, const BettorTable &bettors)
-        : m_races(races)
-        , m_bettorCount(bettors.highestNumber())
+        : m_bettorCount(bettors.highestNumber())
     {
+        for (const RaceRecords &race : races)
+            m_running.emplace(race.race, race.horses);
     }
 
     void countBets(const RaceRecords &race, RaceCash &cash, EveningCash &evening) const
     {
+        const RunningPosts &running = m_running.at(race.race);
         for (const BetRow &row : race.bets.rows) {
             const auto amount = double(row.bet.amount);
             if (row.damaged || std::abs(amount) > highestAmount) {
@@ -62,7 +75,7 @@ public:
             }
             CashLine &line = cash.types[std::size_t(row.bet.type) - 1];
             line.taken += exactMoney(amount);
-            if (!runs(race.horses, int(row.bet.post)))
+            if (!running.contains(int(row.bet.post)))
                 line.withoutHorse += exactMoney(amount);
         }
     }
@@ -99,14 +112,14 @@ private:
     {
         for (int leg = 0; leg < type.lines; ++leg) {
             const int legRace = type.races ? race + leg : race;
-            const auto found = std::ranges::find(m_races, legRace, &RaceRecords::race);
-            if (found != m_races.end() && !runs(found->horses, bet.posts[std::size_t(leg)]))
+            const auto found = m_running.find(legRace);
+            if (found != m_running.end() && !found->second.contains(bet.posts[std::size_t(leg)]))
                 return false;
         }
         return true;
     }
 
-    const std::vector<RaceRecords> &m_races;
+    std::map<int, RunningPosts> m_running; // by race
     int m_bettorCount;
 };
 

@@ -86,6 +86,16 @@ public:
     }
 
 private:
+    // Words are made for those that are shown alone.
+    bool isWorded()
+    {
+        constexpr qsizetype most = 40;
+        if (m_till.disagreements.size() < most)
+            return true;
+        ++m_till.moreDisagreements;
+        return false;
+    }
+
     void disagree(const QString &text)
     {
         m_till.disagreements += u"Race "_s + QString::number(m_till.race) + u": "_s + text;
@@ -97,7 +107,7 @@ private:
         for (auto stake = written.cbegin(); stake != written.cend(); ++stake)
             difference[stake.key()] -= *stake;
         for (auto bettor = difference.cbegin(); bettor != difference.cend(); ++bettor) {
-            if (bettor.key() != 0 && *bettor != 0)
+            if (bettor.key() != 0 && *bettor != 0 && isWorded())
                 disagree(m_names.listed(bettor.key()) + u" has "_s + what + u" of "_s
                          + raceDollars(onFile.value(bettor.key()))
                          + u" on file, the journal says "_s
@@ -145,9 +155,11 @@ private:
                 paymentFor(winner.stakes, settled.payoffs.perDollar, settled.roundingIndex);
             weigh(winner.number, payment.cash(), exactMoney(payment.total));
         }
-        for (auto paid = m_paid.cbegin(); paid != m_paid.cend(); ++paid)
-            disagree(m_names.listed(paid.key()) + u" was paid "_s + raceDollars(*paid)
-                     + u", but has not won by the last settlement."_s);
+        for (auto paid = m_paid.cbegin(); paid != m_paid.cend(); ++paid) {
+            if (isWorded())
+                disagree(m_names.listed(paid.key()) + u" was paid "_s + raceDollars(*paid)
+                         + u", but has not won by the last settlement."_s);
+        }
     }
 
     // Compares what a winner is owed with what was paid.
@@ -169,7 +181,7 @@ private:
         const ExactMoney paid = m_paid.take(bettor);
         if (paid < rounded)
             m_till.unpaid.push_back({name, rounded - paid});
-        if (wasPaid && paid != rounded)
+        if (wasPaid && paid != rounded && isWorded())
             disagree(name + u" was paid "_s + raceDollars(paid) + u" and is owed "_s
                      + raceDollars(rounded) + u'.');
     }

@@ -56,7 +56,9 @@ struct RaceTill
     ExactMoney paid = 0;
     ExactMoney multibetsPaid = 0;
     std::vector<Unpaid> unpaid;
-    QStringList disagreements; // of the journals with the files and with themselves, in plain words
+    // Of the journals with the files and with themselves, in plain words; only so many are worded.
+    QStringList disagreements;
+    int moreDisagreements = 0;
 };
 
 std::vector<RaceTill> raceTills(const std::vector<RaceRecords> &races, const BettorTable &bettors,

@@ -132,6 +132,7 @@ QStringList tillRemarks(const CashJournal &journal, const std::vector<Till> &til
 {
     constexpr qsizetype most = 40;
     QStringList remarks;
+    qsizetype unworded = 0;
     for (const Till &till : tills) {
         if (!till.closedAt.isEmpty() && till.movedSinceClose > 0)
             remarks += till.computer + u" was closed at "_s + till.closedAt
@@ -142,9 +143,11 @@ QStringList tillRemarks(const CashJournal &journal, const std::vector<Till> &til
     if (journal.lines.empty())
         remarks += u"No cash journal was kept in this event directory."_s;
     else
-        for (const RaceTill &race : races)
+        for (const RaceTill &race : races) {
             remarks += race.disagreements;
-    if (const qsizetype more = remarks.size() - most; more > 0)
+            unworded += race.moreDisagreements;
+        }
+    if (const qsizetype more = remarks.size() - most + unworded; remarks.size() > most)
         remarks =
             remarks.first(most) + QStringList{u"And "_s + QString::number(more) + u" more."_s};
     if (!remarks.isEmpty())

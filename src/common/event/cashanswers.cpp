@@ -36,8 +36,9 @@ public:
 
     bool contains(const CashEntry &line) const
     {
-        return m_payments.contains(
-            {line.computer, line.turn, line.bettor, cashKindWord(line.kind)});
+        return !m_payments.empty()
+               && m_payments.contains(
+                   {line.computer, line.turn, line.bettor, cashKindWord(line.kind)});
     }
 
 private:

@@ -242,6 +242,7 @@ QStringList cashFiles(const Session &session)
 CashJournal readCashJournal(const Session &session)
 {
     CashJournal journal;
+    std::vector<RecordField> fields;
     for (const QString &path : cashFiles(session)) {
         const QString computer = QFileInfo(path).fileName().mid(fileStart.size());
         QByteArray bytes;
@@ -253,7 +254,7 @@ CashJournal readCashJournal(const Session &session)
         const qsizetype end = bytes.lastIndexOf('\n') + 1;
         journal.damaged += end < bytes.size() ? 1 : 0;
         forEachRecord(view(bytes).substr(0, std::size_t(end)), [&](std::string_view record) {
-            auto line = parseCash(record);
+            auto line = parseCash(record, fields);
             if (!line && record == loneTornMark)
                 return;
             if (!line)
@@ -306,9 +307,14 @@ QByteArray cashRecord(const CashEntry &line)
 
 std::optional<CashEntry> parseCash(std::string_view record)
 {
+    std::vector<RecordField> fields;
+    return parseCash(record, fields);
+}
+
+std::optional<CashEntry> parseCash(std::string_view record, std::vector<RecordField> &fields)
+{
     constexpr int anyNumber = std::numeric_limits<int>::max();
     constexpr std::size_t timeLength = 16; // up to the minutes
-    std::vector<RecordField> fields;
     if (!splitRecord(record, fields) || fields.size() < commonFields)
         return {};
     const auto kind = placeOf(kindWords, fields[1].text);

@@ -3,6 +3,7 @@
 #include "common/event/exactmoney.h"
 #include "common/event/racepayoffs.h"
 #include "common/event/session.h"
+#include "common/files/recordlines.h"
 
 #include <QString>
 
@@ -102,3 +103,6 @@ bool recordCash(Session &session, std::vector<CashEntry> lines);
 // The record of a line, with its line end; and the line of a record, or nothing when it is damaged.
 QByteArray cashRecord(const CashEntry &line);
 std::optional<CashEntry> parseCash(std::string_view record);
+
+// The same; \a fields is room that the lines of a file share.
+std::optional<CashEntry> parseCash(std::string_view record, std::vector<RecordField> &fields);

@@ -2,6 +2,8 @@
 
 #include "common/event/bettors.h"
 
+#include <QHash>
+
 namespace {
 
 // Of a record's bettor field, which may hold anything.
@@ -11,7 +13,7 @@ int bettorOf(float number)
     return number >= 1 && number <= most && number == float(int(number)) ? int(number) : 0;
 }
 
-void addStake(StakesByBettor &stakes, const BetRow &row)
+void addStake(auto &stakes, const BetRow &row)
 {
     if (!row.damaged)
         stakes[bettorOf(row.bet.bettor)] += exactMoney(row.bet.amount);
@@ -21,9 +23,12 @@ void addStake(StakesByBettor &stakes, const BetRow &row)
 
 StakesByBettor stakesOf(const BetTable &bets)
 {
-    StakesByBettor stakes;
+    QHash<int, ExactMoney> sums; // a full race has many rows
     for (const BetRow &row : bets.rows)
-        addStake(stakes, row);
+        addStake(sums, row);
+    StakesByBettor stakes;
+    for (const auto &[bettor, dollars] : sums.asKeyValueRange())
+        stakes.insert(bettor, dollars);
     return stakes;
 }
 

@@ -11,6 +11,7 @@
 #include <QSaveFile>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <cerrno>
 
 using namespace Qt::StringLiterals;
@@ -172,6 +173,10 @@ QByteArray quotedField(const QString &text)
 
 QString decodeText(std::string_view bytes)
 {
+    // Nearly every name is plain.
+    const auto isPlain = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+    if (std::ranges::all_of(bytes, isPlain))
+        return QString::fromLatin1(bytes.data(), qsizetype(bytes.size()));
     // Stateless, so that a letter cut off at the end counts as an error too.
     QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
     QString text = utf8.decode(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
