@@ -13,10 +13,10 @@ public:
     QString sign() const { return m_minus ? QStringLiteral("-") : QStringLiteral("+"); }
 
     // A preset sets the amount, whatever the sign shows.
-    void set(float dollars) { m_value = dollars; }
+    void set(float dollars);
 
     // Adds, or subtracts while the sign shows "-".
-    void step(float dollars) { m_value += m_minus ? -dollars : dollars; }
+    void step(float dollars);
 
     // A press on an add-amount cell: steps by the number it shows; one that shows "Clear Bet
     // Amount" sets the amount to 0 and the sign to "+".
@@ -25,7 +25,23 @@ public:
     // Turns the sign and negates the amount.
     void flipSign();
 
+    // Makes sign and amount both negative or both positive.
+    void setSign(bool minus);
+
+    // Types the amount: a digit or the decimal point. The first one after the end of typing begins
+    // a new amount; one that would make more than 99999.99, or cents of cents, is not taken.
+    void type(QChar key);
+
+    // Takes the last typed key back; without any left the amount is the one before typing.
+    void takeBack();
+
+    void endTyping() { m_typed.clear(); }
+
 private:
+    void showTyped();
+
+    QString m_typed;
+    float m_beforeTyping = 0;
     float m_value = 1;
     bool m_minus = false;
 };

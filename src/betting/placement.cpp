@@ -50,14 +50,18 @@ void BetEntries::add(int post, BetType type, float dollars)
     m_entered[cell(post, type)] = true;
 }
 
+void BetEntries::remove(int post, BetType type)
+{
+    m_amounts[cell(post, type)] = 0;
+    m_entered[cell(post, type)] = false;
+}
+
 void BetEntries::removeUnused(const HorseTable &horses)
 {
     for (const Horse &horse : horses) {
         for (const BetType type : allBetTypes) {
-            if (isUnused(horse)) {
-                m_amounts[cell(horse.post, type)] = 0;
-                m_entered[cell(horse.post, type)] = false;
-            }
+            if (isUnused(horse))
+                remove(horse.post, type);
         }
     }
 }

@@ -25,6 +25,9 @@ public:
     void add(int post, BetType type, float dollars);
     void clear() { *this = {}; }
 
+    // Empties one cell.
+    void remove(int post, BetType type);
+
     // Takes the entries off posts that no horse runs from.
     void removeUnused(const HorseTable &horses);
 

@@ -35,10 +35,7 @@ BettorSearch::BettorSearch(Typing typing, const QString &resetCaption, const QSt
     layout->addWidget(cmdreset);
 
     connect(txtname, &QLineEdit::textEdited, this, &BettorSearch::search);
-    connect(txtname, &QLineEdit::returnPressed, this, [this] {
-        if (!txtname->text().isEmpty())
-            choose(lstentries->currentRow());
-    });
+    connect(txtname, &QLineEdit::returnPressed, this, &BettorSearch::chooseFound);
     connect(lstentries, &QListWidget::itemClicked, this,
             [this](QListWidgetItem *item) { choose(lstentries->row(item)); });
     connect(cmdreset, &QPushButton::clicked, this, &BettorSearch::resetRequested);
@@ -67,10 +64,12 @@ void BettorSearch::reset()
 void BettorSearch::focusSearch()
 {
     txtname->setFocus();
+    txtname->selectAll();
 }
 
 void BettorSearch::search(const QString &typed)
 {
+    m_wasStepped = false;
     const QString text = typed.toUpper();
     if (txtname->text() != text)
         txtname->setText(text);
@@ -113,15 +112,26 @@ void BettorSearch::step(int direction)
     int row = lstentries->currentRow() + direction;
     while (lstentries->item(row) && lstentries->item(row)->isHidden())
         row += direction;
-    if (lstentries->item(row))
+    if (lstentries->item(row)) {
+        m_wasStepped = true;
         moveTo(row);
+    }
 }
 
-void BettorSearch::choose(int row)
+void BettorSearch::chooseFound()
+{
+    const int row = lstentries->currentRow();
+    if (txtname->text().isEmpty() || row < 0)
+        return;
+    const bool isMeant = m_wasStepped || m_keys[row].startsWith(searchKey(txtname->text()));
+    choose(row, isMeant ? QString() : txtname->text());
+}
+
+void BettorSearch::choose(int row, const QString &missed)
 {
     const QListWidgetItem *item = lstentries->item(row);
     if (item && !item->isHidden())
-        emit selected(item->data(Qt::UserRole).toInt(), item->text());
+        emit selected(item->data(Qt::UserRole).toInt(), item->text(), missed);
 }
 
 bool BettorSearch::eventFilter(QObject *object, QEvent *event)

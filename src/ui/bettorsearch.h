@@ -31,12 +31,13 @@ public:
     // Empties the search text and goes back to the top of the whole list.
     void reset();
 
-    // Puts the cursor into the search field.
+    // Puts the cursor into the search field and selects what was typed there.
     void focusSearch();
 
 signals:
-    // A name was chosen.
-    void selected(int number, const QString &name);
+    // A name was chosen. When Enter took the next one because no name begins with what was typed,
+    // \a missed is what was typed.
+    void selected(int number, const QString &name, const QString &missed);
 
     // cmdreset: the owner reads the bettors again and calls setBettors.
     void resetRequested();
@@ -48,12 +49,14 @@ private:
     void search(const QString &typed);
     void moveTo(int row);
     void step(int direction);
-    void choose(int row);
+    void choose(int row, const QString &missed = {});
+    void chooseFound();
     int rowFor(const QString &key) const;
 
     Typing m_typing;
     QLineEdit *txtname;
     QListWidget *lstentries;
     QPushButton *cmdreset;
-    QStringList m_keys; // of the list's rows
+    QStringList m_keys;        // of the list's rows
+    bool m_wasStepped = false; // to the name that is marked, by arrow keys
 };

@@ -349,6 +349,52 @@ ClickCell::ClickCell(QWidget *parent)
     setContextMenuPolicy(Qt::NoContextMenu);
 }
 
+void ClickCell::setMark(const Mark &mark)
+{
+    if (m_mark == mark)
+        return;
+    m_mark = mark;
+    QPalette palette;
+    if (mark.tint.isValid())
+        palette.setColor(QPalette::Base, mark.tint);
+    setPalette(palette);
+    QFont font;
+    if (mark.isBold)
+        font.setBold(true);
+    setFont(font);
+    update();
+}
+
+void ClickCell::setHint(const QString &hint)
+{
+    m_hint = hint;
+    update();
+}
+
+void ClickCell::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    if (m_hint.isEmpty() && !m_mark.edge.isValid())
+        return;
+    QPainter painter(this);
+    const int gap = fontMetrics().height() / 5;
+    const QRect inside = rect().adjusted(gap, 0, -gap, 0);
+    if (!m_hint.isEmpty()) {
+        QFont small = font();
+        small.setPointSizeF(small.pointSizeF() * 0.7);
+        small.setBold(false);
+        painter.setFont(small);
+        painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, m_hint);
+    }
+    if (m_mark.edge.isValid()) {
+        painter.setPen(QPen(m_mark.edge, 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        painter.setFont(font());
+        painter.drawText(inside.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                         m_mark.sign);
+    }
+}
+
 void ClickCell::mousePressEvent(QMouseEvent *event)
 {
     setFocus(Qt::MouseFocusReason);

@@ -125,6 +125,20 @@ class ClickCell : public QLineEdit
 public:
     explicit ClickCell(QWidget *parent = nullptr);
 
+    // How a cell stands out. The sign at its left and the weight tell what the colours tell.
+    struct Mark
+    {
+        QColor tint;
+        QColor edge; // of the frame and the sign
+        QString sign = {};
+        bool isBold = false;
+        bool operator==(const Mark &) const = default;
+    };
+    void setMark(const Mark &mark); // an empty one for none
+
+    // A word in small letters in the cell's corner, such as the key that presses it.
+    void setHint(const QString &hint);
+
 signals:
     void clicked();
     void doubleClicked(); // after the second press's clicked
@@ -133,6 +147,11 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    Mark m_mark;
+    QString m_hint;
 };
 
 ClickCell *makeCell(QWidget *parent, const QString &name, const QString &toolTip = {});

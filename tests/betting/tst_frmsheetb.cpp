@@ -143,7 +143,8 @@ private slots:
         clickCells({u"txtnumber_23"_s});
         press(u"optrace_1"_s); // the race that is shown keeps what was entered for it
         QVERIFY(!text(u"txtnumber_23"_s).isEmpty());
-        press(u"optrace_2"_s);
+        press(u"optrace_2"_s, u"The bets on this sheet are not placed. Throw them away?"_s,
+              u"Bet Sheet"_s, Answer::Yes);
         QCOMPARE(text(u"txtbanner1"_s) + text(u"txthorse_1"_s), u" Race2Sea Hero"_s);
         QCOMPARE(text(u"txttotaltot"_s) + text(u"txtnumber_23"_s), QString());
         QCOMPARE(list(u"lstpriorbets"_s), QStringList{u"2B Sea Hero        $09.00 Place"_s});

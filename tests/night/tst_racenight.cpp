@@ -267,7 +267,7 @@ private slots:
         QCOMPARE(label(u"lblselected"_s), u"KING-ZOE"_s);
         pressKey(Qt::Key_Down);
         pressKey(Qt::Key_Down); // over the empty post
-        for (const Qt::Key key : {Qt::Key_4, Qt::Key_Space, Qt::Key_Right, Qt::Key_2, Qt::Key_Space,
+        for (const Qt::Key key : {Qt::Key_5, Qt::Key_Space, Qt::Key_Right, Qt::Key_2, Qt::Key_Space,
                                   Qt::Key_Minus, Qt::Key_Space, Qt::Key_Plus, Qt::Key_Space})
             pressKey(key);
         expect(u"Place these bets?"_s, u"Place Bets"_s, Answer::Yes);

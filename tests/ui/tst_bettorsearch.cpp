@@ -106,10 +106,10 @@ private slots:
     {
         Fixture fixture;
         selectInList(&fixture.search, u"lstentries"_s, u"BERTA"_s);
-        QCOMPARE(fixture.chosen.takeFirst(), (QVariantList{4, u"BERTA"_s}));
+        QCOMPARE(fixture.chosen.takeFirst(), (QVariantList{4, u"BERTA"_s, QString()}));
         QTest::keyClick(fixture.list, Qt::Key_Down);
         QTest::keyClick(fixture.list, Qt::Key_Return);
-        QCOMPARE(fixture.chosen.takeFirst(), (QVariantList{5, u"\u00c9MILE"_s}));
+        QCOMPARE(fixture.chosen.takeFirst(), (QVariantList{5, u"\u00c9MILE"_s, QString()}));
         QTest::keyClick(fixture.list, Qt::Key_Space);
         QCOMPARE(fixture.chosen.size(), 1);
     }

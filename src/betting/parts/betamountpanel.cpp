@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int presets[] = {1, 2, 3, 5, 10, 20};
+constexpr int presets[BetAmountPanel::presetCount] = {1, 2, 3, 5, 10, 20};
 constexpr float steps[] = {0.25F, 1, 5, 10};
 
 ClickCell *makeKey(QWidget *parent, const QString &name, const QString &text,
@@ -45,17 +45,18 @@ void BetAmountPanel::build(const QString &signToolTip)
     grid->setSpacing(4);
     txtplus = makeKey(this, u"txtplus"_s, m_amount.sign(), signToolTip);
     txtbetamt = makeKey(this, u"txtbetamt"_s, {}, u"Click to increase this amount by $1"_s);
-    enlarge(txtplus, 1.8);
-    enlarge(txtbetamt, 1.8);
+    enlarge(txtplus, 1.4);
+    enlarge(txtbetamt, 1.4);
     fitCharacters(txtplus, 2);
     // Widths are shared by the cells, not asked for by them.
     txtbetamt->setMinimumWidth(0);
     grid->addWidget(txtplus, 0, 0, 1, 2);
     grid->addWidget(txtbetamt, 0, 2, 1, 10);
-    for (int i = 0; i < int(std::size(presets)); ++i) {
+    for (int i = 0; i < presetCount; ++i) {
         const QString dollars = QString::number(presets[i]);
         ClickCell *preset =
             makeKey(this, memberName(u"txtone"_s, i), dollars, u"Make bet amount $"_s + dollars);
+        preset->setHint(QKeySequence(presetKey(i)).toString(QKeySequence::NativeText));
         connect(preset, &ClickCell::clicked, this, [this, i] { pressPreset(i); });
         grid->addWidget(preset, 1, 2 * i, 1, 2);
     }
@@ -105,8 +106,20 @@ void BetAmountPanel::pressPreset(int index)
     showAmount();
 }
 
-void BetAmountPanel::turnSign(bool minus)
+void BetAmountPanel::setSign(bool minus)
 {
-    if (m_amount.isMinus() != minus)
-        flipSign();
+    m_amount.setSign(minus);
+    showAmount();
+}
+
+void BetAmountPanel::type(QChar key)
+{
+    m_amount.type(key);
+    showAmount();
+}
+
+void BetAmountPanel::takeBack()
+{
+    m_amount.takeBack();
+    showAmount();
 }

@@ -16,11 +16,21 @@ public:
 
     float amount() const { return m_amount.value(); }
 
+    // The presets, and the key that presses the one at \a index.
+    static constexpr int presetCount = 6;
+    static Qt::Key presetKey(int index) { return Qt::Key(Qt::Key_F2 + index); }
+
     // What a click on preset \a index (0 to 5) does.
     void pressPreset(int index);
 
-    // Clicks the sign if it does not show \a minus yet.
-    void turnSign(bool minus);
+    // What keys do: make sign and amount negative or positive, type the amount, take the last
+    // typed key back.
+    void setSign(bool minus);
+    void type(QChar key);
+    void takeBack();
+
+    // The next key typed begins a new amount.
+    void endTyping() { m_amount.endTyping(); }
 
 private:
     void build(const QString &signToolTip);

@@ -27,19 +27,20 @@ QString numberText(bool entered, float dollars)
     return entered ? plainNumber(dollars) : QString();
 }
 
-QColor tintOf(EntryFate fate)
+// What a cell looks like tells what will become of it.
+ClickCell::Mark markOf(EntryFate fate)
 {
     switch (fate) {
     case EntryFate::StopsPlacing:
-        return {0xff, 0xb3, 0xa8};
+        return {QColor(0xff, 0xb3, 0xa8), QColor(0xa1, 0x16, 0x0e), u"!"_s, true};
     case EntryFate::Dropped:
-        return {0xff, 0xe8, 0x9c};
+        return {QColor(0xff, 0xe8, 0x9c), QColor(0x7d, 0x52, 0x00), u"\u00d7"_s, false};
     case EntryFate::PlacedButNotPaid:
-        return {0xff, 0xd0, 0x8a};
+        return {QColor(0xff, 0xd0, 0x8a), QColor(0x7d, 0x3a, 0x00), u"?"_s, true};
     case EntryFate::Placed:
         break;
     }
-    return {0xd3, 0xee, 0xd9};
+    return {QColor(0xd3, 0xee, 0xd9), QColor(0x1f, 0x6b, 0x3f), {}, true};
 }
 
 void tint(QWidget *cell, const QColor &color)
@@ -61,7 +62,7 @@ BetGrid::BetGrid(QWidget *parent)
     grid->setHorizontalSpacing(2);
     grid->setVerticalSpacing(0);
     grid->setColumnStretch(1, 1);
-    grid->setColumnMinimumWidth(1, fontMetrics().horizontalAdvance(u"MMMMMMMMMMM"_s));
+    grid->setColumnMinimumWidth(1, fontMetrics().horizontalAdvance(u"MMMMMMMMMMMM"_s));
     addHeadings(grid);
     for (int post = 1; post <= postCount; ++post)
         addRow(grid, post);
@@ -197,7 +198,6 @@ void BetGrid::setOdds(const std::array<std::string, postCount> &odds)
 
 void BetGrid::showEntries(const BetEntries &entries)
 {
-    const QColor empty = palette().color(QPalette::Base);
     std::array<bool, betColumns> columnEntered{};
     for (int post = 1; post <= postCount; ++post) {
         bool rowEntered = false;
@@ -205,9 +205,9 @@ void BetGrid::showEntries(const BetEntries &entries)
             const BetType type = betTypes[column];
             const bool entered = entries.isEntered(post, type);
             const float dollars = entries.amount(post, type);
-            QLineEdit *cell = txtnumber[std::size_t(columnBase[column] + post)];
+            ClickCell *cell = cellAt(post, int(column));
             cell->setText(numberText(entered, dollars));
-            tint(cell, entered && dollars != 0 ? tintOf(fateOf(dollars)) : empty);
+            cell->setMark(entered && dollars != 0 ? markOf(fateOf(dollars)) : ClickCell::Mark());
             rowEntered = rowEntered || entered;
             columnEntered[column] = columnEntered[column] || entered;
         }
@@ -254,6 +254,7 @@ void BetGrid::focusCell(int post, int column)
 {
     makeTabStop(cellAt(post, column));
     m_tabStop->setFocus(Qt::OtherFocusReason);
+    emit moved();
 }
 
 void BetGrid::focusFirstCell()
@@ -264,18 +265,26 @@ void BetGrid::focusFirstCell()
 
 void BetGrid::moveFocus(int rows, int columns)
 {
-    for (int offset = 0; offset < betColumns * postCount; ++offset) {
-        if (!txtnumber[std::size_t(columnBase[0] + 1 + offset)]->hasFocus())
-            continue;
-        int post = offset % postCount + 1;
-        const int column = offset / postCount + columns;
-        do
-            post += rows;
-        while (rows != 0 && post >= 1 && post <= postCount && !m_runs[std::size_t(post)]);
-        if (post >= 1 && post <= postCount && column >= 0 && column < betColumns)
-            focusCell(post, column);
+    const int offset = focusedCell();
+    if (offset < 0)
         return;
+    int post = offset % postCount + 1;
+    const int column = offset / postCount + columns;
+    do
+        post += rows;
+    while (rows != 0 && post >= 1 && post <= postCount && !m_runs[std::size_t(post)]);
+    if (post >= 1 && post <= postCount && column >= 0 && column < betColumns)
+        focusCell(post, column);
+}
+
+// Counted down the win column first; -1 when none has the keyboard.
+int BetGrid::focusedCell() const
+{
+    for (int offset = 0; offset < betColumns * postCount; ++offset) {
+        if (txtnumber[std::size_t(columnBase[0] + 1 + offset)]->hasFocus())
+            return offset;
     }
+    return -1;
 }
 
 void BetGrid::keyPressEvent(QKeyEvent *event)
@@ -289,6 +298,10 @@ void BetGrid::keyPressEvent(QKeyEvent *event)
         return moveFocus(0, -1);
     case Qt::Key_Right:
         return moveFocus(0, 1);
+    case Qt::Key_Delete:
+        if (const int offset = focusedCell(); offset >= 0)
+            emit emptied(offset % postCount + 1, betTypes[offset / postCount]);
+        return;
     default:
         event->ignore();
     }

@@ -30,6 +30,8 @@ public:
 
 signals:
     void cellClicked(int post, BetType type);
+    void emptied(int post, BetType type); // by the Delete key
+    void moved();                         // from cell to cell
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -41,6 +43,7 @@ private:
     void enter(int index, ClickCell *cell);
     void moveFocus(int rows, int columns);
     void focusCell(int post, int column);
+    int focusedCell() const;
     void makeTabStop(ClickCell *cell);
     ClickCell *cellAt(int post, int column) const;
     int firstPost() const;

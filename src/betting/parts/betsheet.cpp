@@ -124,8 +124,13 @@ void BetSheet::showOdds()
 // The race that is shown already keeps what was entered for it.
 void BetSheet::chooseRace(int race)
 {
-    if (race == m_context.session.settings.currentRace)
+    const int before = m_context.session.settings.currentRace;
+    if (race == before)
         return;
+    if (!mayThrowAway()) {
+        m_races->button(before)->setChecked(true);
+        return m_races->button(before)->setFocus();
+    }
     note({});
     m_context.session.settings.currentRace = race;
     trapped([&] { saveInit(m_context.session); });
@@ -136,20 +141,37 @@ void BetSheet::chooseRace(int race)
         showPrior({});
 }
 
-void BetSheet::chooseBettor(int number, const QString &name)
+// A bettor who was not the one that was typed is shown as doubtful, and the search goes on.
+void BetSheet::chooseBettor(int number, const QString &name, const QString &missed)
 {
-    note({});
+    note(missed.isEmpty() ? QString() : QString(u"No name begins with "_s + missed + u'.'));
     m_bettor = number;
     m_bettorName = name;
-    showBettor();
+    m_amount->endTyping();
+    showBettor(!missed.isEmpty());
     listPriorBets(number, name);
-    m_grid->focusFirstCell();
+    if (missed.isEmpty())
+        m_grid->focusFirstCell();
+    else
+        m_search->focusSearch();
 }
 
-void BetSheet::showBettor()
+void BetSheet::showBettor(bool isDoubtful)
 {
     lblselected->setText(m_bettor == 0 ? u"No bettor selected"_s : m_bettorName);
     lblselected->setEnabled(m_bettor != 0);
+    if (isDoubtful)
+        recolor(lblselected, {{QPalette::WindowText, QColor(0xa1, 0x16, 0x0e)}});
+    else
+        lblselected->setPalette({});
+}
+
+// What was entered is on no file yet.
+bool BetSheet::mayThrowAway()
+{
+    return m_entries.isEmpty()
+           || askYesNoCarefully(this, u"The bets on this sheet are not placed. Throw them away?"_s,
+                                u"Bet Sheet"_s);
 }
 
 void BetSheet::listPriorBets(int bettor, const QString &name)
@@ -174,12 +196,51 @@ void BetSheet::addEntry(int post, BetType type)
 {
     if (m_amount->amount() == 0)
         return;
+    m_amount->endTyping();
+    offerUndo(false);
     m_entries.add(post, type, m_amount->amount());
     showEntries();
 }
 
+void BetSheet::emptyEntry(int post, BetType type)
+{
+    if (!m_entries.isEntered(post, type))
+        return;
+    offerUndo(false);
+    m_entries.remove(post, type);
+    showEntries();
+}
+
+void BetSheet::clearSheet()
+{
+    if (m_entries.isEmpty())
+        return;
+    const BetEntries cleared = m_entries;
+    clearEntries();
+    m_cleared = cleared;
+    offerUndo(true);
+    note(u"The sheet is empty. Undo brings the entries back until the next one."_s);
+}
+
+void BetSheet::undo()
+{
+    if (!m_cleared)
+        return;
+    m_entries = *m_cleared;
+    offerUndo(false);
+    showEntries();
+}
+
+void BetSheet::offerUndo(bool isOffered)
+{
+    if (!isOffered)
+        m_cleared.reset();
+    cmdundo->setEnabled(isOffered);
+}
+
 void BetSheet::clearEntries()
 {
+    offerUndo(false);
     m_entries.clear();
     m_context.session.files.unsure.reset();
     m_grid->showEntries(m_entries);
@@ -419,10 +480,17 @@ void BetSheet::keyPressEvent(QKeyEvent *event)
     if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return event->ignore();
     const int key = event->key();
-    if (key >= Qt::Key_1 && key <= Qt::Key_6)
-        m_amount->pressPreset(key - Qt::Key_1);
+    const QString text = event->text();
+    const QChar typed = text.isEmpty() ? QChar() : text.front();
+    if (typed >= u'0' && typed <= u'9')
+        m_amount->type(typed);
+    else if (typed == u'.'
+             || typed == u',') // the number pad's key, whatever the keyboard's language
+        m_amount->type(u'.');
+    else if (key == Qt::Key_Backspace)
+        m_amount->takeBack();
     else if (key == Qt::Key_Plus || key == Qt::Key_Minus)
-        m_amount->turnSign(key == Qt::Key_Minus);
+        m_amount->setSign(key == Qt::Key_Minus);
     else
         event->ignore();
 }

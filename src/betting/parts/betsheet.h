@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 class BetAmountPanel;
@@ -15,6 +16,7 @@ class BetGrid;
 class BettorSearch;
 class PriorBetsPanel;
 class QButtonGroup;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -68,13 +70,18 @@ private:
     void loadRace();
     void showOdds();
     void loadBettorList();
-    void chooseBettor(int number, const QString &name);
+    void chooseBettor(int number, const QString &name, const QString &missed);
+    bool mayThrowAway();
     void listPriorBets(int bettor, const QString &name);
     void showPrior(const PriorBets &prior);
     void addEntry(int post, BetType type);
+    void emptyEntry(int post, BetType type);
     void clearEntries();
+    void clearSheet();
+    void undo();
+    void offerUndo(bool isOffered);
     void showEntries();
-    void showBettor();
+    void showBettor(bool isDoubtful = false);
     PlacementPlan plan() const;
     void place();
     bool bettorHolds();
@@ -97,7 +104,8 @@ private:
     BetEntries m_entries;
     int m_bettor = 0; // number of the selected bettor, 0 for none
     QString m_bettorName;
-    PriorBets m_prior; // the listed ones; they stay listed after a placement
+    std::optional<BetEntries> m_cleared; // what Undo brings back
+    PriorBets m_prior;                   // the listed ones; they stay listed after a placement
 
     BettorSearch *m_search;
     BetGrid *m_grid;
@@ -110,6 +118,8 @@ private:
     QLabel *lbltobeplaced;
     QPushButton *cmdplacebets;
     QPushButton *cmdclrentries;
+    QPushButton *cmdundo;
     QPushButton *cmdprint;
+    QHBoxLayout *m_gridFoot;
     QLabel *lblnote;
 };

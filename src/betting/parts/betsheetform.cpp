@@ -63,6 +63,13 @@ void BetSheet::build()
     columns->addWidget(buildBettorColumn(), 20);
     columns->addWidget(buildGridColumn(), 50);
     columns->addWidget(buildActionColumn(), 27);
+    // Made last, so that no Tab leads there on the way from the grid to the amount.
+    cmdclrentries =
+        makeButton(this, u"cmdclrentries"_s, u"Clear Sheet Entries"_s, u"Clear all bet entries"_s);
+    cmdundo = makeButton(this, u"cmdundo"_s, u"Undo"_s,
+                         u"Bring back the entries that were cleared last (Ctrl+Z)"_s);
+    m_gridFoot->addWidget(cmdclrentries);
+    m_gridFoot->addWidget(cmdundo);
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 6, 8, 4);
@@ -86,10 +93,10 @@ QWidget *BetSheet::buildHead()
     m_races = races.group;
     m_races->button(m_context.session.settings.currentRace)->setChecked(true);
     lblselected = makeShortLabel(head, u"lblselected"_s);
-    enlarge(lblselected, 2);
+    enlarge(lblselected, 1.7);
     lbltobeplaced = makeLabel(head, u"lbltobeplaced"_s, {},
                               u"What the bettor pays for the bets of this sheet"_s);
-    enlarge(lbltobeplaced, 1.6);
+    enlarge(lbltobeplaced, 2.4); // nothing on the screen is larger
     lbltobeplaced->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     auto *banners = new QHBoxLayout;
@@ -134,17 +141,19 @@ QWidget *BetSheet::buildGridColumn()
 {
     auto *column = new QWidget(this);
     m_grid = new BetGrid(column);
-    QLabel *lblkeys =
-        makeLabel(column, u"lblkeys"_s,
-                  u"Keys: arrows move, Space bets, 1-6 presets, + and - sign, Ctrl+Enter places, "
-                  "Esc finds a bettor"_s,
-                  {}, true);
+    QLabel *lblkeys = makeLabel(
+        column, u"lblkeys"_s,
+        u"Keys: digits type the amount, F2-F7 presets, + and - sign, arrows move, Space bets, "
+        "Del empties a cell, Ctrl+Enter places, Esc finds a bettor"_s,
+        {}, true);
     scaleText(lblkeys, 0.8);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     layout->addWidget(m_grid, 1);
-    layout->addWidget(lblkeys);
+    m_gridFoot = new QHBoxLayout;
+    m_gridFoot->addWidget(lblkeys, 1);
+    layout->addLayout(m_gridFoot);
     return column;
 }
 
@@ -156,8 +165,6 @@ QWidget *BetSheet::buildActionColumn()
                               u"Click to place bets entered on this screen"_s);
     enlarge(cmdplacebets, 1.3);
     makeHurried(cmdplacebets);
-    cmdclrentries = makeButton(column, u"cmdclrentries"_s, u"Clear Sheet Entries"_s,
-                               u"Clear all bet entries"_s);
     cmdprint = makeButton(column, u"cmdprint"_s, u"Receipts will not print"_s,
                           u"Click to turn bet receipt printing on or off"_s);
     m_priorPanel = new PriorBetsPanel(m_kind.deleteCaption, column);
@@ -165,11 +172,8 @@ QWidget *BetSheet::buildActionColumn()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(6);
     layout->addWidget(m_amount);
-    auto *sheetButtons = new QHBoxLayout;
     layout->addWidget(cmdplacebets);
-    sheetButtons->addWidget(cmdclrentries);
-    sheetButtons->addWidget(cmdprint);
-    layout->addLayout(sheetButtons);
+    layout->addWidget(cmdprint);
     layout->addWidget(m_priorPanel, 1);
     auto *exits = new QHBoxLayout;
     for (const BetSheetKind::Exit &exit : m_kind.exits)
@@ -183,8 +187,10 @@ QWidget *BetSheet::buildActionColumn()
 QPushButton *BetSheet::makeExit(QWidget *parent, const BetSheetKind::Exit &exit)
 {
     QPushButton *button = makeButton(parent, exit.button, exit.caption, exit.toolTip);
-    connect(button, &QPushButton::clicked, this,
-            [this, screen = exit.screen] { m_context.navigator.open(screen); });
+    connect(button, &QPushButton::clicked, this, [this, screen = exit.screen] {
+        if (mayThrowAway())
+            m_context.navigator.open(screen);
+    });
     return button;
 }
 
@@ -194,13 +200,13 @@ void BetSheet::connectControls()
     connect(m_search, &BettorSearch::selected, this, &BetSheet::chooseBettor);
     connect(m_search, &BettorSearch::resetRequested, this, &BetSheet::loadBettorList);
     connect(m_grid, &BetGrid::cellClicked, this, &BetSheet::addEntry);
+    connect(m_grid, &BetGrid::emptied, this, &BetSheet::emptyEntry);
+    connect(m_grid, &BetGrid::moved, this, [this] { m_amount->endTyping(); });
     connect(m_priorPanel, &PriorBetsPanel::deleteRequested, this, &BetSheet::deletePrior);
     connect(m_priorPanel, &PriorBetsPanel::receiptRequested, this, &BetSheet::printReceipt);
     connect(cmdplacebets, &QPushButton::clicked, this, &BetSheet::place);
-    connect(cmdclrentries, &QPushButton::clicked, this, [this] {
-        clearEntries();
-        note({});
-    });
+    connect(cmdclrentries, &QPushButton::clicked, this, &BetSheet::clearSheet);
+    connect(cmdundo, &QPushButton::clicked, this, &BetSheet::undo);
     connect(cmdprint, &QPushButton::clicked, this, &BetSheet::switchReceipts);
 
     const auto bind = [this](const QKeySequence &keys, auto handler) {
@@ -211,4 +217,9 @@ void BetSheet::connectControls()
     bind(QKeySequence(Qt::CTRL | Qt::Key_Return), &BetSheet::place);
     bind(QKeySequence(Qt::CTRL | Qt::Key_Enter), &BetSheet::place);
     bind(QKeySequence(Qt::Key_Escape), [this] { m_search->focusSearch(); });
+    bind(QKeySequence(Qt::CTRL | Qt::Key_Z), &BetSheet::undo);
+    for (int preset = 0; preset < BetAmountPanel::presetCount; ++preset) {
+        bind(QKeySequence(BetAmountPanel::presetKey(preset)),
+             [this, preset] { m_amount->pressPreset(preset); });
+    }
 }
