@@ -88,6 +88,8 @@ void frmbettorsb::build()
                            u"Delete selected bettor, returning any bets"_s);
     cmdclearbettors = makeButton(this, u"cmdclearbettors"_s, u"CLEAR ALL BETTORS"_s,
                                  u"Clear all bettors - must clear all bets first"_s);
+    warnOf(cmddelete);
+    warnOf(cmdclearbettors);
     cmdbetsheet =
         makeButton(this, u"cmdbetsheet"_s, u"Return to Bet Sheet"_s, u"Return to Bet Sheet"_s);
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"MAIN MENU"_s, u"Return to main menu"_s);

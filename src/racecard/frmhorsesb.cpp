@@ -158,7 +158,7 @@ void frmhorsesb::clearHorses()
 
 void frmhorsesb::scratchHorse()
 {
-    if (!askYesNo(this, u"Scratch a horse?"_s, u"Horses"_s))
+    if (!askYesNoCarefully(this, u"Scratch a horse?"_s, u"Horses"_s))
         return;
     const ScratchAnswer answer =
         scratchAnswer(askText(this, u"Enter post position to scratch"_s, u"Scratch"_s, u"0"_s));

@@ -170,6 +170,8 @@ QWidget *frmfixb::buildButtons()
                              u"Replace a file and its backup with the selected copy"_s);
         }
     }
+    for (QPushButton *button : {cmdupdate, cmdremmulti, cmdrbettor, cmdputback})
+        warnOf(button);
     cmdprint =
         makeButton(this, u"cmdprint"_s, u"Print Current List"_s, u"Print the current list"_s);
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return"_s, u"Return to main menu"_s);

@@ -163,6 +163,8 @@ QWidget *frminitb::buildNewEvent()
         group, u"cmdbettors"_s, u"Clear Bettors File"_s,
         u"Clears all names in the bettor file. Don't clear if you want to use the same bettor "
         "names in the next round - bettor names are entered/changed on the bettor update screen"_s);
+    for (QPushButton *button : {cmdbets, cmdhorses, cmdbettors})
+        warnOf(button);
     cmdimpext = makeButton(group, u"cmdimpext"_s, u"Import external files"_s,
                            u"Allow replacement of all Horse files and merging Bettors and Bets "
                            "files - allows use of multiple computers to take bets and then combine "

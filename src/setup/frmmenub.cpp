@@ -115,6 +115,7 @@ QGroupBox *frmmenub::buildRace()
     group.explain(lblwinners, u"lblwinners"_s);
     group.add(cmdclearbets, u"cmdclearbets"_s, u"Clear All Bets"_s,
               u"BE CAREFUL - clears all bets for this race"_s);
+    warnOf(cmdclearbets);
     group.explain(lblclear, u"lblclear"_s);
     return group.box();
 }
@@ -129,6 +130,7 @@ QGroupBox *frmmenub::buildFiles()
     group.add(cmdbackup, u"cmdbackup"_s, u"Use Backup Files"_s,
               u"Replace current file with the backup file -use backup if you lose power during a "
               "file update"_s);
+    warnOf(cmdbackup);
     group.explain(lblbackup, u"lblbackup"_s,
                   u"Replace current file with the backup file -use backup if you lose power "
                   "during a file update"_s);
@@ -234,7 +236,7 @@ void frmmenub::entered()
 void frmmenub::clearBets()
 {
     Session &session = m_context.session;
-    if (!askYesNo(this, u"Clear/Refund "_s + session.settings.raceName() + u" Bets?"_s))
+    if (!askYesNoCarefully(this, u"Clear/Refund "_s + session.settings.raceName() + u" Bets?"_s))
         return;
     lblnote->clear();
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
@@ -311,7 +313,7 @@ void frmmenub::useBackups()
     Session &session = m_context.session;
     lblnote->clear();
     for (const RestoreChoice &choice : restoreChoices()) {
-        if (!askYesNo(this, choice.question, u"Backup"_s))
+        if (!askYesNoCarefully(this, choice.question, u"Backup"_s))
             continue;
         if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
                         [&] { addNote(restoreFromTwin(session, choice.file)); }))

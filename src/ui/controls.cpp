@@ -23,6 +23,7 @@ namespace {
 
 constexpr char altLetterProperty[] = "altLetter";
 constexpr char captionProperty[] = "caption";
+constexpr char dangerProperty[] = "isDangerous";
 constexpr char charactersProperty[] = "charactersWide";
 
 // The caption with its Alt letter marked, and ampersands of its own doubled.
@@ -135,6 +136,13 @@ void standOut(QPushButton *button)
             {{QPalette::Button, QColor(0x1f, 0x6b, 0x3f)}, {QPalette::ButtonText, Qt::white}});
 }
 
+void warnOf(QPushButton *button)
+{
+    button->setProperty(dangerProperty, true);
+    recolor(button, {{QPalette::Button, QColor(0xf6, 0xdf, 0xdb)},
+                     {QPalette::ButtonText, QColor(0x7d, 0x12, 0x0b)}});
+}
+
 void setCaption(QAbstractButton *button, const QString &caption)
 {
     button->setProperty(captionProperty, caption);
@@ -153,7 +161,7 @@ void assignAltLetters(QWidget *screen)
          widget = widget->nextInFocusChain()) {
         auto *button = qobject_cast<QAbstractButton *>(widget);
         QSet<QChar> tried;
-        if (button && screen->isAncestorOf(button))
+        if (button && screen->isAncestorOf(button) && !button->property(dangerProperty).toBool())
             takeAltLetter(button, owners, tried);
     }
     for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {

@@ -37,13 +37,18 @@ QCheckBox *makeCheck(QWidget *parent, const QString &name, const QString &captio
 // Makes the button the one that stands out on its screen: the usual next step.
 void standOut(QPushButton *button);
 
+// Makes the button one that clears, deletes, refunds or restores: it looks like it, and no Alt
+// letter presses it by mistake.
+void warnOf(QPushButton *button);
+
 // Changes a button's caption and keeps its Alt letter if the new caption has it.
 void setCaption(QAbstractButton *button, const QString &caption);
 
 // The caption as the operator reads it, without the mark of the Alt letter.
 QString captionOf(const QAbstractButton *button);
 
-// Gives every button and option of the screen an Alt letter of its own, in tab order.
+// Gives every button and option of the screen an Alt letter of its own, in tab order, except those
+// that are warned of.
 void assignAltLetters(QWidget *screen);
 
 // A label whose text never widens the screen: it goes on in the next line, inside a word where the

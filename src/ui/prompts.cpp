@@ -81,7 +81,7 @@ Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title
 bool askOkCancel(QWidget *parent, const QString &text, const QString &title)
 {
     return runBox(parent, QMessageBox::Warning, text, title, QMessageBox::Ok | QMessageBox::Cancel,
-                  QMessageBox::Cancel)
+                  QMessageBox::Cancel, QMessageBox::Cancel)
            == QMessageBox::Ok;
 }
 

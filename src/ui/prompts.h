@@ -22,7 +22,7 @@ bool askYesNoCarefully(QWidget *parent, const QString &text, const QString &titl
 enum class Choice { Yes, No, Cancel };
 Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title = {});
 
-// OK/Cancel; true for OK.
+// OK/Cancel before something that cannot be taken back; true for OK. Enter is Cancel.
 bool askOkCancel(QWidget *parent, const QString &text, const QString &title = {});
 
 // A single value; Cancel gives an empty text.

@@ -35,6 +35,7 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
         makeButton(this, u"cmdclearprior"_s, deleteCaption,
                    u"Delete all selected bets from the saved bet file - hold down ctrl or shift "
                    "key to select multiple bets"_s);
+    warnOf(cmdclearprior);
     connect(cmdclearprior, &QPushButton::clicked, this, &PriorBetsPanel::deleteRequested);
     QPushButton *cmdreceipt =
         makeButton(this, u"cmdreceipt"_s, u"Print Receipt"_s,

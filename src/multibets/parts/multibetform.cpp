@@ -187,6 +187,7 @@ QWidget *MultibetForm::buildPriorBets()
     layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(lstpriorbets, 1);
     layout->addLayout(labelled(box, u"lbltotprior"_s, u"Total"_s, txttotprior));
+    warnOf(cmdclearprior);
     layout->addWidget(cmdclearprior);
     return box;
 }

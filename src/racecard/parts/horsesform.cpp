@@ -103,6 +103,8 @@ QLayout *HorsesForm::buildTools()
         u"Delete this horse and update any bettor's accounts who may have already bet this horse."_s);
     cmdclearhorses = makeButton(this, u"cmdclearhorses"_s, u"CLEAR HORSES"_s,
                                 u"Clear all horses for this race - must clear all bets first"_s);
+    warnOf(cmdscratch);
+    warnOf(cmdclearhorses);
 
     auto *buttons = new QGridLayout;
     buttons->addWidget(cmdupdatehorses, 0, 0);
