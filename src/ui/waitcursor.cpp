@@ -19,7 +19,7 @@ void WaitCursor::work()
         // Comes when the handler has returned, or a box of it listens.
         QMetaObject::invokeMethod(this, &WaitCursor::end, Qt::QueuedConnection);
     }
-    if (!m_isShown && m_begun.hasExpired(m_patience.count())) {
+    if (!m_isShown && m_begun.elapsed() >= m_patience.count()) {
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         m_isShown = true;
     }

@@ -138,17 +138,6 @@ private slots:
         QCOMPARE(event->read(helpPath), "old\r\n"_qba);
     }
 
-    void buttonLeadsBack()
-    {
-        for (const QString &opener : {u"frmmenub"_s, u"frminitb"_s}) {
-            open(opener);
-            press(u"cmdhelp"_s);
-            QCOMPARE(lineOfCursor(), event->navigator().titleOf(opener));
-            press(u"cmdreturn"_s);
-            QVERIFY(event->isOpen(opener));
-        }
-    }
-
     // What stands on a screen stays there, and the guide opens at the chapter of the window in use.
     void f1StandsBeside()
     {

@@ -169,6 +169,22 @@ private slots:
         }
     }
 
+    // Twenty refused posts are told one by one, the rest are counted.
+    void manyRefusedPosts()
+    {
+        TestEvent event;
+        const WebServer server(
+            page(card + QByteArray("\"22\",\"9\",\"HIGH\"\r\n").repeated(21) + "\"END\"\r\n"));
+        QWidget *screen = openScreen(event, server);
+        event.boxes.expect(u"Invalid post position - download error"_s, u"Horses"_s);
+        for (int told = 1; told < 20; ++told)
+            event.boxes.expect(u"Invalid post position-download error"_s, u"Horses"_s);
+        event.boxes.expect(u"Download successful. Check track program for last minute changes."_s,
+                           u"TRELAWN"_s);
+        clickButton(screen, u"cmdGo"_s);
+        QCOMPARE(event.note(), u"Further invalid post positions: 3"_s);
+    }
+
     // A card comes into an event whose first race has horses on screen and bets on file.
     void runningEvent()
     {

@@ -78,6 +78,13 @@ private slots:
             event.write(u"Multibets Race1"_s, line + "\r\n");
             QCOMPARE(joined(event.list(Listing::Multibets).rows[0]), row);
         }
+        // Without the horses of a later race only what runs there is shown by its post.
+        event.remove({u"Horses Race2"_s});
+        event.write(u"Multibets Race1"_s, cases[0].first + "\r\n" + cases[1].first + "\r\n");
+        const RecordList list = event.list(Listing::Multibets);
+        QCOMPARE(list.missingHorses, QStringList{u"Horses Race2"_s});
+        QCOMPARE(joined(list.rows[0]), cases[0].second);
+        QCOMPARE(joined(list.rows[1]), u"2|2|SMITH| Daily Double|1,post 9|2"_s);
     }
 
     // The lists of bettors and horses mark what their readers pass over, and nothing else.

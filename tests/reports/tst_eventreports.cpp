@@ -143,21 +143,6 @@ private slots:
                                                "-1,'\tA,-5.00\r\n-1,A=B,-5.00\r\n"));
     }
 
-    // Printed lines never run off the paper: 523 points hold 43 characters of 20 points (12 wide)
-    // and 108 of 8 points (4.8 wide).
-    void slipFont()
-    {
-        Rows<int, int, double> rows;
-        rows("fits", 43, 20, 20);
-        rows("one too many", 44, 20, 18);
-        rows("chosen small stays small", 10, 8, 8);
-        rows("108 at 8", 108, 20, 8);
-        rows("no smaller than 6", 500, 14, 6);
-        for (const auto &[row, characters, wanted, points] : rows)
-            QCOMPARE(reportSlip({{u"x"_s, QString(characters, u'x')}, 1}, wanted).pointSize,
-                     points);
-    }
-
     void cashRules()
     {
         // 10 % of 0.55 + 0.55 + 0.55 is 0.165, shown as 0.17 by Pay Winners: the three parts of

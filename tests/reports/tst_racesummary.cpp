@@ -63,21 +63,6 @@ private slots:
         }
     }
 
-    // On paper each figure stands under its heading, however long the names are.
-    void slipColumns()
-    {
-        RaceRecords race = raceWith("2,1,1,1000\r\n3,3,3,2\r\n9,9,9\r\n");
-        race.horses.post(1).name = u"A NAME OF THIRTY LETTERS INDEED"_s;
-        const QStringList lines =
-            slipText(summarySlip(summarizeRace(race, bettors), u"Derby Race1"_s));
-        QCOMPARE(lines.first(), u"Derby Race1 Summary"_s);
-        const qsizetype end = lines[2].indexOf("Total"_L1) + 5;
-        QCOMPARE(lines[3].left(end).right(11), u"  $1,000.00"_s);
-        QCOMPARE(lines[5].left(end).right(11), u"      $2.00"_s);
-        QCOMPARE(lines[7].left(end).right(11), u"  $1,002.00"_s);
-        QCOMPARE(lines.last(), u"1 bad record is not counted: see Fix Files"_s);
-    }
-
     void listings()
     {
         const RaceRecords race =

@@ -110,6 +110,33 @@ private slots:
             QVERIFY2(main->note().contains(text), qPrintable(main->note()));
     }
 
+    // Bets of an older event stay off the next one's main computer.
+    void asksAboutBetsThatTheSatelliteHolds()
+    {
+        main->step(u"cmdsavebh"_s, u"frmdrive"_s, mainQuestion,
+                   {{multibetsStay, u"TRELAWN"_s},
+                    {u"All Horses and Bettors written to thumb drive"_s, u"TRELAWN"_s}});
+        const QByteArray bets = "2,2,1,5\r\n2,3,1,2.5\r\n";
+        for (const Answer answer : {Answer::No, Answer::Yes}) {
+            satellite->writeTwins(u"Bets Race3"_s, bets);
+            satellite->writeTwins(u"Multibets Race12"_s, "1,2,0,\"EX\",2,1\r\n");
+            satellite->boxes.expect(satelliteQuestion, u"TRELAWN"_s, Answer::Yes);
+            satellite->boxes.expect(multibetsStay, u"TRELAWN"_s);
+            satellite->boxes.expect(
+                u"This satellite still holds 2 bets of $7.50 and 1 multibet.\n\nAre they of an "
+                "older event? Yes moves them to Saved, so that they are not sent to the main "
+                "computer. No keeps them."_s,
+                u"TRELAWN"_s, answer);
+            satellite->boxes.expect(u"All Horses and Bettors written to satellite computer"_s,
+                                    u"TRELAWN"_s);
+            satellite->chooseDrive(u"cmdloadbh"_s, u"frmsatdrv"_s);
+            QCOMPARE(satellite->readTwins(u"Bets Race3"_s),
+                     answer == Answer::No ? bets : QByteArray());
+        }
+        QCOMPARE(satellite->savedCopies(u"Bets Race3"_s), QByteArrayList{bets});
+        QCOMPARE(satellite->readTwins(u"Multibets Race12"_s), QByteArray());
+    }
+
     void refusesTheWrongComputer()
     {
         const std::tuple<QString, QString, QString, QString> steps[] = {

@@ -1,5 +1,6 @@
 #include "kit/testkit.h"
 #include "ui/prompts.h"
+#include "ui/waitcursor.h"
 
 // The boxes and the wording of failures.
 class tst_prompts : public QObject
@@ -7,6 +8,19 @@ class tst_prompts : public QObject
     Q_OBJECT
 
 private slots:
+    // Work on files that takes long shows a wait, until the program listens again.
+    void waitCursor()
+    {
+        TestEvent event;
+        WaitCursor cursor(std::chrono::milliseconds(0));
+        cursor.work();
+        cursor.work();
+        QVERIFY(QGuiApplication::overrideCursor());
+        QCOMPARE(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        QCoreApplication::processEvents();
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
     // A box without a title shows the program's; a text is shown as it is.
     void answers()
     {

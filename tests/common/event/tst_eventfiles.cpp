@@ -97,6 +97,34 @@ private slots:
         }
         QCOMPARE(event.saved().size(), 40);
     }
+
+    // The newest hundred copies of a file stay, with all of today; other files are left alone.
+    void thinsSaved()
+    {
+        TestEvent event;
+        const auto copy = [](const QString &file, int hour, int minute) {
+            return u"Saved\\%1 2020-05-02 %2.%3.00.000"_s.arg(file).arg(hour).arg(minute, 2, 10,
+                                                                                  QChar(u'0'));
+        };
+        for (int minute = 0; minute < 60; ++minute) {
+            event.write(copy(u"Bets Race1"_s, 20, minute), "old");
+            event.write(copy(u"Bets Race1"_s, 21, minute), "newer");
+        }
+        const QStringList others{copy(u"Betsbackup Race1"_s, 20, 1), copy(u"Bets Race11"_s, 20, 1),
+                                 u"Saved\\Bets Race1 of ours"_s};
+        for (const QString &other : others)
+            event.write(other, "other");
+        for (int today = 0; today < 2; ++today) {
+            event.write(u"Bets Race1"_s, "now");
+            ::keepInSaved(event.session, event.path(u"Bets Race1"_s));
+        }
+        QCOMPARE(event.savedCopies(u"Bets Race1"_s).count("now"), 2);
+        QCOMPARE(event.saved().size(), 100 + 3);
+        QVERIFY(!event.exists(copy(u"Bets Race1"_s, 20, 21))
+                && event.exists(copy(u"Bets Race1"_s, 20, 22)));
+        for (const QString &other : others)
+            QVERIFY(event.exists(other));
+    }
 };
 
 TRELAWN_TEST(tst_eventfiles)
