@@ -295,6 +295,7 @@ std::vector<RaceTill> raceTills(const std::vector<RaceRecords> &races, const Bet
 {
     const QHash<int, JournalStakes> written = stakesByRace(journal);
     std::vector<RaceTill> tills;
+    tills.reserve(races.size());
     for (const RaceRecords &race : races)
         tills.push_back(RaceCounter(race, bettors, journal).count(written.value(race.race)));
     return tills;

@@ -207,7 +207,7 @@ const WrappedLabel::Fitted &WrappedLabel::fitted(int width) const
         if (known.width == width && known.text == text() && known.font == font())
             return known;
     }
-    std::ranges::rotate(m_fitted, m_fitted.end() - 1);
+    std::rotate(m_fitted.begin(), m_fitted.end() - 1, m_fitted.end());
     const QString shown = breakable(text(), fontMetrics(), width);
     const QRect bounds =
         fontMetrics().boundingRect(QRect(0, 0, width, QWIDGETSIZE_MAX), Qt::TextWordWrap, shown);
