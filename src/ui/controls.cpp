@@ -17,6 +17,8 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
