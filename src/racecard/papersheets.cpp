@@ -11,7 +11,7 @@ namespace {
 // Columns are as wide as an average letter, not as a W: a name of the widest letters ends in the
 // same column as all others and still keeps apart from a number of the widest ones. The rule is 79
 // columns long.
-constexpr int nameWidth = 14;
+constexpr int sheetNameWidth = 14;
 constexpr int nameColumn = 17;
 constexpr std::array<int, 4> barColumns{32, 44, 56, 68};
 
@@ -47,9 +47,9 @@ Slip betSheetSlip(const HorseTable &horses, const QString &event, const QString 
     for (const Horse &horse : horses) {
         if (isUnused(horse))
             continue;
-        slip.addLine(
-            barsBehind({{1, rightColumn(horse.number, 4), true},
-                        {nameColumn, rightColumn(horse.name.left(nameWidth), nameWidth), true}}));
+        slip.addLine(barsBehind(
+            {{1, rightColumn(horse.number, 4), true},
+             {nameColumn, rightColumn(horse.name.left(sheetNameWidth), sheetNameWidth), true}}));
         slip.addLine(rule);
     }
     slip.addLine(barsBehind({{1, u" "_s}, {2, u"TOTAL BET"_s}}));

@@ -27,7 +27,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString instructions()
+QString howToBegin()
 {
     static const QStringList texts{
         u"Each horse race event can have from 1 to 12 races. Each race has its own Bet and Horse "
@@ -176,7 +176,7 @@ QWidget *frminitb::buildNewEvent()
 QWidget *frminitb::buildInstructions()
 {
     auto *group = new QGroupBox(u"Instructions"_s, this);
-    lblinst = makeLabel(group, u"lblinst"_s, instructions(), {}, true);
+    lblinst = makeLabel(group, u"lblinst"_s, howToBegin(), {}, true);
     scaleText(lblinst, 1.15);
     lblinst->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto *layout = new QVBoxLayout(group);

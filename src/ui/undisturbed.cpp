@@ -10,7 +10,7 @@
 
 namespace {
 
-QList<Undisturbed *> open; // boxes and waits, the one that is asked last
+QList<Undisturbed *> openOnes; // boxes and waits, the one that is asked last
 
 bool isInside(const QObject *object, const QWidget *box)
 {
@@ -66,13 +66,13 @@ void endPress(QAbstractButton *button, QEvent *timer)
 Undisturbed::Undisturbed(const QWidget *box)
     : m_box(box)
 {
-    open.append(this);
+    openOnes.append(this);
     QCoreApplication::instance()->installEventFilter(this);
 }
 
 Undisturbed::~Undisturbed()
 {
-    open.removeOne(this);
+    openOnes.removeOne(this);
 }
 
 void Undisturbed::afterwards(QObject *context, const std::function<void()> &work)
@@ -80,7 +80,7 @@ void Undisturbed::afterwards(QObject *context, const std::function<void()> &work
     const auto unlessAsked = [context, work] {
         if (!isAny())
             return work();
-        QObject::connect(open.last(), &QObject::destroyed, context,
+        QObject::connect(openOnes.last(), &QObject::destroyed, context,
                          [context, work] { afterwards(context, work); });
     };
     QMetaObject::invokeMethod(context, unlessAsked, Qt::QueuedConnection);
@@ -88,12 +88,12 @@ void Undisturbed::afterwards(QObject *context, const std::function<void()> &work
 
 bool Undisturbed::isAny()
 {
-    return !open.isEmpty();
+    return !openOnes.isEmpty();
 }
 
 bool Undisturbed::eventFilter(QObject *object, QEvent *event)
 {
-    if (this != open.last()) // the box on top decides for all
+    if (this != openOnes.last()) // the box on top decides for all
         return false;
     if (event->type() == QEvent::Timer) {
         auto *button = qobject_cast<QAbstractButton *>(object);

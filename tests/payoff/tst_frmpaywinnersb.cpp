@@ -4,9 +4,10 @@
 const QStringList payoffFields{u"txtwinwin"_s,     u"txtwinplace"_s,  u"txtwinshow"_s,
                                u"txtplaceplace"_s, u"txtplaceshow"_s, u"txtshowshow"_s};
 
-constexpr char horses[] = "1,0,\"1 \",\"ALPHA\"\r\n2,1,\"2 \",\"BRAVO\"\r\n3,0,\"3 \",\"CAIRO\"\r\n"
-                          "4,1,\"1A\",\"DELTA\"\r\n5,0,\"5 \",\"EMBER\"\r\n6,0,\"6 \",\"FABLE\"\r\n"
-                          "9,0,\"9 \",\"zzz\"\r\n";
+constexpr char horseLines[] =
+    "1,0,\"1 \",\"ALPHA\"\r\n2,1,\"2 \",\"BRAVO\"\r\n3,0,\"3 \",\"CAIRO\"\r\n"
+    "4,1,\"1A\",\"DELTA\"\r\n5,0,\"5 \",\"EMBER\"\r\n6,0,\"6 \",\"FABLE\"\r\n"
+    "9,0,\"9 \",\"zzz\"\r\n";
 // Finish 1, 3, 5: win pool 40, place pool 22, show pool 19, payoffs per $1 3.20, 2.50, 2.00, 2.00,
 // 1.60, 2.50.
 constexpr char bets[] = "1,1,1,10\r\n2,1,1,2.5\r\n3,3,1,20\r\n4,6,1,7.5\r\n1,1,2,4\r\n2,3,2,6\r\n"
@@ -23,7 +24,7 @@ private slots:
     {
         begin(false);
         event->session.settings.roundingIndex = 3;
-        event->write(u"Horses Race1"_s, horses);
+        event->write(u"Horses Race1"_s, horseLines);
         event->write(u"Bets Race1"_s, bets);
         event->write(u"Bettors"_s,
                      "1,\"AnyBettor\"\r\n2,\"BOB\"\r\n3,\"CAROL\"\r\n4,\"DAVE\"\r\n5,\"EVE\"\r\n");

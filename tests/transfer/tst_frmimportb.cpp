@@ -1,7 +1,7 @@
 #include "kit/screentest.h"
 
-const QString question = u"Import Horses, Bettors, Bets from D:\\Club\\?"_s;
-const QStringList everything{u"chkhorses"_s, u"chkbettors"_s, u"chkbets"_s};
+const QString wholeQuestion = u"Import Horses, Bettors, Bets from D:\\Club\\?"_s;
+const QStringList allBoxes{u"chkhorses"_s, u"chkbettors"_s, u"chkbets"_s};
 
 // ADA and DAN are on both computers, under different numbers.
 const QByteArray bettorsHere =
@@ -59,8 +59,8 @@ private slots:
     {
         check({});
         press(u"cmdimport"_s, u"Check Horses, Bettors or Bets first"_s, u"Import"_s);
-        check(everything);
-        press(u"cmdimport"_s, question, u"Import"_s, Answer::Cancel);
+        check(allBoxes);
+        press(u"cmdimport"_s, wholeQuestion, u"Import"_s, Answer::Cancel);
         check({u"chkbets"_s});
         expect(u"Import Bets from D:\\Club\\?"_s, u"Import"_s);
         press(
@@ -76,8 +76,8 @@ private slots:
     // purpose.
     void twiceAddsOnce()
     {
-        check(everything);
-        press(u"cmdimport"_s, question, u"Import"_s);
+        check(allBoxes);
+        press(u"cmdimport"_s, wholeQuestion, u"Import"_s);
         QCOMPARE(tableTexts(screen(), u"grdimport"_s),
                  (QStringList{u"1|6|$36.00|1|"_s, u"1|6|$36.00|1|"_s})); // Race2, All
         QCOMPARE(list(u"lstnames"_s), (QStringList{u"duplicate: DAN"_s, u"duplicate: ADA"_s,
@@ -114,13 +114,13 @@ private:
 
     void check(const QStringList &names)
     {
-        for (const QString &name : everything)
+        for (const QString &name : allBoxes)
             child<QCheckBox>(screen(), name)->setChecked(names.contains(name));
     }
 
     void importAgain(const QString &newBets, Answer answer)
     {
-        expect(question, u"Import"_s);
+        expect(wholeQuestion, u"Import"_s);
         press(u"cmdimport"_s,
               u"Some of these bets are on file here already.\nRace2: "_s + newBets
                   + u" of 7 bets are new\nAdd only the new ones? No adds all."_s,

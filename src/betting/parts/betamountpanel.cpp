@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int presets[BetAmountPanel::presetCount] = {1, 2, 3, 5, 10, 20};
-constexpr float steps[] = {0.25F, 1, 5, 10};
+constexpr float amountSteps[] = {0.25F, 1, 5, 10};
 
 ClickCell *makeKey(QWidget *parent, const QString &name, const QString &text,
                    const QString &toolTip)
@@ -61,8 +61,8 @@ void BetAmountPanel::build(const QString &signToolTip)
         grid->addWidget(preset, 1, 2 * i, 1, 2);
     }
     grid->addWidget(makeLabel(this, u"lbladd"_s, u"Add To Bet Amount"_s), 2, 0, 1, 12);
-    for (int i = 0; i < int(std::size(steps)); ++i) {
-        QString text = plainNumber(steps[i]);
+    for (int i = 0; i < int(std::size(amountSteps)); ++i) {
+        QString text = plainNumber(amountSteps[i]);
         if (text.startsWith("0."_L1))
             text[0] = u' '; // ".25" with a leading blank
         ClickCell *cell = makeKey(this, memberName(u"txtamt"_s, i), text,

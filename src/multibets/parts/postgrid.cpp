@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int lineCount = 3;
-constexpr int posts = 21;
+constexpr int postCells = 21;
 
 // Yellow, or magenta with a heavy frame and bold figures, so that the state needs no colour.
 constexpr char styles[] = R"(
@@ -26,7 +26,7 @@ ClickCell[chosen="true"]:focus { border: 3px dashed #101810; }
 
 int indexOf(int line, int post)
 {
-    return line * posts + post - 1;
+    return line * postCells + post - 1;
 }
 
 } // namespace
@@ -44,7 +44,7 @@ PostGrid::PostGrid(Selection selection, QWidget *parent)
         txtgroup[std::size_t(line)] = makeDisplay(this, memberName(u"txtgroup"_s, line));
         fitCharacters(txtgroup[std::size_t(line)], 12);
         m_layout->addWidget(txtgroup[std::size_t(line)], line, 0);
-        for (int post = 1; post <= posts; ++post) {
+        for (int post = 1; post <= postCells; ++post) {
             const int index = indexOf(line, post);
             ClickCell *made = makeCell(this, memberName(u"txtnum"_s, index));
             made->setText(QString::number(post));
@@ -72,7 +72,7 @@ void PostGrid::setLine(int line, const QString &label, const QString &labelTip,
     QLineEdit *group = txtgroup[std::size_t(line)];
     setTip(group, labelTip);
     setLabel(line, label);
-    for (int post = 1; post <= posts; ++post)
+    for (int post = 1; post <= postCells; ++post)
         setCellTip(line, post, cellTip);
 }
 
@@ -88,14 +88,14 @@ void PostGrid::setCellTip(int line, int post, const QString &tip)
 
 void PostGrid::addAtEnd(int line, QWidget *control)
 {
-    m_layout->addWidget(control, line, posts + 1);
+    m_layout->addWidget(control, line, postCells + 1);
 }
 
 void PostGrid::showPosts(const std::array<std::set<int>, 3> &shown)
 {
     for (int line = 0; line < lineCount; ++line) {
         bool first = true;
-        for (int post = 1; post <= posts; ++post) {
+        for (int post = 1; post <= postCells; ++post) {
             const bool has = shown[std::size_t(line)].contains(post);
             cell(line, post)->setEnabled(has);
             cell(line, post)->setVisible(has);
@@ -128,7 +128,7 @@ void PostGrid::dropRepeats()
 
 void PostGrid::clearSelection()
 {
-    for (int index = 0; index < lineCount * posts; ++index)
+    for (int index = 0; index < lineCount * postCells; ++index)
         setSelected(index, false);
     emit selectionChanged();
 }
@@ -136,7 +136,7 @@ void PostGrid::clearSelection()
 QList<int> PostGrid::selectedPosts(int line) const
 {
     QList<int> selected;
-    for (int post = 1; post <= posts; ++post) {
+    for (int post = 1; post <= postCells; ++post) {
         if (m_selected[std::size_t(indexOf(line, post))])
             selected.append(post);
     }
@@ -157,7 +157,7 @@ void PostGrid::toggle(int line, int post)
         return;
     }
     if (selects && m_selection == Selection::OnePerLine) {
-        for (int other = 1; other <= posts; ++other)
+        for (int other = 1; other <= postCells; ++other)
             setSelected(indexOf(line, other), false);
     }
     setSelected(index, selects);
@@ -174,8 +174,8 @@ void PostGrid::setSelected(int index, bool selected)
     // The style rules look at the property only when they are applied.
     changed->style()->unpolish(changed);
     changed->style()->polish(changed);
-    changed->setAccessibleName("Line "_L1 + QString::number(index / posts + 1) + " post "_L1
-                               + QString::number(index % posts + 1)
+    changed->setAccessibleName("Line "_L1 + QString::number(index / postCells + 1) + " post "_L1
+                               + QString::number(index % postCells + 1)
                                + (selected ? " selected"_L1 : " not selected"_L1));
 }
 
@@ -219,9 +219,9 @@ bool PostGrid::moveFocus(int index, int key)
     default:
         return false;
     }
-    int line = index / posts + lineStep;
-    int post = index % posts + 1 + postStep;
-    for (; line >= 0 && line < lineCount && post >= 1 && post <= posts;
+    int line = index / postCells + lineStep;
+    int post = index % postCells + 1 + postStep;
+    for (; line >= 0 && line < lineCount && post >= 1 && post <= postCells;
          line += lineStep, post += postStep) {
         if (cell(line, post)->isEnabled()) {
             cell(line, post)->setFocus(Qt::OtherFocusReason);
