@@ -270,7 +270,7 @@ void frmpaymulti::markPaid()
 {
     if (m_payments.isEmpty())
         return;
-    const Session &session = m_context.session;
+    Session &session = m_context.session;
     const auto before =
         paidBefore(readCashJournal(session), session.settings.currentRace, m_payments);
     const auto first = lstbets->count() - int(m_payments.size());

@@ -126,7 +126,7 @@ void frmpaywinnersb::showRace()
 // What the journals say of the race; nothing is filled in by itself.
 void frmpaywinnersb::showHistory()
 {
-    const Session &session = m_context.session;
+    Session &session = m_context.session;
     const CashJournal journal = readCashJournal(session);
     const CashEntry *before = lastSettlement(journal, session.settings.currentRace);
     m_before = before ? std::optional(*before) : std::nullopt;
@@ -229,7 +229,7 @@ bool frmpaywinnersb::mayStartOver(int race)
 // Whoever was paid was paid by the settlement before: it is replaced only on purpose.
 bool frmpaywinnersb::maySettle(const RaceResult &result)
 {
-    const Session &session = m_context.session;
+    Session &session = m_context.session;
     const QString reason = settledOtherwise(session, readCashJournal(session), result);
     return reason.isEmpty() ? mayStartOver(session.settings.currentRace)
                             : askYesNoCarefully(this, reason, u"Pay winners"_s);

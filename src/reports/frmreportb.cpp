@@ -271,7 +271,7 @@ void frmreportb::showReport()
 // What is typed stays until it is taken over.
 void frmreportb::showTill()
 {
-    const Session &session = m_context.session;
+    Session &session = m_context.session;
     const CashJournal journal = readCashJournal(session);
     const TillEntries known = tillEntries(journal, computerName(session));
     for (const auto &[field, text] :

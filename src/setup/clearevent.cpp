@@ -42,7 +42,7 @@ void deleteJournals(Session &session, const QStringList &journals)
 int clearAllBets(Session &session, const Progress &progress)
 {
     makeEventFolder(session);
-    const QStringList journals = cashFiles(session);
+    const QStringList journals = cashFiles(eventFolder(session));
     int kept = 0;
     labelled(session, u"Cash Saved"_s, [&] {
         for (const QString &journal : journals)

@@ -356,8 +356,9 @@ bool BetSheet::cardHolds(PlacementPlan &asked)
 // "Race1 was settled at 20:39: ..."; empty when it was not.
 QString BetSheet::settledBefore() const
 {
-    const CashJournal journal = readCashJournal(m_context.session);
-    const CashEntry *settled = lastSettlement(journal, m_context.session.settings.currentRace);
+    Session &session = m_context.session;
+    const CashEntry *settled =
+        lastSettlement(lookIntoCashJournal(session), session.settings.currentRace);
     return settled ? settledText(*settled, m_horses) : QString();
 }
 

@@ -1,6 +1,7 @@
 #include "common/event/cashjournal.h"
 
 #include "common/event/eventfiles.h"
+#include "common/event/knownjournals.h"
 #include "common/event/networkmode.h"
 #include "common/event/tornend.h"
 #include "common/files/hostsystem.h"
@@ -30,9 +31,6 @@ bool isInFileName(QChar letter)
 {
     return letter.isLetterOrNumber() || letter == u'-' || letter == u'_';
 }
-
-// Alone the mark stands behind a line that another program was just writing: nothing was cut off.
-constexpr std::string_view loneTornMark = ",\"torn";
 
 // The fields that every line has, and those that come after them.
 constexpr std::size_t commonFields = 8;
@@ -137,13 +135,26 @@ std::unique_ptr<HostFile> openJournal(const QString &path)
     }
 }
 
+QString ownJournal(const Session &session)
+{
+    return eventFolder(session) + u'/' + fileStart + computerName(session);
+}
+
+KnownJournals &known(Session &session)
+{
+    if (!session.files.journals)
+        session.files.journals = std::make_shared<KnownJournals>();
+    return *session.files.journals;
+}
+
 // Appends to this computer's file, which several programs may have open: in one write, and nothing
 // of another's is ever cut off.
-void appendToJournal(const QString &path, const QByteArray &lines)
+void appendToJournal(Session &session, const QByteArray &lines)
 {
+    const QString path = ownJournal(session);
     const std::unique_ptr<HostFile> file = openJournal(path);
     const qint64 size = file->size();
-    const bool isTorn = size > 0 && file->read(size - 1, 1) != "\n";
+    const bool isTorn = !known(session).isWhole(path, size) && file->read(size - 1, 1) != "\n";
     const QByteArray all = isTorn ? tornMark + lines : lines;
     try {
         file->append(all);
@@ -154,6 +165,7 @@ void appendToJournal(const QString &path, const QByteArray &lines)
             error.setAftermath(Aftermath::AsBefore);
         throw;
     }
+    known(session).added(path, size, all);
 }
 
 QString localTime()
@@ -162,11 +174,10 @@ QString localTime()
     return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODate);
 }
 
-int nextTurn(const Session &session)
+int nextTurn(Session &session)
 {
-    const CashJournal journal = readCashJournal(session);
     int highest = 0;
-    for (const CashEntry &line : journal.lines)
+    for (const CashEntry &line : lookIntoCashJournal(session).lines)
         highest = std::max(highest, line.turn);
     return highest + 1;
 }
@@ -227,43 +238,34 @@ QString computerName(const Session &session)
     return name.isEmpty() ? u"-"_s : name;
 }
 
-QStringList cashFiles(const Session &session)
+QStringList cashFiles(const QString &folder)
 {
-    const QDir folder(eventFolder(session));
+    const QDir found(folder);
     QStringList paths;
-    for (const QString &name : folder.entryList({fileStart + u'*'}, QDir::Files, QDir::Name)) {
+    for (const QString &name : found.entryList({fileStart + u'*'}, QDir::Files, QDir::Name)) {
         // Not a report that somebody saved here, nor an editor's copy.
         if (std::all_of(name.begin() + fileStart.size(), name.end(), isInFileName))
-            paths += folder.filePath(name);
+            paths += found.filePath(name);
     }
     return paths;
 }
 
-CashJournal readCashJournal(const Session &session)
+QString journalComputer(const QString &path)
 {
-    CashJournal journal;
-    std::vector<RecordField> fields;
-    for (const QString &path : cashFiles(session)) {
-        const QString computer = QFileInfo(path).fileName().mid(fileStart.size());
-        QByteArray bytes;
-        try {
-            bytes = readRecordFile(path);
-        } catch (const FileError &) {
-            journal.unreadable += computer;
-        }
-        const qsizetype end = bytes.lastIndexOf('\n') + 1;
-        journal.damaged += end < bytes.size() ? 1 : 0;
-        forEachRecord(view(bytes).substr(0, std::size_t(end)), [&](std::string_view record) {
-            auto line = parseCash(record, fields);
-            if (!line && record == loneTornMark)
-                return;
-            if (!line)
-                return void(++journal.damaged);
-            line->computer = computer;
-            journal.lines.push_back(*std::move(line));
-        });
-    }
-    return journal;
+    return QFileInfo(path).fileName().mid(fileStart.size());
+}
+
+CashJournal readCashJournal(Session &session)
+{
+    known(session).update(eventFolder(session));
+    return known(session).journal();
+}
+
+const CashJournal &lookIntoCashJournal(Session &session)
+{
+    const bool isOnShare = session.settings.isNetworked();
+    known(session).update(eventFolder(session), isOnShare ? ownJournal(session) : QString());
+    return known(session).journal();
 }
 
 bool recordCash(Session &session, std::vector<CashEntry> lines)
@@ -279,7 +281,7 @@ bool recordCash(Session &session, std::vector<CashEntry> lines)
         records += cashRecord(line);
     }
     try {
-        appendToJournal(eventFolder(session) + u'/' + fileStart + computerName(session), records);
+        appendToJournal(session, records);
         return true;
     } catch (const FileError &error) {
         tell(session, failureNote(lines, error));

@@ -89,11 +89,18 @@ struct CashJournal
 // file name may not be able to hold turned into hyphens.
 QString computerName(const Session &session);
 
-// This computer's paths of the journals in the event directory.
-QStringList cashFiles(const Session &session);
+// The paths of the journals in a folder of this computer.
+QStringList cashFiles(const QString &folder);
 
-// All journals. One that cannot be read is named; nothing is thrown.
-CashJournal readCashJournal(const Session &session);
+// The computer whose journal has this path.
+QString journalComputer(const QString &path);
+
+// All journals of the event. One that cannot be read is named; nothing is thrown. The second holds
+// until anything of the journals is read or written again, and costs a call for each journal and
+// three where it has grown. On a share it does not look for what a second program on this very
+// computer wrote.
+CashJournal readCashJournal(Session &session);
+const CashJournal &lookIntoCashJournal(Session &session);
 
 // Appends the lines to this computer's journal with its time, in one write that is flushed. What
 // moves money calls it when the records are on file, and never fails by it: when the journal cannot

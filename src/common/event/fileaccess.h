@@ -18,6 +18,8 @@ struct UnsureAppend
     QByteArray lines;
 };
 
+class KnownJournals;
+
 // How this run of the program works on the files of an event beside other programs.
 struct FileAccess
 {
@@ -37,4 +39,7 @@ struct FileAccess
     // Looked for before records are appended to that file again, so that none is placed twice.
     // Whoever gives the records up, as by clearing the sheet that holds them, resets it.
     std::optional<UnsureAppend> unsure;
+
+    // What was read of the cash journals.
+    std::shared_ptr<KnownJournals> journals;
 };

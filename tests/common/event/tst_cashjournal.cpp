@@ -31,7 +31,7 @@ CashEntry clearing(const QString &detail)
 }
 
 // "ANNA $16 20:41" of everybody who was paid for race 1.
-QString paidNames(const Session &session)
+QString paidNames(Session &session)
 {
     QStringList names;
     for (const PaidBefore &paid : paidInRace(readCashJournal(session), 1))
