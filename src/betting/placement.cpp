@@ -120,6 +120,14 @@ PlacementPlan planPlacement(const BetEntries &entries, int bettor, int betsOfBet
     return plan;
 }
 
+PlacementPlan planReturn(std::vector<Bet> bets)
+{
+    PlacementPlan plan;
+    plan.bets = std::move(bets);
+    plan.undoesDeletion = true;
+    return plan;
+}
+
 Placement placeBets(Session &session, const PlacementPlan &plan)
 {
     const int betLimit = session.settings.betLimit;
@@ -143,8 +151,10 @@ Placement placeBets(Session &session, const PlacementPlan &plan)
     if (placement.raceIsFull)
         return placement;
     placement.rows = lastRowsOf(bets, placement.plan.bets);
+    const QString detail =
+        plan.undoesDeletion ? QString(deletionUndone) : QString::number(plan.bets.size());
     recordCash(session, stakeLines(session, CashKind::Bets, session.settings.currentRace,
-                                   stakesOf(plan.bets), QString::number(plan.bets.size())));
+                                   stakesOf(plan.bets), detail));
     return placement;
 }
 

@@ -51,6 +51,7 @@ struct PlacementPlan
     std::vector<Bet> bets;        // the records, in the order they are written
     bool stopsAtNegative = false; // a negative cell ended the placement
     bool overBettorLimit = false; // the bettor's count of bets ended it
+    bool undoesDeletion = false;  // these were on file before
 
     float total() const; // dollars
 };
@@ -58,6 +59,9 @@ struct PlacementPlan
 // The win cells from post 1 to 21, then place, then show. Cells below $1 are dropped without a
 // word; a negative cell ends the placement, and so does \a betsOfBettor above \a betLimit.
 PlacementPlan planPlacement(const BetEntries &entries, int bettor, int betsOfBettor, int betLimit);
+
+// Bets that were deleted, to be placed once more.
+PlacementPlan planReturn(std::vector<Bet> bets);
 
 // A placement that reached the files, or was refused.
 struct Placement

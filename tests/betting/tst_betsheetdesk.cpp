@@ -1,3 +1,4 @@
+#include "common/event/cashjournal.h"
 #include "kit/screentest.h"
 
 const QString throwAway = u"The bets on this sheet are not placed. Throw them away?"_s;
@@ -92,6 +93,38 @@ private slots:
         press(u"cmdclrentries"_s);
         keysIntoGrid(u" "_s);
         QVERIFY(!child<QPushButton>(screen(), u"cmdundo"_s)->isEnabled());
+    }
+
+    // The records come back, the till takes their money again; not once another bettor is chosen,
+    // nor onto a horse that was scratched meanwhile.
+    void deletionUndone()
+    {
+        const QString journal = u"Cash "_s + computerName(event->session);
+        const QByteArray bets = "2,1,1,5\r\n2,2,2,3.5\r\n";
+        event->writeTwins(u"Bets Race1"_s, bets);
+        const auto deleteAll = [&] {
+            find(u"smith"_s);
+            child<QListWidget>(screen(), u"lstpriorbets"_s)->selectAll();
+            press(u"cmdclearprior"_s);
+            QCOMPARE(event->readTwins(u"Bets Race1"_s), "");
+        };
+        event->session.settings.setReceiptPrinting(false);
+        deleteAll();
+        pressKey(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(event->readTwins(u"Bets Race1"_s), bets);
+        QCOMPARE(event->note(),
+                 u"2 bets of $8.50 brought back for SMITH-ANN: take the refund back."_s);
+        const QByteArray line = event->read(journal).split('\n').value(1);
+        QVERIFY2(line.contains("\"bets\",1,2,\"SMITH-ANN\",8.5,0,\"deletion undone\""), line);
+        QVERIFY(!child<QPushButton>(screen(), u"cmdundo"_s)->isEnabled());
+
+        deleteAll();
+        event->writeTwins(u"Horses Race1"_s, "1,0,\"1\",\"SEA HERO\"\r\n");
+        press(u"cmdundo"_s);
+        QVERIFY(event->note().endsWith(u"The bets are still deleted."_s));
+        find(u"taylor"_s);
+        QVERIFY(!child<QPushButton>(screen(), u"cmdundo"_s)->isEnabled());
+        QCOMPARE(event->readTwins(u"Bets Race1"_s), "");
     }
 
 private:

@@ -132,6 +132,7 @@ void BetSheet::chooseRace(int race)
         return m_races->button(before)->setFocus();
     }
     note({});
+    m_deleted.clear();
     m_context.session.settings.currentRace = race;
     trapped([&] { saveInit(m_context.session); });
     loadRace();
@@ -145,6 +146,8 @@ void BetSheet::chooseRace(int race)
 void BetSheet::chooseBettor(int number, const QString &name, const QString &missed)
 {
     note(missed.isEmpty() ? QString() : QString(u"No name begins with "_s + missed + u'.'));
+    m_deleted.clear();
+    showUndo();
     m_bettor = number;
     m_bettorName = name;
     m_amount->endTyping();
@@ -197,7 +200,8 @@ void BetSheet::addEntry(int post, BetType type)
     if (m_amount->amount() == 0)
         return;
     m_amount->endTyping();
-    offerUndo(false);
+    m_cleared.reset();
+    showUndo();
     m_entries.add(post, type, m_amount->amount());
     showEntries();
 }
@@ -206,7 +210,8 @@ void BetSheet::emptyEntry(int post, BetType type)
 {
     if (!m_entries.isEntered(post, type))
         return;
-    offerUndo(false);
+    m_cleared.reset();
+    showUndo();
     m_entries.remove(post, type);
     showEntries();
 }
@@ -218,29 +223,65 @@ void BetSheet::clearSheet()
     const BetEntries cleared = m_entries;
     clearEntries();
     m_cleared = cleared;
-    offerUndo(true);
+    showUndo();
     note(u"The sheet is empty. Undo brings the entries back until the next one."_s);
 }
 
 void BetSheet::undo()
 {
     if (!m_cleared)
-        return;
-    m_entries = *m_cleared;
-    offerUndo(false);
+        return bringBack();
+    m_entries = *std::exchange(m_cleared, {});
+    showUndo();
     showEntries();
 }
 
-void BetSheet::offerUndo(bool isOffered)
+// Places the bets that were deleted last once more, as long as they would be the same bets.
+void BetSheet::bringBack()
 {
-    if (!isOffered)
-        m_cleared.reset();
-    cmdundo->setEnabled(isOffered);
+    if (m_deleted.empty())
+        return;
+    note({});
+    if (!bettorHolds() || !cardIsAsShown() || !mayBeLate())
+        return;
+    Session &session = m_context.session;
+    Placement placement;
+    if (!trapped([&] { placement = placeBets(session, planReturn(m_deleted)); })) {
+        return note(session.files.unsure
+                        ? u"Press Undo again: what is on file is not placed twice."_s
+                        : u"The bets are still deleted."_s);
+    }
+    if (placement.raceIsFull)
+        return note(u"The race is full: the bets are still deleted."_s);
+    note(counted(placement.plan.bets.size(), u"bet"_s) + u" of "_s
+         + formatMoney(placement.plan.total()) + u" brought back for "_s + m_bettorName
+         + u": take the refund back."_s);
+    m_deleted.clear();
+    showUndo();
+    listPriorBets(m_bettor, m_bettorName);
+}
+
+bool BetSheet::cardIsAsShown()
+{
+    Session &session = m_context.session;
+    HorseFile card;
+    if (!trapped([&] { card = readHorses(session, session.settings.currentRace); }))
+        return false;
+    const QStringList changes = cardChanges(m_horses, card.horses);
+    if (!changes.isEmpty())
+        note(changes.join(u' ') + u" The bets are still deleted."_s);
+    return changes.isEmpty();
+}
+
+void BetSheet::showUndo()
+{
+    cmdundo->setEnabled(m_cleared || !m_deleted.empty());
 }
 
 void BetSheet::clearEntries()
 {
-    offerUndo(false);
+    m_cleared.reset();
+    showUndo();
     m_entries.clear();
     m_context.session.files.unsure.reset();
     m_grid->showEntries(m_entries);
@@ -437,6 +478,10 @@ void BetSheet::deletePrior()
         note(counted(std::size_t(selected.size()), u"bet"_s) + u" deleted, refund "_s
              + formatMoney(deleted.refund) + u" to "_s + m_prior.name + u'.'
              + withBlank(printRefund(deleted)));
+        m_deleted.clear();
+        for (const PriorBet &bet : selected)
+            m_deleted.push_back(bet.bet);
+        showUndo();
     }
     if (deleted.twinError)
         showFileError(this, *deleted.twinError, ErrorStyle::NumberAndDescription);

@@ -79,7 +79,9 @@ private:
     void clearEntries();
     void clearSheet();
     void undo();
-    void offerUndo(bool isOffered);
+    void bringBack();
+    bool cardIsAsShown();
+    void showUndo();
     void showEntries();
     void showBettor(bool isDoubtful = false);
     PlacementPlan plan() const;
@@ -104,7 +106,8 @@ private:
     BetEntries m_entries;
     int m_bettor = 0; // number of the selected bettor, 0 for none
     QString m_bettorName;
-    std::optional<BetEntries> m_cleared; // what Undo brings back
+    std::optional<BetEntries> m_cleared; // what Undo brings back: first this
+    std::vector<Bet> m_deleted;          // then these, the selected bettor's
     PriorBets m_prior;                   // the listed ones; they stay listed after a placement
 
     BettorSearch *m_search;

@@ -67,7 +67,8 @@ void BetSheet::build()
     cmdclrentries =
         makeButton(this, u"cmdclrentries"_s, u"Clear Sheet Entries"_s, u"Clear all bet entries"_s);
     cmdundo = makeButton(this, u"cmdundo"_s, u"Undo"_s,
-                         u"Bring back the entries that were cleared last (Ctrl+Z)"_s);
+                         u"Bring back the entries that were cleared, or the prior bets that were "
+                         "deleted last (Ctrl+Z)"_s);
     m_gridFoot->addWidget(cmdclrentries);
     m_gridFoot->addWidget(cmdundo);
     lblnote = makeNoteLine(this);

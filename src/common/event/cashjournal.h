@@ -35,6 +35,9 @@ bool isPayment(CashKind kind);
 // The word of a kind in the journal, such as "paid".
 QString cashKindWord(CashKind kind);
 
+// Bets whose deletion was undone: the detail of the line that takes their money again.
+inline constexpr QLatin1StringView deletionUndone("deletion undone");
+
 // Why bets were refunded: the detail of such a line. Clearing a race ends what its payments and its
 // settlement say.
 inline constexpr QLatin1StringView refundPriorBets("prior bets");
