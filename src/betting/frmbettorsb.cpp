@@ -6,6 +6,7 @@
 #include "common/event/roles.h"
 #include "common/event/session.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 
@@ -115,6 +116,7 @@ void frmbettorsb::build()
     deleting->addWidget(lblselected);
     auto *dropping = new QHBoxLayout;
     dropping->addWidget(cmddelete);
+    dropping->addSpacing(dangerGap);
     dropping->addWidget(cmdclearbettors);
     deleting->addLayout(dropping);
     QVBoxLayout *listing = makeFrame(this, grid, 1, 1, 2);
@@ -167,7 +169,7 @@ void frmbettorsb::fillList()
     cbobettornames->clear();
     cbobettornames->addItems(bettors.sortedNames());
     showCount();
-    addNote(standingNote());
+    lblnote->add(standingNote(), NoteKind::Warning);
     if (m_loaded)
         txtbettorname->setFocus();
 }
@@ -196,12 +198,6 @@ void frmbettorsb::showSelected()
                                            + ", bets "_L1 + (races.isEmpty() ? u"none"_s : races));
 }
 
-void frmbettorsb::addNote(const QString &note)
-{
-    if (!note.isEmpty())
-        lblnote->setText(lblnote->text().isEmpty() ? note : lblnote->text() + u'\n' + note);
-}
-
 // Scrolls the list to the names that begin like the one being typed, so that a bettor who is there
 // already, perhaps in another spelling, is seen.
 void frmbettorsb::showPlaceOf(const QString &typed)
@@ -219,7 +215,7 @@ void frmbettorsb::add()
 {
     if (txtbettorname->text().isEmpty())
         return;
-    lblnote->setText(standingNote());
+    lblnote->warn(standingNote());
     Session &session = m_context.session;
     const QString name = bettorNameFor(txtbettorname->text());
     txtbettorname->setText(name);
@@ -238,8 +234,9 @@ void frmbettorsb::add()
     showCount();
     const QString races = racesWithBets(session, number, true);
     if (!races.isEmpty()) {
-        addNote("The new bettor's number "_L1 + QString::number(number) + " has bets already: "_L1
-                + races);
+        lblnote->add("The new bettor's number "_L1 + QString::number(number)
+                         + " has bets already: "_L1 + races,
+                     NoteKind::Warning);
     }
     showMessage(this, name + " added"_L1, u"Bettors"_s);
     txtbettorname->clear();
@@ -247,7 +244,7 @@ void frmbettorsb::add()
 
 void frmbettorsb::deleteSelected()
 {
-    lblnote->setText(standingNote());
+    lblnote->warn(standingNote());
     const Session &session = m_context.session;
     if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor delete not permitted in multiple computer mode"_s);
@@ -270,7 +267,7 @@ void frmbettorsb::takeOut(const QString &name, int number)
     float refund = 0;
     std::optional<FileError> twinFailed;
     if (!trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
-            twinFailed = errorOfTwin([&] { addNote(takeOutBets(session, number, refund)); });
+            twinFailed = errorOfTwin([&] { lblnote->add(takeOutBets(session, number, refund)); });
         }))
         return;
     // Bets that left the file are owed to the bettor, even when the backup file failed.
@@ -284,8 +281,9 @@ void frmbettorsb::takeOut(const QString &name, int number)
         showCount();
         const QString races = racesWithBets(session, number, false);
         if (!races.isEmpty()) {
-            addNote("Bettor number "_L1 + QString::number(number) + " of "_L1 + name
-                    + " still has bets: "_L1 + races);
+            lblnote->add("Bettor number "_L1 + QString::number(number) + " of "_L1 + name
+                             + " still has bets: "_L1 + races,
+                         NoteKind::Warning);
         }
     }
     const PrintTask task{
@@ -294,17 +292,20 @@ void frmbettorsb::takeOut(const QString &name, int number)
         .gate = PrintGate::Receipts,
     };
     const Slip slip = bettorRefundSlip(name, refund);
-    if (refund != 0)
-        addNote(printOrList(this, m_context, task, slip, u"The refund list"_s).note);
-    else if (session.settings.receiptsPrint())
-        addNote(printSlip(this, m_context, task, slip).note);
+    if (refund != 0) {
+        const Printed printed = printOrList(this, m_context, task, slip, u"The refund list"_s);
+        lblnote->add(printed.note, printed.kind());
+    } else if (session.settings.receiptsPrint()) {
+        const Printed printed = printSlip(this, m_context, task, slip);
+        lblnote->add(printed.note, printed.kind());
+    }
     if (twinFailed)
         showFileError(this, *twinFailed, ErrorStyle::NumberAndDescription);
 }
 
 void frmbettorsb::clearAll()
 {
-    lblnote->setText(standingNote());
+    lblnote->warn(standingNote());
     Session &session = m_context.session;
     if (sharesBettors(session.settings))
         return showMessage(this, u"Bettor clear not permitted in multiple computer mode"_s);
@@ -334,7 +335,7 @@ bool frmbettorsb::eventFilter(QObject *object, QEvent *event)
 void frmbettorsb::rejectTyping()
 {
     showMessage(this, u"Must select bettor name from drop down list"_s, u"Bettor name"_s);
-    m_context.navigator.reopen(lostChanges());
+    m_context.navigator.reopen(lostChanges(), NoteKind::Warning);
 }
 
 // What leaving without saving means; empty when nothing was changed.
@@ -350,19 +351,52 @@ QString frmbettorsb::lostChanges() const
         lost.append("Deleted names not saved and listed again: "_L1
                     + QString::number(m_deletedNames));
     }
+    if (isNameTyped())
+        lost.append("Name not added: "_L1 + txtbettorname->text());
     return lost.join(u"; "_s);
+}
+
+bool frmbettorsb::isNameTyped() const
+{
+    const QString typed = txtbettorname->text();
+    return m_loaded && !typed.isEmpty()
+           && m_context.session.bettors.slotOf(bettorNameFor(typed)) == 0;
+}
+
+// A name that was typed without Enter is added as Enter adds it, or dropped, as the operator says.
+// False when the screen must stay.
+bool frmbettorsb::settleTypedName()
+{
+    if (!isNameTyped())
+        return true;
+    switch (askYesNoCancel(this, "Add "_L1 + bettorNameFor(txtbettorname->text()) + u'?',
+                           u"Bettors"_s)) {
+    case Choice::Yes:
+        add();
+        return txtbettorname->text().isEmpty();
+    case Choice::No:
+        txtbettorname->clear();
+        return true;
+    case Choice::Cancel:
+        break;
+    }
+    txtbettorname->setFocus();
+    return false;
 }
 
 // What nobody changed is not written. When the files refuse the changes, a second press leaves
 // without them.
 void frmbettorsb::leaveTo(const QString &screen)
 {
+    if (!settleTypedName())
+        return;
     QString note = lostChanges();
     const auto save = [&] { note = saveBettors(m_context.session, m_asRead); };
     if (m_loaded && !note.isEmpty() && !m_saveFailed) {
         m_saveFailed = !trapErrors(this, ErrorStyle::NumberAndDescription, save);
         if (m_saveFailed)
-            return addNote(u"The list was not saved. Pressing again leaves without saving."_s);
+            return lblnote->add(u"The list was not saved. Pressing again leaves without saving."_s,
+                                NoteKind::Warning);
     } else if (m_saveFailed) {
         try {
             save(); // what stood in the way may be gone
@@ -371,5 +405,5 @@ void frmbettorsb::leaveTo(const QString &screen)
                 note = u"The list was saved, its backup was not."_s;
         }
     }
-    m_context.navigator.open(screen, note);
+    m_context.navigator.open(screen, note, NoteKind::Warning);
 }

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QWidget>
 
+class NoteLine;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -33,7 +34,6 @@ private:
     void showCount();
     void showSelected();
     QString standingNote() const;
-    void addNote(const QString &note);
 
     void showPlaceOf(const QString &typed);
     void add();
@@ -41,6 +41,8 @@ private:
     void takeOut(const QString &name, int number);
     void clearAll();
     void rejectTyping();
+    bool isNameTyped() const;
+    bool settleTypedName();
     QString lostChanges() const;
     void leaveTo(const QString &screen);
 
@@ -56,7 +58,7 @@ private:
     QListWidget *cbobettornames;
     QLabel *lblselected;
     QLabel *lblcount;
-    QLabel *lblnote;
+    NoteLine *lblnote;
     QPushButton *cmddelete;
     QPushButton *cmdclearbettors;
     QPushButton *cmdbetsheet;

@@ -3,6 +3,7 @@
 #include "common/event/session.h"
 #include "help/helptext.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 
@@ -158,7 +159,7 @@ void frmhelpb::search()
         txthelp->moveCursor(QTextCursor::Start);
         if (!txthelp->find(wanted)) {
             txthelp->setTextCursor(before);
-            lblnote->setText(u'"' + wanted + u"\" not found"_s);
+            lblnote->warn(u'"' + wanted + u"\" not found"_s);
             return;
         }
         lblnote->setText(u"The search went on at the beginning."_s);
@@ -179,7 +180,7 @@ void frmhelpb::save()
 void frmhelpb::print()
 {
     const PrintTask task{u"Help print"_s, ErrorStyle::DescriptionAndLabel, u"Help text printed."_s};
-    lblnote->setText(printSlip(this, m_context, task, helpSlip(txthelp->toPlainText())).note);
+    tellPrinted(lblnote, printSlip(this, m_context, task, helpSlip(txthelp->toPlainText())));
 }
 
 bool frmhelpb::mayLeave()

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class NoteLine;
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -50,5 +51,5 @@ private:
     QLabel *lblunsaved;
     QPushButton *cmdprint;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

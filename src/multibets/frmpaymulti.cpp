@@ -9,6 +9,7 @@
 #include "multibets/multislips.h"
 #include "multibets/parts/typebuttons.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/paidlist.h"
 #include "ui/prompts.h"
 

@@ -5,6 +5,7 @@
 #include "multibets/multisummary.h"
 #include "multibets/parts/multibetscreen.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/prompts.h"
 
 #include <QHBoxLayout>

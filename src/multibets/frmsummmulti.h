@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-class QLabel;
+class NoteLine;
 class QListWidget;
 class QPushButton;
 
@@ -26,5 +26,5 @@ private:
     QListWidget *lstsumm;
     QPushButton *cmdprint;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

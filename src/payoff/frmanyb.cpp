@@ -5,6 +5,7 @@
 #include "common/event/slippayoff.h"
 #include "common/print/format.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -214,7 +215,7 @@ void frmanyb::showRace()
         fields[place]->setText(post > 0 ? session.horses.post(post).name : QString());
     }
     if (!payoffs.isCalculated())
-        lblnote->setText(u"The pay-winners screen has no payoffs now: nothing is paid"_s);
+        lblnote->warn(u"The pay-winners screen has no payoffs now: nothing is paid"_s);
 }
 
 void frmanyb::clearSlip()
@@ -251,18 +252,21 @@ void frmanyb::calculate()
 
 void frmanyb::addSlip()
 {
-    lblnote->setText(m_totals.slip == 0 ? u"No new slip was calculated: nothing is added"_s
-                                        : u"Added: "_s + dollars(m_totals.slip));
+    if (m_totals.slip == 0)
+        lblnote->warn(u"No new slip was calculated: nothing is added"_s);
+    else
+        lblnote->setText(u"Added: "_s + dollars(m_totals.slip));
     m_totals.addSlip(m_context.session.settings.roundingIndex);
     showTotals();
 }
 
 void frmanyb::payBettor()
 {
-    lblnote->setText(u"Paid: "_s + dollars(m_totals.bettorRounded)
-                     + (m_totals.slip == 0
-                            ? QString()
-                            : u"; not added and not paid: "_s + dollars(m_totals.slip)));
+    const bool isLeftOut = m_totals.slip != 0;
+    lblnote->setText(
+        u"Paid: "_s + dollars(m_totals.bettorRounded)
+            + (isLeftOut ? u"; not added and not paid: "_s + dollars(m_totals.slip) : QString()),
+        isLeftOut ? NoteKind::Warning : NoteKind::Plain);
     paySlips(m_context.session, m_totals);
     clearSlip();
     showTotals();

@@ -8,9 +8,9 @@
 
 #include <array>
 
+class NoteLine;
 class QGridLayout;
 class QGroupBox;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -71,5 +71,5 @@ private:
     QPushButton *cmdpay;
     QPushButton *cmdclear;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

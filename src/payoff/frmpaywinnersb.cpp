@@ -4,9 +4,12 @@
 #include "common/event/eventrecords.h"
 #include "common/print/cashtexts.h"
 #include "common/print/format.h"
+#include "payoff/houseguidance.h"
 #include "payoff/parts/combinationgrid.h"
 #include "payoff/settlerace.h"
+#include "ui/controls.h"
 #include "ui/paidlist.h"
+#include "ui/printing.h"
 #include "ui/prompts.h"
 
 #include <QButtonGroup>
@@ -66,6 +69,7 @@ void frmpaywinnersb::connectControls()
             u"The track's payoffs are used. Select the race again to end their use."_s);
     });
     connect(cmdsame, &QPushButton::clicked, this, &frmpaywinnersb::fillAsBefore);
+    pressOnEnter(lsthorses, [this] { return firstFreeFinish(); });
     connect(cmdreturn, &QPushButton::clicked, this, &frmpaywinnersb::leave);
 }
 
@@ -74,20 +78,15 @@ void frmpaywinnersb::connectControls()
 void frmpaywinnersb::selectRace(int race)
 {
     Session &session = m_context.session;
-    if (!mayStartOver(race)) {
-        optrace->button(session.settings.currentRace)->setChecked(true);
-        return;
-    }
+    if (!mayStartOver(race))
+        return keepOption(optrace, session.settings.currentRace);
     if (race == session.settings.currentRace)
         return showRace();
     m_ledger.closeRace(session.bettors);
     m_ledger.forgetPayments(race);
     session.settings.currentRace = race;
     showRace();
-    QStringList notes = m_ledger.unpaidNotes();
-    if (!lblnote->text().isEmpty())
-        notes.prepend(lblnote->text());
-    lblnote->setText(notes.join(u"; "_s));
+    lblnote->add(m_ledger.unpaidNotes().join(u"; "_s), NoteKind::Warning);
 }
 
 void frmpaywinnersb::showRace()
@@ -112,7 +111,7 @@ void frmpaywinnersb::showRace()
     trapErrors(this, ErrorStyle::DescriptionOnly, [&] {
         const HorseFile card = readHorses(session, session.settings.currentRace);
         session.horses = card.horses;
-        lblnote->setText(card.damage());
+        lblnote->warn(card.damage());
     });
     for (const Horse &horse : session.horses) {
         if (isUnused(horse))
@@ -131,11 +130,9 @@ void frmpaywinnersb::showHistory()
     const CashEntry *before = lastSettlement(journal, session.settings.currentRace);
     m_before = before ? std::optional(*before) : std::nullopt;
     cmdsame->setVisible(m_before.has_value());
-    QStringList notes{lblnote->text(),
-                      m_before ? settledText(*m_before, session.horses) : QString(),
-                      journalNote(journal)};
-    notes.removeAll(QString());
-    lblnote->setText(notes.join(u"; "_s));
+    if (m_before)
+        lblnote->add(settledText(*m_before, session.horses));
+    lblnote->add(journalNote(journal), NoteKind::Warning);
 }
 
 void frmpaywinnersb::fillAsBefore()
@@ -182,7 +179,20 @@ void frmpaywinnersb::enterFinisher(Finish finish)
         return showMessage(this, u"Must select horse"_s, u"Payoff"_s);
     setFinisher(finish, item->data(Qt::UserRole).toInt());
     if (m_context.session.payoffs.isCalculated())
-        lblnote->setText(u"The winners listed are those of the finish calculated before."_s);
+        lblnote->warn(u"The winners listed are those of the finish calculated before."_s);
+}
+
+// The button of the first place that no horse is entered for; null when all three are.
+QPushButton *frmpaywinnersb::firstFreeFinish()
+{
+    QPushButton *const buttons[] = {cmdwinner, cmdplace, cmdshow};
+    for (const Finish finish : allFinishes) {
+        if (finisher(finish) < 1)
+            return buttons[std::size_t(finish)];
+    }
+    lblnote->setText(u"All three places are entered. ENTER WINNER, ENTER PLACE and ENTER SHOW "
+                     "change them."_s);
+    return nullptr;
 }
 
 void frmpaywinnersb::setFinisher(Finish finish, int post)
@@ -321,15 +331,15 @@ void frmpaywinnersb::listWinners(const Settlement &settlement)
     const BettorNames names(session.bettors);
     for (std::size_t i = 0; i < settlement.winners.size(); ++i)
         lstwinners->addItem(makeWinner(i, names.listed(settlement.winners[i].number)));
-    QStringList notes{markPaid()};
+    lblnote->setText(markPaid(), NoteKind::Warning);
     showPaidTotals();
     guidance->setCurrentIndex(1);
+    lblhouse->setText(houseGuidance(m_result, settlement, m_ledger.owed()));
+    lblhouse->setVisible(!lblhouse->text().isEmpty());
     const auto &finishers = session.payoffs.finishers;
     if (finishers[0] == finishers[1] || finishers[0] == finishers[2]
         || (finishers[1] == finishers[2] && !isUnused(session.horses.post(finishers[1]))))
-        notes.prepend(u"The same horse was entered for two places."_s);
-    notes.removeAll(QString());
-    lblnote->setText(notes.join(u' '));
+        lblnote->addBefore(u"The same horse was entered for two places."_s, NoteKind::Warning);
     lstwinners->setFocus();
     lstwinners->setCurrentRow(-1); // the first arrow key selects the first name, not the second
 }
@@ -377,11 +387,14 @@ void frmpaywinnersb::leave()
 {
     m_ledger.closeRace(m_context.session.bettors);
     QStringList notes = m_ledger.unpaidNotes();
-    if (const QString note = printSlips(); !note.isEmpty())
-        notes.append(note);
+    const bool isUnpaid = !notes.isEmpty();
+    const Printed printed = printSlips();
+    notes.append(printed.note);
+    notes.removeAll(QString());
     m_context.session.payoffs = {};
     m_calculator.close();
-    m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s));
+    m_context.navigator.open(u"frmmenub"_s, notes.join(u"; "_s),
+                             isUnpaid ? NoteKind::Warning : printed.kind());
 }
 
 // A winner whose bet came in after the calculation is on no list: before anybody is paid the bets

@@ -24,6 +24,7 @@ private:
     void fillAsBefore();
     void showSelectedHorse();
     void enterFinisher(Finish finish);
+    QPushButton *firstFreeFinish();
     void setFinisher(Finish finish, int post);
     int finisher(Finish finish) const;
 

@@ -72,7 +72,7 @@ void frmhorsesb::load()
         m_saved = rowsOf(card.horses);
         showRows(m_saved);
         if (!damage.isEmpty())
-            lblnote->setText(damage + " The other posts are shown empty."_L1);
+            lblnote->warn(damage + " The other posts are shown empty."_L1);
     });
     readBets();
 }
@@ -89,13 +89,13 @@ void frmhorsesb::readBets()
         note = "The bets of this race cannot be read: "_L1 + error.description();
     }
     if (!note.isEmpty())
-        lblnote->setText(note);
+        lblnote->warn(note);
 }
 
 void frmhorsesb::chooseRace(int race)
 {
     const QString unsaved = unsavedNote();
-    lblnote->setText(unsaved);
+    lblnote->warn(unsaved);
     if (race == m_context.session.settings.currentRace && !unsaved.isEmpty())
         return; // what was typed for the race that is shown stays
     m_context.session.settings.currentRace = race;
@@ -114,7 +114,7 @@ void frmhorsesb::edited(const QLineEdit *box, int post)
         }
     }
     showUnsaved();
-    lblnote->setText(betsNote(m_pools, post));
+    lblnote->warn(betsNote(m_pools, post));
 }
 
 void frmhorsesb::updateHorses()
@@ -134,7 +134,7 @@ void frmhorsesb::clearHorses()
     if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { race = LoadRaceBets(session); }))
         return;
     m_pools = race.pools;
-    lblnote->setText(race.note);
+    lblnote->warn(race.note);
     if (!race.bets.rows.empty()) {
         showMessage(this, u"Must clear all bets first"_s, u"Clear horses"_s);
         return;
@@ -168,12 +168,12 @@ void frmhorsesb::scratchHorse()
         return;
     const Horse horse = horsesOf(rows()).post(answer.post);
     if (isUnused(horse)) {
-        lblnote->setText("No horse at post "_L1 + QString::number(answer.post));
+        lblnote->warn("No horse at post "_L1 + QString::number(answer.post));
         return;
     }
     if (askOkCancel(this, "Scratch "_L1 + horse.name, u"Horses"_s) && poolsAreValid()
         && mayReplaceCard())
-        lblnote->setText(scratchPost(answer.post, horse.name));
+        lblnote->warn(scratchPost(answer.post, horse.name));
 }
 
 // Another computer may have written the card since it was loaded: a horse scratched there comes
@@ -196,7 +196,7 @@ bool frmhorsesb::mayReplaceCard()
     const QString question = u"Write the horses of this screen in place of them?"_s;
     if (askYesNo(this, reasons.join(u'\n') + u'\n' + question, u"Horses"_s))
         return true;
-    lblnote->setText(u"Nothing was saved. Click on the race to see the card on file."_s);
+    lblnote->warn(u"Nothing was saved. Click on the race to see the card on file."_s);
     return false;
 }
 
@@ -280,12 +280,12 @@ void frmhorsesb::printBetSheets()
                                     settings.betSheetMessage);
     const PrintTask task{u"Print Bet Sheets"_s, ErrorStyle::DescriptionAndLabel,
                          u"Bet sheets printed: "_s, PrintGate::Receipts};
-    lblnote->setText(printCopies(this, m_context, task, sheet, sheets).note);
+    tellPrinted(lblnote, printCopies(this, m_context, task, sheet, sheets));
 }
 
 void frmhorsesb::returnToMenu()
 {
-    m_context.navigator.open(u"frmmenub"_s, unsavedNote());
+    m_context.navigator.open(u"frmmenub"_s, unsavedNote(), NoteKind::Warning);
 }
 
 void frmhorsesb::showRows(const CardRows &rows)
@@ -314,7 +314,7 @@ bool frmhorsesb::poolsAreValid()
     showUnsaved();
     showMessage(this, u"Pool number must be between 0 and 9"_s, u"Horses"_s);
     txtpool[std::size_t(posts.first() - 1)]->setFocus(Qt::TabFocusReason);
-    lblnote->setText("Nothing was saved. Pool set to 0 at post "_L1 + names.join(", "_L1));
+    lblnote->warn("Nothing was saved. Pool set to 0 at post "_L1 + names.join(", "_L1));
     return false;
 }
 

@@ -5,6 +5,7 @@
 #include "repair/parts/recordgrid.h"
 #include "repair/savedcopies.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 

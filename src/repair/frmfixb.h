@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+class NoteLine;
 class QAbstractButton;
 class QBoxLayout;
 class QButtonGroup;
@@ -59,5 +60,5 @@ private:
     QCheckBox *chkdes;
     QCheckBox *chkalp;
     QCheckBox *chknum;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

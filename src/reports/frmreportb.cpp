@@ -6,6 +6,7 @@
 #include "common/print/format.h"
 #include "reports/tillreport.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
@@ -288,7 +289,7 @@ bool frmreportb::enter(bool close)
     const QString refusal =
         enterTill(m_context.session, {txtfloat->text(), txtcounted->text()}, close);
     if (!refusal.isEmpty()) {
-        lblnote->setText(refusal);
+        lblnote->warn(refusal);
         return false;
     }
     for (QLineEdit *field : {txtfloat, txtcounted})
@@ -333,7 +334,7 @@ void frmreportb::print()
         task.done += " at "_L1 + QString::number(slip.pointSize)
                      + " points, so that the lines fit the paper"_L1;
     }
-    lblnote->setText(printSlip(this, m_context, task, slip).note);
+    tellPrinted(lblnote, printSlip(this, m_context, task, slip));
 }
 
 void frmreportb::saveAs(const QString &filter, const QString &suffix, const QString &label,

@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class NoteLine;
 class QButtonGroup;
 class QCheckBox;
 class QGroupBox;
@@ -78,5 +79,5 @@ private:
     QPushButton *cmdcsv;
     QPushButton *cmdpdf;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

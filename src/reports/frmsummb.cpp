@@ -4,6 +4,7 @@
 #include "reports/betlistings.h"
 #include "reports/summaryslip.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 
@@ -136,7 +137,7 @@ bool frmsummb::read()
         m_summary = summarizeRace(m_race, session.bettors);
     });
     showSummary();
-    lblnote->setText(QString(m_race.horseDamage + u' ' + m_summary.note()).trimmed());
+    lblnote->warn(QString(m_race.horseDamage + u' ' + m_summary.note()).trimmed());
     return good;
 }
 
@@ -178,7 +179,7 @@ void frmsummb::printSummary()
         return;
     const Slip slip = summarySlip(m_summary, m_context.session.settings.bannerAndRace());
     const PrintTask task{u"Print Summary"_s, ErrorStyle::DescriptionOnly, u"Printed"_s};
-    lblnote->setText(printSlip(this, m_context, task, slip).note);
+    tellPrinted(lblnote, printSlip(this, m_context, task, slip));
 }
 
 void frmsummb::leave()

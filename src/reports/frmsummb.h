@@ -5,8 +5,8 @@
 
 #include <QWidget>
 
+class NoteLine;
 class QButtonGroup;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTableWidget;
@@ -45,5 +45,5 @@ private:
     QPushButton *cmdtotals;
     QPushButton *cmdprint;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

@@ -1,7 +1,7 @@
 #include "reports/till.h"
 
 #include "common/event/cashstakes.h"
-#include "common/event/settle.h"
+#include "common/event/settledrace.h"
 #include "common/event/slippayoff.h"
 #include "common/print/format.h"
 
@@ -44,14 +44,6 @@ QHash<int, JournalStakes> stakesByRace(const CashJournal &journal)
                 entry.dollars;
     }
     return races;
-}
-
-ExactMoney sumOf(const StakesByBettor &stakes)
-{
-    ExactMoney sum = 0;
-    for (const ExactMoney stake : stakes)
-        sum += stake;
-    return sum;
 }
 
 // A race as it is worked out.
@@ -138,15 +130,7 @@ private:
     void settleBy(const CashEntry &entry)
     {
         const RaceSettled &settled = *entry.settled;
-        RaceResult result;
-        result.finishers = settled.payoffs.finishers;
-        result.housePercent = settled.housePercent;
-        result.is532 = settled.payoffs.is532;
-        result.trackPayoffs = settled.payoffs.perDollar;
-        result.bettorCount = m_bettorCount;
-        for (int post = 1; post <= postCount; ++post)
-            result.coupling[std::size_t(post)] = m_records.horses.couplingOf(post);
-        const Settlement settlement = settle(m_records.bets, result);
+        const Settlement settlement = settleAsWritten(m_records, m_bettorCount, settled);
         m_till.settledAt = entry.clock();
         m_till.housePercent = settled.housePercent;
         m_till.houseCut = wholeCents(exactMoney(settlement.houseCut));

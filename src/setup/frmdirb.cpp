@@ -4,6 +4,7 @@
 #include "setup/eventfolders.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"
+#include "ui/noteline.h"
 #include "ui/prompts.h"
 
 #include <QGroupBox>

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class NoteLine;
 class FolderLists;
 class QLabel;
 class QLayout;
@@ -42,5 +43,5 @@ private:
     QPushButton *cmdnew;
     QPushButton *cmdreturn;
     QLabel *lblhint;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

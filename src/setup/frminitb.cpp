@@ -8,6 +8,7 @@
 #include "setup/eventchoices.h"
 #include "setup/eventfolders.h"
 #include "setup/startup.h"
+#include "ui/noteline.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
 
@@ -169,7 +170,14 @@ QWidget *frminitb::buildNewEvent()
                            u"Allow replacement of all Horse files and merging Bettors and Bets "
                            "files - allows use of multiple computers to take bets and then combine "
                            "files for one payoff"_s);
-    placeInSquare(group, {cmdbets, cmdhorses, cmdbettors, cmdimpext});
+    for (QPushButton *button : {cmdbets, cmdhorses, cmdbettors, cmdimpext})
+        button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
+    auto *grid = new QGridLayout(group);
+    grid->addWidget(cmdimpext, 0, 0, 1, 3);
+    grid->setRowMinimumHeight(1, dangerGap);
+    grid->addWidget(cmdbets, 2, 0);
+    grid->addWidget(cmdhorses, 2, 1);
+    grid->addWidget(cmdbettors, 2, 2);
     return group;
 }
 
@@ -190,10 +198,6 @@ QLayout *frminitb::buildFoot()
     txtsetup->setText(u"Set display resolution to 1024 x 768 to see full screen. Select Control "
                       "Panel, Display, Settings to make this change"_s);
     txtsetup->setAccessibleName(u"Display size"_s);
-    txtsetup->setFrame(false);
-    QPalette quiet;
-    quiet.setColor(QPalette::Base, Qt::transparent);
-    txtsetup->setPalette(quiet);
     lblnote = makeNoteLine(this);
     cmdok = makeButton(this, u"cmdok"_s, u"GO TO MENU"_s,
                        u"If all information on this screen is OK, start program execution"_s);
@@ -229,13 +233,18 @@ void frminitb::connectControls()
     connect(cmdhorses, &QPushButton::clicked, this, &frminitb::clearHorseFiles);
     connect(cmdbettors, &QPushButton::clicked, this, &frminitb::clearBettorsFile);
     connect(cmdok, &QPushButton::clicked, this, &frminitb::goToMenu);
-    connect(cmdexit, &QPushButton::clicked, &m_context.navigator, &Navigator::exitProgram);
+    connect(cmdexit, &QPushButton::clicked, this, [this] {
+        if (settleTypedBanner())
+            m_context.navigator.exitProgram();
+    });
 
     const std::pair<QPushButton *, QString> screens[] = {
         {Command1, u"frmdirb"_s}, {cmdimpext, u"frmimportb"_s}, {cmdhelp, u"frmhelpb"_s}};
     for (const auto &[button, name] : screens) {
-        connect(button, &QPushButton::clicked, this,
-                [this, screen = name] { m_context.navigator.open(screen); });
+        connect(button, &QPushButton::clicked, this, [this, screen = name] {
+            if (settleTypedBanner())
+                m_context.navigator.open(screen);
+        });
     }
 }
 
@@ -314,23 +323,53 @@ bool frminitb::isTooNarrow() const
 
 void frminitb::changeRaceTo(int race)
 {
+    if (!settleTypedBanner())
+        return keepOption(m_races.group, m_context.session.settings.currentRace);
     trap([&] { changeRace(m_context.session, race); });
     showSettings();
 }
 
-void frminitb::takeBanner()
+bool frminitb::takeBanner()
 {
     const bool saved = trap([&] { changeBanner(m_context.session, txtbanner1->text()); });
     txtbanner->setText(m_context.session.settings.bannerAndRace());
-    if (!saved)
-        return showNote();
+    if (!saved) {
+        showNote();
+        return false;
+    }
     showSettings();
     showMessage(this, u"Banner information changed"_s, u"Setup"_s);
+    return true;
+}
+
+bool frminitb::isBannerTyped() const
+{
+    return txtbanner1->text() != m_context.session.settings.banner;
+}
+
+// A banner that was typed without Enter is taken as Enter takes it, or dropped, as the operator
+// says. False when the screen must stay as it is.
+bool frminitb::settleTypedBanner()
+{
+    if (!isBannerTyped())
+        return true;
+    switch (
+        askYesNoCancel(this, u"Change the banner to "_s + txtbanner1->text() + u'?', u"Setup"_s)) {
+    case Choice::Yes:
+        return takeBanner();
+    case Choice::No:
+        showSettings();
+        return true;
+    case Choice::Cancel:
+        break;
+    }
+    txtbanner1->setFocus();
+    return false;
 }
 
 void frminitb::showNote()
 {
-    const bool unsaved = txtbanner1->text() != m_context.session.settings.banner;
+    const bool unsaved = isBannerTyped();
     QStringList notes{lastDirectoryNote(m_context.session.settings), m_note};
     notes.removeAll(QString());
     lblnote->setText(unsaved ? u"Press Enter in the banner text to change the banner."_s
@@ -416,6 +455,8 @@ void frminitb::clearFiles(int (*clear)(Session &, const Progress &), const QStri
 
 void frminitb::goToMenu()
 {
+    if (!settleTypedBanner())
+        return;
     QString note;
     const bool isThere = trap([&] {
         ProgressBox box(this, u"Creating the files of the event ..."_s,

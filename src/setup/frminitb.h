@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class NoteLine;
 class QLabel;
 class QLayout;
 class QLineEdit;
@@ -37,7 +38,9 @@ private:
     bool isTooNarrow() const;
 
     void changeRaceTo(int race);
-    void takeBanner();
+    bool takeBanner();
+    bool isBannerTyped() const;
+    bool settleTypedBanner();
     void showNote();
     void switchReceipts();
     void askReceiptFont();
@@ -72,7 +75,7 @@ private:
     QPushButton *cmdimpext;
     QLabel *lblinst;
     QLineEdit *txtsetup;
-    QLabel *lblnote;
+    NoteLine *lblnote;
     QPushButton *cmdhelp;
     QPushButton *cmdok;
     QPushButton *cmdexit;

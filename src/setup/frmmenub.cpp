@@ -6,9 +6,11 @@
 #include "common/event/roles.h"
 #include "common/event/session.h"
 #include "setup/clearbets.h"
+#include "setup/eventchoices.h"
 #include "setup/menurules.h"
 #include "setup/restore.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 
@@ -17,6 +19,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -46,6 +49,9 @@ public:
         m_grid->addWidget(button, m_grid->rowCount(), 0);
     }
 
+    // A gap before the next button.
+    void standApart() { m_grid->setRowMinimumHeight(m_grid->rowCount(), dangerGap); }
+
     // The help text beside the button added last.
     void explain(QLabel *&label, const QString &name, const QString &text = {})
     {
@@ -71,7 +77,7 @@ frmmenub::frmmenub(const ScreenContext &context)
     connectTasks();
     fill();
     assignAltLetters(this);
-    cmdenterhorses->setFocus();
+    showProgress();
 }
 
 void frmmenub::build()
@@ -79,8 +85,6 @@ void frmmenub::build()
     txtbanner = makeBanner(this, u"txtbanner"_s, u"Vefioze"_s,
                            u"The race name can be changed with CHANGE BANNER on the setup "
                            "screen"_s);
-    lblmenu = makeHeading(this, u"lblmenu"_s, u"Make a selection"_s,
-                          u"Click on one of the buttons directly below"_s);
     auto *columns = new QHBoxLayout;
     columns->addWidget(buildRace(), 1);
     auto *right = new QVBoxLayout;
@@ -90,9 +94,29 @@ void frmmenub::build()
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(txtbanner);
-    layout->addWidget(lblmenu);
+    layout->addLayout(buildHead());
     layout->addLayout(columns, 1);
     layout->addWidget(lblnote);
+}
+
+QLayout *frmmenub::buildHead()
+{
+    lblrace = makeLabel(this, u"lblrace"_s, {});
+    enlarge(lblrace, 2.4);
+    lblprogress = makeLabel(this, u"lblprogress"_s, {}, {}, true);
+    enlarge(lblprogress, 1.4);
+    lblmenu = makeHeading(this, u"lblmenu"_s, u"Make a selection"_s,
+                          u"Click on one of the buttons directly below"_s);
+    QLabel *lblkeys =
+        makeLabel(this, u"lblkeys"_s, u"Another race: Ctrl+PgUp, Ctrl+PgDn, or Setup"_s);
+    auto *head = new QGridLayout;
+    head->setHorizontalSpacing(20);
+    head->addWidget(lblrace, 0, 0, 2, 1);
+    head->addWidget(lblprogress, 0, 1, 1, 2);
+    head->addWidget(lblmenu, 1, 1);
+    head->addWidget(lblkeys, 1, 2, Qt::AlignRight);
+    head->setColumnStretch(1, 1);
+    return head;
 }
 
 QGroupBox *frmmenub::buildRace()
@@ -113,6 +137,7 @@ QGroupBox *frmmenub::buildRace()
     group.add(cmdpay, u"cmdpay"_s, u"Pay Winners"_s,
               u"Select winning horses, calculate payoffs, and pay winning bettors"_s);
     group.explain(lblwinners, u"lblwinners"_s);
+    group.standApart();
     group.add(cmdclearbets, u"cmdclearbets"_s, u"Clear All Bets"_s,
               u"BE CAREFUL - clears all bets for this race"_s);
     warnOf(cmdclearbets);
@@ -127,6 +152,8 @@ QGroupBox *frmmenub::buildFiles()
               u"Check files for bad records - repair bad files"_s);
     group.explain(lblfix, u"lblfix"_s,
                   u"Examine contents of Bet, Bettors, and Horses files for potential changes"_s);
+    group.add(cmdreports, u"cmdreports"_s, u"Print Reports"_s, {});
+    group.standApart();
     group.add(cmdbackup, u"cmdbackup"_s, u"Use Backup Files"_s,
               u"Replace current file with the backup file -use backup if you lose power during a "
               "file update"_s);
@@ -134,7 +161,6 @@ QGroupBox *frmmenub::buildFiles()
     group.explain(lblbackup, u"lblbackup"_s,
                   u"Replace current file with the backup file -use backup if you lose power "
                   "during a file update"_s);
-    group.add(cmdreports, u"cmdreports"_s, u"Print Reports"_s, {});
     return group.box();
 }
 
@@ -203,6 +229,12 @@ void frmmenub::connectTasks()
     for (const auto &entry : tasks) {
         connect(entry.button, &QPushButton::clicked, this, entry.task);
     }
+    for (const auto &[key, step] :
+         {std::pair(Qt::Key_PageUp, -1), std::pair(Qt::Key_PageDown, 1)}) {
+        auto *shortcut = new QShortcut(Qt::CTRL | key, this);
+        connect(shortcut, &QShortcut::activated, this,
+                [this, by = step] { chooseRace(m_context.session.settings.currentRace + by); });
+    }
 }
 
 void frmmenub::fill()
@@ -225,6 +257,33 @@ void frmmenub::fill()
     lblnetwork->setText(networkStatus(session.settings));
     cmdstartnw->setEnabled(!session.settings.isNetworked());
     cmdendnw->setEnabled(session.settings.isNetworked());
+}
+
+// What cannot be read is told when its screen is opened.
+void frmmenub::showProgress()
+{
+    Session &session = m_context.session;
+    lblrace->setText(u"Race "_s + QString::number(session.settings.currentRace));
+    try {
+        const RaceProgress progress = raceProgress(session);
+        lblprogress->setText(progressText(progress));
+        QPushButton *const buttons[] = {cmdenterhorses, cmdmc,  cmdenterbettors,
+                                        cmdbet,         cmdpay, cmdsetup}; // by step
+        const MenuStep step = nextStep(progress, session.settings.isSatelliteComputer());
+        buttons[std::size_t(step)]->setFocus();
+    } catch (const FileError &error) {
+        lblprogress->setText(error.description() + u": "_s + error.label());
+        cmdenterhorses->setFocus();
+    }
+}
+
+// As a click on the race on the setup screen.
+void frmmenub::chooseRace(int race)
+{
+    if (race < 1 || race > raceCount)
+        return;
+    trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] { changeRace(m_context.session, race); });
+    m_context.navigator.reopen();
 }
 
 void frmmenub::entered()
@@ -285,8 +344,11 @@ bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool p
             .gate = PrintGate::Receipts,
         };
         const Slip refunds = raceRefunds(session, file, stakes);
-        if (printWanted)
-            addNote(printOrList(this, m_context, task, refunds, u"The refund list"_s).note);
+        if (printWanted) {
+            const Printed printed =
+                printOrList(this, m_context, task, refunds, u"The refund list"_s);
+            lblnote->add(printed.note, printed.kind());
+        }
         isListed = printWanted;
     };
     bool deleted = true;
@@ -301,8 +363,9 @@ bool frmmenub::refundAndDelete(RecordFile file, const RaceStakes &stakes, bool p
         return false;
     }
     if (stakes.damaged > 0)
-        addNote(u"Damaged lines that could not be refunded, kept in Saved: "_s
-                + QString::number(stakes.damaged));
+        lblnote->add(u"Damaged lines that could not be refunded, kept in Saved: "_s
+                         + QString::number(stakes.damaged),
+                     NoteKind::Warning);
     if (twinFailed)
         throw FileError(*twinFailed);
     return true;
@@ -316,7 +379,7 @@ void frmmenub::useBackups()
         if (!askYesNoCarefully(this, choice.question, u"Backup"_s))
             continue;
         if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
-                        [&] { addNote(restoreFromTwin(session, choice.file)); }))
+                        [&] { lblnote->add(restoreFromTwin(session, choice.file)); }))
             return;
         showMessage(this, choice.confirmation, u"Backup"_s);
     }
@@ -348,15 +411,15 @@ void frmmenub::becomeMaster()
     } catch (const FileError &error) {
         if (!isShareMissing(error)) {
             showFileError(this, error, ErrorStyle::DescriptionAndLabel);
-            lblnote->setText(u"Network mode is off. If the file res in "_s
-                             + session.settings.eventDirectory
-                             + u" is damaged, delete it there and start again."_s);
+            lblnote->warn(u"Network mode is off. If the file res in "_s
+                          + session.settings.eventDirectory
+                          + u" is damaged, delete it there and start again."_s);
             return;
         }
         showMessage(this, u"Network not available - ending network mode"_s);
-        lblnote->setText(u"The event directory is now "_s + session.settings.eventDirectory
-                         + u". Share that folder and start again, or choose the directory on the "
-                           "setup screen."_s);
+        lblnote->warn(u"The event directory is now "_s + session.settings.eventDirectory
+                      + u". Share that folder and start again, or choose the directory on the "
+                        "setup screen."_s);
     }
 }
 
@@ -371,7 +434,7 @@ void frmmenub::joinMaster()
         m_context.navigator.open(u"frmmenub"_s, note);
     } catch (const FileError &error) {
         showMessage(this, u"Invalid master computer name"_s);
-        lblnote->setText(error.description() + u": "_s + shareFolder(master));
+        lblnote->warn(error.description() + u": "_s + shareFolder(master));
     }
 }
 
@@ -384,11 +447,6 @@ void frmmenub::endNetwork()
     m_context.navigator.open(u"frmmenub"_s,
                              reached ? QString()
                                      : u"The shared folder could not be reached. This computer "
-                                       "uses its own files again."_s);
-}
-
-void frmmenub::addNote(const QString &note)
-{
-    if (!note.isEmpty())
-        lblnote->setText(lblnote->text().isEmpty() ? note : lblnote->text() + u'\n' + note);
+                                       "uses its own files again."_s,
+                             NoteKind::Warning);
 }

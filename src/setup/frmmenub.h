@@ -4,8 +4,10 @@
 
 #include <QWidget>
 
+class NoteLine;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 enum class RecordFile;
@@ -25,6 +27,7 @@ public:
 
 private:
     void build();
+    QLayout *buildHead();
     QGroupBox *buildRace();
     QGroupBox *buildFiles();
     QGroupBox *buildComputers();
@@ -32,6 +35,8 @@ private:
     void connectScreens();
     void connectTasks();
     void fill();
+    void showProgress();
+    void chooseRace(int race);
 
     void clearBets();
     void clearStraightBets(bool &printWanted);
@@ -42,10 +47,11 @@ private:
     void becomeMaster();
     void joinMaster();
     void endNetwork();
-    void addNote(const QString &note);
 
     ScreenContext m_context;
     QLineEdit *txtbanner;
+    QLabel *lblrace; // in large letters, and how far it has come
+    QLabel *lblprogress;
     QLabel *lblmenu;
     QPushButton *cmdenterhorses;
     QPushButton *cmdenterbettors;
@@ -74,5 +80,5 @@ private:
     QLabel *lblnetwork;
     QLabel *lblsetup;
     QLabel *lblexit;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

@@ -1,6 +1,28 @@
 #include "setup/menurules.h"
 
+#include "common/event/cashstakes.h"
+#include "common/event/settledrace.h"
+#include "common/print/format.h"
+
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+template<typename Table>
+std::size_t betCount(const Table &bets)
+{
+    return std::size_t(std::ranges::count(
+        bets.rows, false, [](const auto &row) { return row.damaged || row.bet.amount == 0; }));
+}
+
+QString countedOrNone(std::size_t number, const QString &noun)
+{
+    return number == 0 ? QString(u"no "_s + noun + u"s yet"_s) : counted(number, noun);
+}
+
+} // namespace
 
 QString menuBanner(const Settings &settings)
 {
@@ -23,4 +45,55 @@ QString networkStatus(const Settings &settings)
         break;
     }
     return {};
+}
+
+RaceProgress raceProgress(Session &session)
+{
+    const RaceRecords race = readRace(session, session.settings.currentRace);
+    const BettorTable bettors = readBettors(session);
+    const CashJournal journal = readCashJournal(session);
+    RaceProgress progress;
+    progress.horses = int(std::ranges::count(race.horses, false, isUnused));
+    for (int slot = 1; slot <= bettors.slotCount(); ++slot)
+        progress.bettors +=
+            bettors.slot(slot).isBettor() && bettors.slot(slot).name != anyBettorName();
+    progress.bets = betCount(race.bets);
+    progress.dollars = dollarsOf(sumOf(stakesOf(race.bets)));
+    progress.multibets = betCount(race.multibets);
+    progress.multibetDollars = dollarsOf(sumOf(stakesOf(race.multibets)));
+    if (const CashEntry *settlement = lastSettlement(journal, race.race)) {
+        progress.settledAt = settlement->clock();
+        progress.unpaid = unpaidWinners(race, bettors.highestNumber(), journal);
+    }
+    return progress;
+}
+
+QString progressText(const RaceProgress &progress)
+{
+    if (!progress.settledAt.isEmpty())
+        return u"settled "_s + progress.settledAt + u", "_s
+               + (progress.unpaid == 0 ? u"all paid"_s
+                                       : QString::number(progress.unpaid) + u" unpaid"_s);
+    if (progress.horses == 0 && progress.bets + progress.multibets == 0)
+        return countedOrNone(0, u"horse"_s);
+    QStringList parts{countedOrNone(std::size_t(progress.horses), u"horse"_s),
+                      countedOrNone(std::size_t(progress.bettors), u"bettor"_s),
+                      countedOrNone(progress.bets, u"bet"_s)};
+    if (progress.bets > 0)
+        parts += formatMoney(progress.dollars);
+    if (progress.multibets > 0)
+        parts << counted(progress.multibets, u"multibet"_s)
+              << formatMoney(progress.multibetDollars);
+    return parts.join(u", "_s);
+}
+
+MenuStep nextStep(const RaceProgress &progress, bool isSatellite)
+{
+    if (!progress.settledAt.isEmpty())
+        return progress.unpaid > 0 ? MenuStep::Pay : MenuStep::NextRace;
+    if (progress.horses == 0)
+        return isSatellite ? MenuStep::Transfer : MenuStep::Horses;
+    if (progress.bettors == 0 && progress.bets + progress.multibets == 0)
+        return isSatellite ? MenuStep::Transfer : MenuStep::Bettors;
+    return MenuStep::Bet;
 }

@@ -4,6 +4,7 @@
 #include "common/print/format.h"
 #include "transfer/thumbdrive.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
 

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-class QLabel;
+class NoteLine;
 class QListWidget;
 class QPushButton;
 
@@ -47,7 +47,7 @@ private:
     QListWidget *lstdrive;
     QPushButton *cmdrefresh;
     QPushButton *cmdreturn;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };
 
 // Main computer to drive: horses and bettors.

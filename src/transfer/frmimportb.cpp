@@ -5,6 +5,7 @@
 #include "ui/celltable.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"
+#include "ui/noteline.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
 

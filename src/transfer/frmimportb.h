@@ -5,10 +5,10 @@
 
 #include <QWidget>
 
+class NoteLine;
 class FolderLists;
 class QCheckBox;
 class QGroupBox;
-class QLabel;
 class QLayout;
 class QLineEdit;
 class QListWidget;
@@ -55,5 +55,5 @@ private:
     QGroupBox *fraresult;
     QTableWidget *grdimport;
     QListWidget *lstnames;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

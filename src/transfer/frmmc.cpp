@@ -5,6 +5,7 @@
 #include "transfer/addedtable.h"
 #include "ui/celltable.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/prompts.h"
 
 #include <QGroupBox>

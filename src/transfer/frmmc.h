@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QWidget>
 
-class QLabel;
+class NoteLine;
 class QPushButton;
 class QTableWidget;
 
@@ -31,5 +31,5 @@ private:
     QPushButton *cmdreturn;
     QPushButton *cmdsing;
     QTableWidget *grdadded;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

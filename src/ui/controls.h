@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <initializer_list>
 #include <utility>
 
@@ -46,6 +47,9 @@ void setCaption(QAbstractButton *button, const QString &caption);
 
 // The caption as the operator reads it, without the mark of the Alt letter.
 QString captionOf(const QAbstractButton *button);
+
+// The gap in points between what is warned of and what is pressed all night.
+inline constexpr int dangerGap = 16;
 
 // Gives every button and option of the screen an Alt letter of its own, in tab order, except those
 // that are warned of.
@@ -108,10 +112,6 @@ QLabel *makeLabel(QWidget *parent, const QString &name, const QString &text,
 QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
                     const QString &toolTip = {});
 
-// The quiet status line at the foot of every screen, named lblnote. It has room for two lines, so
-// that a note that comes or goes moves nothing.
-QLabel *makeNoteLine(QWidget *parent);
-
 QLineEdit *makeField(QWidget *parent, const QString &name, const QString &toolTip = {});
 
 // A field that only shows; it takes no part in the tab order.
@@ -171,6 +171,10 @@ struct RaceOptions
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
                             const QString &captionPrefix = {});
 
+// Goes back to the option \a id after another was chosen, by a click or an arrow key: checked, and
+// where the keys go.
+void keepOption(QButtonGroup *group, int id);
+
 // Gives the widget colours of its own, while it is enabled.
 void recolor(QWidget *widget, std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors);
 
@@ -196,6 +200,9 @@ void refitCharacters(QWidget *field);
 
 // Makes the control high enough to be hit in a hurry.
 void makeHurried(QWidget *target);
+
+// Lets Enter on the list press the button that \a button gives at that moment, if any.
+void pressOnEnter(QListWidget *list, const std::function<QPushButton *()> &button);
 
 // The fixed-pitch font of lists and receipts.
 QFont fixedPitchFont(double pointSize = 0);

@@ -3,10 +3,10 @@
 #include "common/event/display.h"
 #include "ui/fittedarea.h"
 #include "ui/mainwindow.h"
+#include "ui/noteline.h"
 #include "ui/prompts.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QScreen>
 #include <QShortcut>
 
@@ -115,7 +115,7 @@ void DisplayChoice::choose(double letters)
 
 void DisplayChoice::tell(const QString &note)
 {
-    if (auto *line = m_window->screen()->findChild<QLabel *>(u"lblnote"_s))
+    if (NoteLine *line = noteLineOf(m_window->screen()))
         line->setText(note);
 }
 

@@ -1,9 +1,11 @@
 #include "ui/look.h"
 
+#include "ui/controls.h"
 #include "ui/scaling.h"
 #include "ui/slipprinter.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
@@ -43,6 +45,15 @@ bool goesWithLetters(QStyle::PixelMetric metric)
     default:
         return false;
     }
+}
+
+// Whether nothing can be typed into the field now; cells are for pressing.
+bool isForReading(const QStyleOption *option, const QWidget *widget)
+{
+    const bool takesText =
+        (option->state & QStyle::State_Enabled) && !(option->state & QStyle::State_ReadOnly);
+    return !takesText && qobject_cast<const QLineEdit *>(widget)
+           && !qobject_cast<const ClickCell *>(widget);
 }
 
 // The palette comes from the style, not from the application: one that is set explicitly counts as
@@ -102,6 +113,17 @@ public:
                 drawn.setWidth(std::max(size.width() + 8, qRound(leastWidth * factor)));
         }
         return drawn;
+    }
+
+    // A field that cannot be typed into does not look as if it could: it has no frame, and no
+    // ground but one that it was given.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element != PE_PanelLineEdit || !isForReading(option, widget))
+            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (widget->palette().isBrushSet(QPalette::Active, QPalette::Base))
+            painter->fillRect(option->rect, option->palette.base());
     }
 
     // A group of controls has a quiet frame, with its title in the frame's upper edge.

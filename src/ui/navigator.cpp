@@ -9,7 +9,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLabel>
 #include <QShortcut>
 #include <QShortcutEvent>
 
@@ -19,12 +18,11 @@ namespace {
 
 const QString helpScreen = u"frmhelpb"_s;
 
-// Puts the note before what the screen's status line says itself, unless it is told there already.
-void addNote(QWidget *screen, const QString &note)
+// Puts the note before what the screen's status line says itself.
+void addNote(const QWidget *screen, const QString &note, NoteKind kind)
 {
-    auto *line = screen ? screen->findChild<QLabel *>(u"lblnote"_s) : nullptr;
-    if (line && !note.isEmpty() && !line->text().contains(note))
-        line->setText(line->text().isEmpty() ? note : QString(note + u'\n' + line->text()));
+    if (NoteLine *line = noteLineOf(screen))
+        line->addBefore(note, kind);
 }
 
 } // namespace
@@ -45,7 +43,8 @@ Navigator::Navigator(Session &session, SlipPrinter &printer,
     m_session.files.working = [this] { m_waitCursor.work(); };
     m_session.files.tell = [this](const QString &note) {
         // Once the handler that is reading has shown its own note.
-        Undisturbed::afterwards(this, [this, note] { addNote(current(), note); });
+        Undisturbed::afterwards(this,
+                                [this, note] { addNote(current(), note, NoteKind::Warning); });
     };
     auto *help = new QShortcut(Qt::Key_F1, m_window);
     help->setContext(Qt::ApplicationShortcut);
@@ -79,13 +78,13 @@ bool Navigator::tellsRefusal(const ScreenEntry &entry)
     if (reason.isEmpty())
         return false;
     if (entry.refusalIsNote)
-        current()->findChild<QLabel *>(u"lblnote"_s)->setText(reason);
+        noteLineOf(current())->warn(reason);
     else
         showMessage(current(), reason);
     return true;
 }
 
-void Navigator::show(const ScreenEntry &entry, const QString &note)
+void Navigator::show(const ScreenEntry &entry, const QString &note, NoteKind kind)
 {
     QWidget *screen = make(entry);
     m_window->showScreen(screen);
@@ -95,10 +94,10 @@ void Navigator::show(const ScreenEntry &entry, const QString &note)
     if (entry.entered)
         entry.entered(screen);
     m_display->load(); // the first screen asks for the drive
-    addNote(screen, note);
+    addNote(screen, note, kind);
 }
 
-void Navigator::open(const QString &name, const QString &note)
+void Navigator::open(const QString &name, const QString &note, NoteKind kind)
 {
     if (Undisturbed::isAny())
         return;
@@ -108,13 +107,13 @@ void Navigator::open(const QString &name, const QString &note)
         return;
     m_previous = currentName();
     m_session.files.unsure.reset(); // with the sheet that could place them again
-    show(entry(name), note);
+    show(entry(name), note, kind);
 }
 
-void Navigator::reopen(const QString &note)
+void Navigator::reopen(const QString &note, NoteKind kind)
 {
     if (!Undisturbed::isAny())
-        show(entry(currentName()), note);
+        show(entry(currentName()), note, kind);
 }
 
 QWidget *Navigator::openBeside(const QString &name)
@@ -133,7 +132,19 @@ QWidget *Navigator::openBeside(const QString &name)
     screen->show();
     if (beside.entered)
         beside.entered(screen);
+    bringToFront(screen);
     return screen;
+}
+
+void Navigator::bringToFront(QWidget *beside)
+{
+    const auto bring = [beside] {
+        beside->setWindowState(beside->windowState() & ~Qt::WindowMinimized);
+        beside->raise();
+        beside->activateWindow();
+    };
+    bring();
+    Undisturbed::afterwards(beside, bring); // boxes give the front back to whom they took it from
 }
 
 QWidget *Navigator::current() const
@@ -183,9 +194,7 @@ void Navigator::showHelp()
     if (screen == helpScreen)
         return;
     if (m_help && m_help->isVisible()) {
-        m_help->setWindowState(m_help->windowState() & ~Qt::WindowMinimized);
-        m_help->raise();
-        m_help->activateWindow();
+        bringToFront(m_help);
     } else if (currentName() != helpScreen) {
         m_help = openBeside(helpScreen);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/noteline.h"
 #include "ui/waitcursor.h"
 
 #include <QObject>
@@ -53,16 +54,20 @@ public:
     ~Navigator() override;
 
     // Makes the screen fresh, shows it in the main window and deletes the one shown before. A
-    // \a note goes to its status line. A screen that refuses to be opened tells why instead; help
-    // that is open beside comes to the front instead.
-    void open(const QString &name, const QString &note = {});
+    // \a note of that \a kind goes to its status line. A screen that refuses to be opened tells why
+    // instead; help that is open beside comes to the front instead.
+    void open(const QString &name, const QString &note = {}, NoteKind kind = NoteKind::Plain);
 
-    // Makes the screen as a window of its own beside the one shown; both stay usable. It closes
-    // when the main window does.
+    // Makes the screen as a window of its own beside the one shown; both stay usable. It comes to
+    // the front, and closes when the main window does.
     QWidget *openBeside(const QString &name);
 
-    // Makes the screen shown now afresh. A \a note goes to its status line.
-    void reopen(const QString &note = {});
+    // Brings a window beside to the front and makes it the one that is typed into, once the boxes
+    // of the handler at work are answered.
+    static void bringToFront(QWidget *beside);
+
+    // Makes the screen shown now afresh. A \a note of that \a kind goes to its status line.
+    void reopen(const QString &note = {}, NoteKind kind = NoteKind::Plain);
 
     QWidget *current() const;
     QString currentName() const;
@@ -95,7 +100,7 @@ private:
     const ScreenEntry &entry(const QString &name) const;
     QWidget *make(const ScreenEntry &entry);
     bool tellsRefusal(const ScreenEntry &entry);
-    void show(const ScreenEntry &entry, const QString &note);
+    void show(const ScreenEntry &entry, const QString &note, NoteKind kind);
     void pressCloseButton();
 
     Session &m_session;

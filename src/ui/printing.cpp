@@ -1,12 +1,10 @@
 #include "ui/printing.h"
 
 #include "common/event/session.h"
-#include "ui/controls.h"
+#include "ui/listwindow.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
 #include "ui/slipprinter.h"
-
-#include <QListWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +25,13 @@ QString joined(const QString &first, const QString &second)
     return first.isEmpty() || second.isEmpty() ? first + second : QString(first + u' ' + second);
 }
 
+ListWindow *openListing(const ScreenContext &context, const Slip &slip)
+{
+    auto *window = qobject_cast<ListWindow *>(context.navigator.openBeside(u"frmlistb"_s));
+    window->showLines(slip);
+    return window;
+}
+
 QString pausedNote(SlipPrinter::Job job)
 {
     return job == SlipPrinter::Job::Waiting
@@ -35,6 +40,11 @@ QString pausedNote(SlipPrinter::Job job)
 }
 
 } // namespace
+
+void tellPrinted(NoteLine *line, const Printed &printed)
+{
+    line->setText(printed.note, printed.kind());
+}
 
 Printed printSlip(QWidget *screen, const ScreenContext &context, const PrintTask &task,
                   const Slip &slip)
@@ -73,25 +83,21 @@ Printed printOrList(QWidget *screen, const ScreenContext &context, const PrintTa
                     const Slip &slip, const QString &listed)
 {
     Printed result = printSlip(screen, context, task, slip);
-    if (!result.isComplete) {
-        showListing(context, slip);
-        result.note = joined(result.note, listed + u" is in its own window."_s);
-    }
+    if (result.isComplete)
+        return result;
+    PrintTask again = task;
+    again.gate = PrintGate::Printer; // asked for, so that it does not count as a receipt
+    again.done = u"Printed."_s;
+    openListing(context, slip)->keepUntilPrinted([=](QWidget *window) {
+        return printSlip(window, context, again, slip);
+    });
+    result.note = joined(result.note, listed + u" is in its own window."_s);
     return result;
 }
 
 void showListing(const ScreenContext &context, const Slip &slip)
 {
-    QWidget *window = context.navigator.openBeside(u"frmlistb"_s);
-    auto *list = window->findChild<QListWidget *>(u"List1"_s);
-    setUniformLines(list, slipText(slip));
-    for (int i = 0; i < int(slip.lines.size()); ++i) {
-        if (Slip::isPageBreak(slip.lines[i]))
-            continue;
-        list->addItem(lineText(slip.lines[i]));
-        if (slip.blockStarts.contains(i))
-            list->item(list->count() - 1)->setData(Qt::UserRole, true);
-    }
+    openListing(context, slip);
 }
 
 void showListing(const ScreenContext &context, const QStringList &lines)

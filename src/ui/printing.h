@@ -24,7 +24,12 @@ struct Printed
 {
     bool isComplete = false;
     QString note = {};
+
+    NoteKind kind() const { return isComplete ? NoteKind::Plain : NoteKind::Warning; }
 };
+
+// Tells what came of a task in the status line, in place of what was told before.
+void tellPrinted(NoteLine *line, const Printed &printed);
 
 // Prints one job, unless the gate is closed.
 Printed printSlip(QWidget *screen, const ScreenContext &context, const PrintTask &task,
@@ -36,8 +41,8 @@ Printed printCopies(QWidget *screen, const ScreenContext &context, const PrintTa
                     const Slip &slip, int copies);
 
 // Prints a list that must be seen, because what it lists is about to disappear. When it does not
-// reach the printer it opens in the list window frmlistb, and the note says so of \a listed, such
-// as "The refund list".
+// reach the printer it opens in the list window frmlistb, which keeps it until it is printed, and
+// the note says so of \a listed, such as "The refund list".
 Printed printOrList(QWidget *screen, const ScreenContext &context, const PrintTask &task,
                     const Slip &slip, const QString &listed);
 

@@ -76,6 +76,18 @@ private slots:
             QVERIFY(child<QRadioButton>(screen(), u"optrace_1"_s)->isChecked());
             QCOMPARE(text(u"txttotaltot"_s), u"5"_s);
         }
+        auto *race = child<QRadioButton>(screen(), u"optrace_1"_s);
+        for (const auto key : {Qt::Key_Right, Qt::Key_Down}) {
+            race->setFocus();
+            screen()->window()->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(screen()->window()));
+            expect(throwAway, u"Bet Sheet"_s, Answer::No);
+            pressKey(key);
+            QCoreApplication::processEvents();
+            QVERIFY(event->boxes.allCame() && race->isChecked());
+            QCOMPARE(screen()->window()->focusWidget(), race);
+            QCOMPARE(text(u"txttotaltot"_s), u"5"_s);
+        }
         expect(throwAway, u"Bet Sheet"_s, Answer::No);
         screen()->window()->close();
         press(u"cmdmainmenu"_s, throwAway, u"Bet Sheet"_s, Answer::Yes);

@@ -50,6 +50,43 @@ private slots:
         event.boxes.expect(u"482 Printer error"_s, u"Print Bets by Bettor"_s);
         clickButton(listing, u"cmdprint"_s);
     }
+
+    // A refund list that is not on paper goes only when the operator says so.
+    void unprinted()
+    {
+        TestEvent event;
+        event.open(u"frmmenub"_s);
+        bool isOutOfPaper = true;
+        event.printer.setDestination([&](const Slip &slip) {
+            if (isOutOfPaper)
+                throw FileError(ErrorNumber::PrinterError);
+            event.slips.append(slip);
+        });
+        const QString title = u"Print Refunds"_s;
+        Slip refunds;
+        refunds.addLine(u"ADA $5.00"_s);
+        event.boxes.expect(u"Printer error"_s, title);
+        printOrList(event.current(), {event.session, event.navigator(), event.printer}, {title},
+                    refunds, u"The refund list"_s);
+        const QPointer<QWidget> listing = child<QWidget>(event.navigator().window(), u"frmlistb"_s);
+        QVERIFY(QTest::qWaitForWindowActive(listing));
+        event.boxes.expect(u"Printer error"_s, title);
+        clickButton(listing, u"cmdagain"_s);
+        const QString question = u"This list is not printed. Close it all the same?"_s;
+        for (const bool program : {false, true}) {
+            event.boxes.expect(question, u"Bettor/Bets List"_s, Answer::No);
+            if (program)
+                event.navigator().exitProgram();
+            else
+                clickButton(listing, u"cmdreturn"_s);
+            QVERIFY(listing && listing->isVisible());
+        }
+        isOutOfPaper = false;
+        clickButton(listing, u"cmdagain"_s);
+        QCOMPARE(slipText(event.slips.value(0)), slipText(refunds));
+        clickButton(listing, u"cmdreturn"_s);
+        QTRY_VERIFY(!listing);
+    }
 };
 
 TRELAWN_TEST(tst_frmlistb)

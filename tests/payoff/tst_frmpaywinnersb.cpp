@@ -157,6 +157,36 @@ private slots:
         QVERIFY(event->slips.isEmpty()); // what was paid before no longer counts
     }
 
+    // The whole race with Enter alone; the menu then tells who is left.
+    void enterKey()
+    {
+        auto *horses = child<QListWidget>(screen(), u"lsthorses"_s);
+        for (const int row : {0, 2, 4, 5}) {
+            horses->setCurrentRow(row);
+            QTest::keyClick(horses, Qt::Key_Return);
+        }
+        QCOMPARE(text(u"txtwinhorse"_s) + text(u"txtplacehorse"_s) + text(u"txtshowhorse"_s),
+                 u"135"_s);
+        QVERIFY(event->note().startsWith("All three places are entered."_L1));
+        press(u"cmdpayoff"_s);
+        auto *winners = child<QListWidget>(screen(), u"lstwinners"_s);
+        QTest::keyClick(winners, Qt::Key_Return); // nobody is selected
+        winners->setCurrentRow(0);
+        expect(u"Print Payoffs?"_s, u"TRELAWN"_s, Answer::No);
+        QTest::keyClick(winners, Qt::Key_Enter, Qt::KeypadModifier);
+        QTest::keyClick(winners, Qt::Key_Return);
+        QCOMPARE(winners->count(), 3);
+        // AnyBettor's calculator is what is typed into next.
+        QWidget *calculator = calculators().value(0);
+        QVERIFY(calculator && QTest::qWaitForWindowActive(calculator));
+        auto *first = child<QLineEdit>(calculator, u"txtwinwin"_s);
+        QTRY_COMPARE(first->selectedText(), u"0"_s);
+        QVERIFY(first->hasFocus());
+        press(u"cmdreturn"_s);
+        QCOMPARE(label(u"lblprogress"_s), u"settled "_s + clock() + u", 3 unpaid"_s);
+        QCOMPARE(screen()->focusWidget()->objectName(), u"cmdpay"_s);
+    }
+
     // A winner whose bet reached the file after the calculation is never passed over in silence.
     void lateBets()
     {

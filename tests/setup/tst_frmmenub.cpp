@@ -33,6 +33,31 @@ private slots:
         QVERIFY(closeBoxEnds(*navigator));
     }
 
+    // The race, how far it is, and the next step; keys choose another as setup does.
+    void raceInSight()
+    {
+        event->writeTwins(u"Horses Race2"_s, horseRecords(cardOf({{1, 0, u"1"_s, u"ALFA"_s}})));
+        event->writeTwins(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"ADA\"\r\n");
+        event->writeTwins(u"Bets Race2"_s, "2,1,1,5\r\nx\r\n0,1,1,0\r\n");
+        open()->activateWindow();
+        const auto shows = [this](const QString &race, const QString &text, const QString &button) {
+            QCoreApplication::processEvents();
+            QWidget *menu = navigator->current();
+            QCOMPARE(labelText(menu, u"lblrace"_s), race);
+            QCOMPARE(labelText(menu, u"lblprogress"_s), text);
+            QCOMPARE(menu->focusWidget()->objectName(), button);
+        };
+        shows(u"Race 1"_s, u"no horses yet"_s, u"cmdenterhorses"_s);
+        QTest::keyClick(navigator->current(), Qt::Key_PageUp, Qt::ControlModifier);
+        shows(u"Race 1"_s, u"no horses yet"_s, u"cmdenterhorses"_s);
+        QTest::keyClick(navigator->current(), Qt::Key_PageDown, Qt::ControlModifier);
+        shows(u"Race 2"_s, u"1 horse, 1 bettor, 1 bet, $5.00"_s, u"cmdbet"_s);
+        QVERIFY(event->read(u"Init"_s).contains(",1,2,0.25,"));
+        event->remove({u"Bettors"_s});
+        open();
+        shows(u"Race 2"_s, u"File not found: Bettors input"_s, u"cmdenterhorses"_s);
+    }
+
     void buttonsOpenTheirScreens()
     {
         for (const auto &[button, screen] : screens.asKeyValueRange()) {

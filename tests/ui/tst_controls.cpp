@@ -1,5 +1,5 @@
 #include "kit/testkit.h"
-#include "ui/controls.h"
+#include "ui/noteline.h"
 
 class tst_controls : public QObject
 {
@@ -43,6 +43,44 @@ private slots:
             QCoreApplication::sendEvent(label, &help);
             QCOMPARE(label->toolTip().contains(name), !wraps);
         }
+    }
+
+    // What cannot be typed into has neither frame nor ground, unless it was given one.
+    void fieldsForReading()
+    {
+        Rows<bool, bool, bool> rows; // read-only, enabled, looks like a field
+        rows("typed into", false, true, true);
+        rows("shows", true, true, false);
+        rows("disabled", false, false, false);
+        for (const auto &[row, isReadOnly, isEnabled, looksTyped] : rows) {
+            QWidget form;
+            QLineEdit *field = makeField(&form, u"txtx"_s);
+            field->setReadOnly(isReadOnly);
+            field->setEnabled(isEnabled);
+            const QImage shown = field->grab().toImage();
+            QCOMPARE(shown.pixelColor(shown.rect().center())
+                         != form.palette().color(form.backgroundRole()),
+                     looksTyped);
+        }
+    }
+
+    // A warning looks like one until something else is told.
+    void notes()
+    {
+        QWidget form;
+        NoteLine *line = makeNoteLine(&form);
+        line->setText(u"Saved."_s);
+        QVERIFY(!line->isWarning() && !line->font().bold());
+        line->warn(u"Not printed."_s);
+        line->add(u"Saved."_s);
+        line->add(u"Not printed."_s);
+        line->addBefore(u"Lost: 1"_s);
+        QCOMPARE(line->text(), u"Lost: 1\nNot printed.\nSaved."_s);
+        QVERIFY(line->isWarning() && line->font().bold());
+        QVERIFY(line->contentsRect().left() >= line->fontMetrics().height()); // its sign
+        line->clear();
+        line->add(u"Saved."_s);
+        QVERIFY(!line->isWarning() && !line->font().bold() && line->contentsRect().left() == 0);
     }
 
     // Letters are handed on so that each button with a letter gets one of its own.

@@ -1,5 +1,6 @@
 #include "kit/screentest.h"
 #include "ui/prompts.h"
+#include "ui/scaling.h"
 
 // Haste does no harm: neither a letter hit by mistake nor Enter pressed again and again.
 class tst_danger : public ScreenTest
@@ -7,7 +8,7 @@ class tst_danger : public ScreenTest
     Q_OBJECT
 
 private slots:
-    void noLetterPressesIt()
+    void apartAndWithoutLetter()
     {
         begin();
         Rows<QString, QStringList> rows;
@@ -18,9 +19,17 @@ private slots:
         rows("bet sheet", u"frmsheetb"_s, {u"cmdclearprior"_s});
         for (const auto &[row, name, buttons] : rows) {
             open(name);
-            for (const QString &button : buttons)
-                QVERIFY2(child<QPushButton>(screen(), button)->shortcut().isEmpty(),
-                         qPrintable(button));
+            const double factor = letterFactor(screen());
+            for (const QString &danger : buttons) {
+                const auto *button = child<QPushButton>(screen(), danger);
+                QVERIFY2(button->shortcut().isEmpty(), qPrintable(danger));
+                const QRect around = placeOf(button).marginsAdded(QMargins() + int(8 * factor));
+                for (const auto *other : screen()->findChildren<QPushButton *>()) {
+                    QVERIFY2(buttons.contains(other->objectName()) || !other->isVisible()
+                                 || !around.intersects(placeOf(other)),
+                             qPrintable(danger + u" is at "_s + other->objectName()));
+                }
+            }
         }
     }
 
@@ -31,6 +40,12 @@ private slots:
                 0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
             QVERIFY(!ask(nullptr, u"Clear?"_s, {}));
         }
+    }
+
+private:
+    QRect placeOf(const QWidget *button)
+    {
+        return {button->mapTo(screen(), QPoint()), button->size()};
     }
 };
 

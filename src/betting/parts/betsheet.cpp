@@ -64,7 +64,7 @@ void BetSheet::entered()
     bool initIsWhole = true;
     trapped([&] { initIsWhole = rereadInit(session); });
     if (!initIsWhole)
-        note(u"Init is damaged: the settings of this run stay in force."_s);
+        warn(u"Init is damaged: the settings of this run stay in force."_s);
     showReceiptSetting();
     loadBettorList();
     loadRace();
@@ -73,6 +73,11 @@ void BetSheet::entered()
 void BetSheet::note(const QString &text)
 {
     lblnote->setText(text);
+}
+
+void BetSheet::warn(const QString &text)
+{
+    lblnote->warn(text);
 }
 
 void BetSheet::loadBettorList()
@@ -94,13 +99,13 @@ void BetSheet::loadRace()
         const HorseFile card = readHorses(session, session.settings.currentRace);
         m_horses = card.horses;
         if (const QString damage = card.damage(); !damage.isEmpty())
-            note(damage);
+            warn(damage);
         const RaceBets race = LoadRaceBets(session);
         m_pools = race.pools;
         betsNote = race.note;
     });
     if (!betsNote.isEmpty())
-        note(betsNote);
+        warn(betsNote);
     m_races->button(session.settings.currentRace)->setChecked(true);
     txtbanner->setText(session.settings.banner);
     txtbanner1->setText(session.settings.raceName());
@@ -108,7 +113,7 @@ void BetSheet::loadRace()
     if (std::ranges::all_of(m_horses, isUnused) && lblnote->text().isEmpty())
         note(u"No horses are entered for this race yet."_s);
     if (const QString settled = settledBefore(); !settled.isEmpty())
-        note(settled + u". A bet on it comes too late."_s + withBlank(lblnote->text()));
+        warn(settled + u". A bet on it comes too late."_s + withBlank(lblnote->text()));
     showOdds();
     clearEntries();
 }
@@ -127,10 +132,8 @@ void BetSheet::chooseRace(int race)
     const int before = m_context.session.settings.currentRace;
     if (race == before)
         return;
-    if (!mayThrowAway()) {
-        m_races->button(before)->setChecked(true);
-        return m_races->button(before)->setFocus();
-    }
+    if (!mayThrowAway())
+        return keepOption(m_races, before);
     note({});
     m_deleted.clear();
     m_context.session.settings.currentRace = race;
@@ -145,7 +148,7 @@ void BetSheet::chooseRace(int race)
 // A bettor who was not the one that was typed is shown as doubtful, and the search goes on.
 void BetSheet::chooseBettor(int number, const QString &name, const QString &missed)
 {
-    note(missed.isEmpty() ? QString() : QString(u"No name begins with "_s + missed + u'.'));
+    warn(missed.isEmpty() ? QString() : QString(u"No name begins with "_s + missed + u'.'));
     m_deleted.clear();
     showUndo();
     m_bettor = number;
@@ -247,12 +250,12 @@ void BetSheet::bringBack()
     Session &session = m_context.session;
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, planReturn(m_deleted)); })) {
-        return note(session.files.unsure
+        return warn(session.files.unsure
                         ? u"Press Undo again: what is on file is not placed twice."_s
                         : u"The bets are still deleted."_s);
     }
     if (placement.raceIsFull)
-        return note(u"The race is full: the bets are still deleted."_s);
+        return warn(u"The race is full: the bets are still deleted."_s);
     note(counted(placement.plan.bets.size(), u"bet"_s) + u" of "_s
          + formatMoney(placement.plan.total()) + u" brought back for "_s + m_bettorName
          + u": take the refund back."_s);
@@ -269,7 +272,7 @@ bool BetSheet::cardIsAsShown()
         return false;
     const QStringList changes = cardChanges(m_horses, card.horses);
     if (!changes.isEmpty())
-        note(changes.join(u' ') + u" The bets are still deleted."_s);
+        warn(changes.join(u' ') + u" The bets are still deleted."_s);
     return changes.isEmpty();
 }
 
@@ -292,7 +295,7 @@ void BetSheet::showEntries()
 {
     m_grid->showEntries(m_entries);
     lbltobeplaced->setText(toBePlacedText(plan().total()));
-    note(entriesNote(m_entries));
+    warn(entriesNote(m_entries));
 }
 
 PlacementPlan BetSheet::plan() const
@@ -319,7 +322,7 @@ void BetSheet::place()
         return;
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, asked); })) {
-        return note(session.files.unsure ? u"Place these bets again: what is on file is not placed "
+        return warn(session.files.unsure ? u"Place these bets again: what is on file is not placed "
                                            "twice."_s
                                          : u"No bet was placed."_s);
     }
@@ -347,7 +350,7 @@ bool BetSheet::bettorHolds()
     if (!m_kind.readsBettorsToPlace)
         return true;
     if (!trapped([&] { session.bettors = readBettors(session); })) {
-        note(u"No bet was placed."_s);
+        warn(u"No bet was placed."_s);
         return false;
     }
     if (session.bettors.nameOf(m_bettor) == m_bettorName)
@@ -371,7 +374,7 @@ bool BetSheet::cardHolds(PlacementPlan &asked)
     Session &session = m_context.session;
     HorseFile card;
     if (!trapped([&] { card = readHorses(session, session.settings.currentRace); })) {
-        note(u"No bet was placed."_s);
+        warn(u"No bet was placed."_s);
         return false;
     }
     QStringList changes = cardChanges(std::exchange(m_horses, card.horses), card.horses);
@@ -411,7 +414,7 @@ bool BetSheet::mayBeLate()
         || askYesNoCarefully(this, settled + u". Place these bets all the same?"_s,
                              u"Place Bets"_s))
         return true;
-    note(u"No bet was placed."_s);
+    warn(u"No bet was placed."_s);
     return false;
 }
 
@@ -430,7 +433,7 @@ void BetSheet::listPlaced(const Placement &placement)
 void BetSheet::stopAtNegative(const PlacementPlan &plan)
 {
     showMessage(this, u"Bet amounts must be positive"_s);
-    note(counted(plan.bets.size(), u"bet"_s) + u" of "_s + formatMoney(plan.total())
+    warn(counted(plan.bets.size(), u"bet"_s) + u" of "_s + formatMoney(plan.total())
          + u" saved before the negative amount. What is saved must leave the sheet before "
            "placing again."_s);
 }
@@ -440,6 +443,7 @@ void BetSheet::stopAtNegative(const PlacementPlan &plan)
 void BetSheet::finishPlacement(const Placement &placement)
 {
     Session &session = m_context.session;
+    bool isPrinted = true;
     QString result = counted(placement.plan.bets.size(), u"bet"_s) + u" of "_s
                      + formatMoney(placement.plan.total()) + u" placed for "_s + m_bettorName
                      + u'.';
@@ -447,7 +451,8 @@ void BetSheet::finishPlacement(const Placement &placement)
         const Printed receipt =
             printSlip(this, m_context, {u"Bet receipt"_s, ErrorStyle::NumberAndDescription},
                       betReceipt(session.settings, m_prior));
-        result += receipt.isComplete ? withBlank(receipt.note) : u" The receipt was not printed."_s;
+        isPrinted = receipt.isComplete;
+        result += isPrinted ? withBlank(receipt.note) : u" The receipt was not printed."_s;
     }
     clearEntries();
     m_bettor = 0;
@@ -458,7 +463,7 @@ void BetSheet::finishPlacement(const Placement &placement)
     else
         m_search->reset();
     m_search->focusSearch();
-    note(result);
+    lblnote->setText(result, isPrinted ? NoteKind::Plain : NoteKind::Warning);
 }
 
 void BetSheet::deletePrior()
@@ -473,11 +478,13 @@ void BetSheet::deletePrior()
     if (!trapped([&] { deleted = deletePriorBets(m_context.session, selected); }))
         return;
     if (deleted.listWasStale) {
-        note(u"The race's bets changed meanwhile: nothing was deleted. Select the bets again."_s);
+        warn(u"The race's bets changed meanwhile: nothing was deleted. Select the bets again."_s);
     } else {
-        note(counted(std::size_t(selected.size()), u"bet"_s) + u" deleted, refund "_s
-             + formatMoney(deleted.refund) + u" to "_s + m_prior.name + u'.'
-             + withBlank(printRefund(deleted)));
+        const Printed refund = printRefund(deleted);
+        lblnote->setText(counted(std::size_t(selected.size()), u"bet"_s) + u" deleted, refund "_s
+                             + formatMoney(deleted.refund) + u" to "_s + m_prior.name + u'.'
+                             + withBlank(refund.note),
+                         refund.kind());
         m_deleted.clear();
         for (const PriorBet &bet : selected)
             m_deleted.push_back(bet.bet);
@@ -489,25 +496,25 @@ void BetSheet::deletePrior()
 }
 
 // The bets are gone; their list must not be.
-QString BetSheet::printRefund(const DeletedBets &deleted)
+Printed BetSheet::printRefund(const DeletedBets &deleted)
 {
     const Settings &settings = m_context.session.settings;
     if (!settings.receiptsPrint())
-        return {};
+        return {.isComplete = true};
     const PrintTask task{u"Refund Bets"_s, ErrorStyle::NumberAndDescription};
     return printOrList(this, m_context, task, priorBetsRefund(settings, m_prior.name, deleted),
-                       u"The refund list"_s)
-        .note;
+                       u"The refund list"_s);
 }
 
 // The receipt that jammed in the printer, once more.
 void BetSheet::printReceipt()
 {
     if (m_prior.bets.isEmpty())
-        return note(u"Select a bettor who has bets in this race first."_s);
+        return warn(u"Select a bettor who has bets in this race first."_s);
     const PrintTask task{u"Bet receipt"_s, ErrorStyle::NumberAndDescription,
                          u"Printed once more for "_s + m_prior.name};
-    note(printSlip(this, m_context, task, betReceipt(m_context.session.settings, m_prior)).note);
+    tellPrinted(lblnote,
+                printSlip(this, m_context, task, betReceipt(m_context.session.settings, m_prior)));
 }
 
 void BetSheet::switchReceipts()

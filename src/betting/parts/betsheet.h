@@ -3,6 +3,7 @@
 #include "betting/placement.h"
 #include "betting/priorbets.h"
 #include "ui/navigator.h"
+#include "ui/printing.h"
 
 #include <QList>
 #include <QWidget>
@@ -11,6 +12,7 @@
 #include <optional>
 #include <utility>
 
+class NoteLine;
 class BetAmountPanel;
 class BetGrid;
 class BettorSearch;
@@ -65,6 +67,7 @@ private:
 
     bool trapped(const std::function<void()> &work);
     void note(const QString &text);
+    void warn(const QString &text);
 
     void chooseRace(int race);
     void loadRace();
@@ -94,7 +97,7 @@ private:
     void finishPlacement(const Placement &placement);
     void stopAtNegative(const PlacementPlan &plan);
     void deletePrior();
-    QString printRefund(const DeletedBets &deleted);
+    Printed printRefund(const DeletedBets &deleted);
     void printReceipt();
     void switchReceipts();
     void showReceiptSetting();
@@ -124,5 +127,5 @@ private:
     QPushButton *cmdundo;
     QPushButton *cmdprint;
     QHBoxLayout *m_gridFoot;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };

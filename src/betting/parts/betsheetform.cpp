@@ -7,6 +7,7 @@
 #include "common/event/session.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>

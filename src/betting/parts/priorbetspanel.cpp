@@ -52,7 +52,8 @@ PriorBetsPanel::PriorBetsPanel(const QString &deleteCaption, QWidget *parent)
     foot->addWidget(cmdreceipt, 1);
     foot->addWidget(txttotprior);
     grid->addWidget(cmdclearprior, 2, 0, 1, 2);
-    grid->addLayout(foot, 3, 0, 1, 2);
+    grid->setRowMinimumHeight(3, dangerGap / 2);
+    grid->addLayout(foot, 4, 0, 1, 2);
     grid->setRowStretch(1, 1);
     grid->setColumnStretch(1, 1);
 }

@@ -3,6 +3,7 @@
 #include "multibets/parts/typebuttons.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

@@ -8,8 +8,8 @@
 
 #include <array>
 
+class NoteLine;
 class QButtonGroup;
-class QLabel;
 class QLineEdit;
 class QListWidget;
 class QVBoxLayout;
@@ -46,7 +46,7 @@ protected:
     QButtonGroup *m_races;
     TypeButtons *m_types;
     PostGrid *m_grid;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 };
 
 // The lines of a list, from the first on.

@@ -16,9 +16,7 @@ void CalculatorWindow::open()
         return;
     }
     m_window->findChild<QPushButton *>(u"cmdclear"_s)->click();
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
-    m_window->raise();
-    m_window->activateWindow();
+    Navigator::bringToFront(m_window);
 }
 
 void CalculatorWindow::close()

@@ -3,8 +3,8 @@
 #include "common/print/cashtexts.h"
 #include "common/print/format.h"
 #include "payoff/parts/combinationgrid.h"
+#include "ui/controls.h"
 #include "ui/paidlist.h"
-#include "ui/printing.h"
 #include "ui/prompts.h"
 
 #include <QLabel>
@@ -31,6 +31,7 @@ PayDesk::PayDesk(const ScreenContext &context)
     connect(lstwinners, &QListWidget::itemSelectionChanged, this, &PayDesk::showToPay);
     connect(cmdpay, &QPushButton::clicked, this, &PayDesk::payWinner);
     connect(cmdundo, &QPushButton::clicked, this, &PayDesk::undoPayment);
+    pressOnEnter(lstwinners, [this] { return cmdpay; });
 }
 
 void PayDesk::clearPayments()
@@ -121,7 +122,7 @@ void PayDesk::undoPayment()
     const CashJournal journal = readCashJournal(session);
     const CashEntry *last = lastPayment(journal, computerName(session));
     if (!last)
-        return lblnote->setText(u"There is no payment of this computer to take back."_s);
+        return lblnote->warn(u"There is no payment of this computer to take back."_s);
     if (!askYesNoCarefully(this, takeBackQuestion(*last), u"Pay winners"_s))
         return;
     takeBack(session, *last);
@@ -201,11 +202,10 @@ void PayDesk::showPaidTotals()
                               formatMoney(m_ledger.owedRounded(), "Currency")));
 }
 
-QString PayDesk::printSlips()
+Printed PayDesk::printSlips()
 {
     const Slip slip = winnerSlips(m_ledger.slips());
     if (slip.lines.isEmpty())
         return {};
-    return printOrList(this, m_context, {u"Pay winners"_s}, slip, u"The list of payoff slips"_s)
-        .note;
+    return printOrList(this, m_context, {u"Pay winners"_s}, slip, u"The list of payoff slips"_s);
 }

@@ -4,6 +4,7 @@
 #include "payoff/parts/payform.h"
 #include "payoff/paying.h"
 #include "ui/navigator.h"
+#include "ui/printing.h"
 
 #include <optional>
 
@@ -31,8 +32,8 @@ protected:
     QString markPaid();
     void showPaidTotals();
 
-    // Prints the slips of the visit; returns a note.
-    QString printSlips();
+    // Prints the slips of the visit; without any there is no note.
+    Printed printSlips();
 
     ScreenContext m_context;
     WinnerLedger m_ledger;

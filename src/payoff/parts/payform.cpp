@@ -3,6 +3,7 @@
 #include "common/event/settings.h"
 #include "payoff/parts/combinationgrid.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/paidlist.h"
 
 #include <QButtonGroup>
@@ -136,6 +137,7 @@ void PayForm::makeButtons()
         this->*row.button = makeButton(this, row.name, row.caption, row.toolTip);
     enlarge(cmdusing, 1);
     enlarge(cmdpay, 1.1);
+    makeHurried(cmdpay);
     enlarge(cmdreturn, 1.1);
     for (QPushButton *button : {cmdusing, cmdsame}) {
         QSizePolicy keepsPlace = button->sizePolicy();
@@ -152,8 +154,8 @@ void PayForm::build()
     middle->addWidget(buildPayoffs(), 1);
     middle->addWidget(buildTotals());
     auto *columns = new QHBoxLayout;
-    columns->addWidget(buildFinish(), 28);
-    columns->addLayout(middle, 42);
+    columns->addWidget(buildFinish(), 31);
+    columns->addLayout(middle, 39);
     columns->addWidget(buildWinners(), 30);
     auto *foot = new QHBoxLayout;
     foot->addLayout(buildGuidance(), 1);
@@ -202,15 +204,16 @@ QWidget *PayForm::buildFinish()
     auto *grid = new QGridLayout;
     QPushButton *const buttons[] = {cmdwinner, cmdplace, cmdshow};
     for (int i = 0; i < finishCount; ++i) {
-        QLabel *label = makeShortLabel(group, memberName(u"lblfinish"_s, i + 1));
+        QLabel *label = makeLabel(group, memberName(u"lblfinish"_s, i + 1), {}, {}, true);
         enlarge(label, 1);
-        label->setWordWrap(true);
-        label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QString(12, u'n')));
+        label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
         lblfinish[std::size_t(i)] = label;
-        grid->addWidget(buttons[i], i, 0);
-        grid->addWidget(finishFields()[std::size_t(i)], i, 1);
-        grid->addWidget(label, i, 2);
+        grid->addWidget(buttons[i], i + 1, 0);
+        grid->addWidget(finishFields()[std::size_t(i)], i + 1, 1);
+        grid->addWidget(label, i + 1, 2);
     }
+    grid->addWidget(makeLabel(group, u"lblpost"_s, u"Post"_s), 0, 1, Qt::AlignCenter);
+    grid->addWidget(makeLabel(group, u"lblnumber"_s, u"Horse"_s), 0, 2);
     grid->setColumnStretch(2, 1);
 
     auto *layout = new QVBoxLayout(group);
@@ -297,6 +300,7 @@ QWidget *PayForm::buildWinners()
     layout->addWidget(lstwinners, 1);
     layout->addWidget(lblowed);
     layout->addWidget(cmdpay);
+    layout->addSpacing(dangerGap);
     layout->addWidget(cmdundo);
     layout->addLayout(factor);
     layout->addWidget(txtwinnername);
@@ -327,6 +331,11 @@ QLayout *PayForm::buildGuidance()
          u"Click on PAY WINNER to payoff the selected bettor"_s,
          u"Continue until all winning bettors are paid"_s,
          u"$BET should = $PAID, plus or minus a few cents because of rounding, when all bettors have been paid. When using track payoff, bets made versus bets paid will usually not be equal."_s});
+
+    lblhouse = makeLabel(guidance->widget(1), u"lblhouse"_s, {}, {}, true);
+    enlarge(lblhouse, 1);
+    auto *lines = static_cast<QVBoxLayout *>(guidance->widget(1)->layout());
+    lines->insertWidget(lines->count() - 1, lblhouse);
 
     auto *layout = new QVBoxLayout;
     layout->addWidget(guidance);

@@ -6,6 +6,7 @@
 
 #include <array>
 
+class NoteLine;
 class QButtonGroup;
 class QLabel;
 class QLineEdit;
@@ -71,7 +72,8 @@ protected:
     QLineEdit *txtrounded;
     QPushButton *cmdreturn;
     QStackedWidget *guidance; // before and after the calculation
-    QLabel *lblnote;
+    QLabel *lblhouse;         // how far $BET and $PAID may differ
+    NoteLine *lblnote;
 
 private:
     void makeFields();

@@ -1,6 +1,7 @@
 #include "racecard/parts/horsesform.h"
 
 #include "ui/controls.h"
+#include "ui/noteline.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -109,8 +110,9 @@ QLayout *HorsesForm::buildTools()
     auto *buttons = new QGridLayout;
     buttons->addWidget(cmdupdatehorses, 0, 0);
     buttons->addWidget(lblunsaved, 0, 1);
-    buttons->addWidget(cmdscratch, 1, 0);
-    buttons->addWidget(cmdclearhorses, 1, 1);
+    buttons->setRowMinimumHeight(1, dangerGap / 2);
+    buttons->addWidget(cmdscratch, 2, 0);
+    buttons->addWidget(cmdclearhorses, 2, 1);
     buttons->setColumnStretch(0, 1);
     buttons->setColumnStretch(1, 1);
 

@@ -6,6 +6,7 @@
 
 #include <array>
 
+class NoteLine;
 class QButtonGroup;
 class QGroupBox;
 class QLabel;
@@ -46,7 +47,7 @@ protected:
     QPushButton *cmdprint;
     QPushButton *cmdGo;
     QPushButton *cmdmainmenu;
-    QLabel *lblnote;
+    NoteLine *lblnote;
 
 private:
     void build();
