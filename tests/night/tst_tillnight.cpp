@@ -19,6 +19,10 @@ private slots:
         for (int race = 1; race <= raceCount; ++race) {
             m_desk = race % 2;
             takeBetsOf(race);
+            if (race == 2)
+                takeMultibets();
+            else if (race == 3)
+                undoDeletion();
             m_desk = race / 2 % 2;
             if (race == 4)
                 scratchLosers();
@@ -26,6 +30,8 @@ private slots:
                 refundRace();
             if (race != 7)
                 payRace(race);
+            if (race == 2)
+                payMultibets();
             if (QTest::currentTestFailed())
                 return;
         }
@@ -45,6 +51,10 @@ private slots:
         const QString rows[] = {
             row(u"Bets taken"_s, [&](int desk) { return m_taken[desk]; }),
             row(u"Refunds"_s, [&](int desk) { return m_refunded[desk]; }).replace(u"$"_s, u"-$"_s),
+            row(u"Multibets taken"_s, [&](int desk) { return m_multibets[desk]; }),
+            row(u"Paid on multibets"_s, [&](int desk) { return m_multibetsPaid[desk]; })
+                .replace(u"$"_s, u"-$"_s)
+                .replace(u"-$0.00"_s, u"$0.00"_s),
             row(u"Paid to winners"_s, [&](int desk) { return m_paid[desk]; })
                 .replace(u"$"_s, u"-$"_s),
             row(u"Expected in the till"_s,
@@ -55,7 +65,8 @@ private slots:
         // What the files hold, and what is left to pay: one winner of race 12 has not come.
         QVERIFY(!lines
                      .filter(u"Evening Total $"_s
-                             + dollars(m_taken[0] + m_taken[1] - m_refunded[0] - m_refunded[1]))
+                             + dollars(m_taken[0] + m_taken[1] + m_multibets[0] + m_multibets[1]
+                                       - m_refunded[0] - m_refunded[1]))
                      .isEmpty());
         QVERIFY(lines.contains(u"Race 12 BERT $9.00"_s));
         QVERIFY(lines.filter(u"To be looked into"_s).isEmpty());
@@ -104,7 +115,11 @@ private:
     }
 
     static QString dollars(int cents) { return QString::number(cents / 100.0, 'f', 2); }
-    int inTill(int desk) const { return m_taken[desk] - m_refunded[desk] - m_paid[desk]; }
+    int inTill(int desk) const
+    {
+        return m_taken[desk] + m_multibets[desk] - m_refunded[desk] - m_paid[desk]
+               - m_multibetsPaid[desk];
+    }
 
     // Every second race is small. ANNA and BERT bet on the winner, CARL and DORA on the next post,
     // as much together, so that $1 pays $1.80.
@@ -132,6 +147,48 @@ private:
             press(u"cmdplacebets"_s);
             m_taken[m_desk] += sheet.cents;
         }
+    }
+
+    // ANNA bets $2 on an exacta of race 2, BERT $4 on another; ANNA's posts come in.
+    void takeMultibets()
+    {
+        openRace(u"frmmulti"_s, 2);
+        for (const auto &[name, first] : {std::pair{u"ANNA"_s, 1}, {u"BERT"_s, 2}}) {
+            press(u"cmdclearentries"_s);
+            press(u"cmdexacta"_s);
+            selectInList(screen(), u"lstentries"_s, name);
+            markExacta(first);
+            clickCell(screen(), u"txtbetamt"_s, 2);
+            press(u"cmdplacebet"_s);
+            press(u"cmdmake"_s);
+            m_multibets[m_desk] += 200 * first; // the amount stays, and the click adds to it
+        }
+    }
+    void payMultibets()
+    {
+        m_desk = 0;
+        openRace(u"frmpaymulti"_s, 2);
+        press(u"cmdexacta"_s);
+        markExacta(1);
+        press(u"cmdenterwin"_s);
+        selectRow(u"lstbets"_s, 1);
+        press(u"cmdpaid"_s);
+        m_multibetsPaid[m_desk] += 600;
+    }
+    void markExacta(int first)
+    {
+        clickCell(screen(), memberName(u"txtnum"_s, first - 1));
+        clickCell(screen(), memberName(u"txtnum"_s, 21 + 2 - first));
+    }
+
+    // DORA's bets are deleted by mistake.
+    void undoDeletion()
+    {
+        child<QListWidget>(screen(), u"lstpriorbets"_s)->selectAll();
+        press(u"cmdclearprior"_s);
+        press(u"cmdundo"_s);
+        m_refunded[m_desk] += 300;
+        m_taken[m_desk] += 300;
     }
 
     // The losers' horse is scratched: nobody wins a profit, and the tenth of the house is short.
@@ -229,6 +286,8 @@ private:
     int m_refunded[2] = {};
     int m_paid[2] = {};
     int m_kept[2] = {};
+    int m_multibets[2] = {};
+    int m_multibetsPaid[2] = {};
 };
 
 TRELAWN_TEST(tst_tillnight)

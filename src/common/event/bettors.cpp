@@ -20,6 +20,9 @@ QByteArray record(const Bettor &bettor)
 
 QString withoutAccents(const QString &name)
 {
+    constexpr char16_t firstBeyondAscii = 0x80;
+    if (std::ranges::all_of(name, [](QChar letter) { return letter < firstBeyondAscii; }))
+        return name;
     QString plain;
     for (const QChar character : name.normalized(QString::NormalizationForm_D)) {
         if (character.category() != QChar::Mark_NonSpacing)
