@@ -199,8 +199,9 @@ void frmpaywinnersb::setFinisher(Finish finish, int post)
 {
     const auto index = std::size_t(finish);
     finishFields()[index]->setText(post == 0 ? QString() : QString::number(post));
-    lblfinish[index]->setText(post == 0 ? QString()
-                                        : horseText(m_context.session.horses.post(post)));
+    const QString horse = post == 0 ? QString() : horseText(m_context.session.horses.post(post));
+    lblfinish[index]->setText(horse);
+    finishFields()[index]->setAccessibleDescription(horse);
 }
 
 int frmpaywinnersb::finisher(Finish finish) const
@@ -315,12 +316,12 @@ void frmpaywinnersb::showRacePayoffs()
     using enum Combination;
     const QString texts[] = {dollars(WinWin) + dollars(WinPlace) + dollars(WinShow),
                              dollars(PlacePlace) + dollars(PlaceShow), dollars(ShowShow)};
-    QString line = u"$2 pays"_s;
+    QStringList lines;
     for (std::size_t i = 0; i < finishers.size(); ++i) {
         if (const Horse &horse = session.horses.post(finishers[i]); !isUnused(horse))
-            line += u"   "_s + horse.number.trimmed() + u':' + texts[i];
+            lines += u"$2 on "_s + horseText(horse) + u':' + texts[i];
     }
-    lblrace2->setText(line);
+    lblrace2->setText(lines.join(u'\n'));
 }
 
 void frmpaywinnersb::listWinners(const Settlement &settlement)

@@ -304,6 +304,7 @@ void frmmenub::clearBets()
         clearStraightBets(printWanted);
         clearMultibets(printWanted);
     });
+    showProgress();
 }
 
 // Asks whether refunds are printed; the answer serves the multibets too.
@@ -381,6 +382,7 @@ void frmmenub::useBackups()
         if (!trapErrors(this, ErrorStyle::DescriptionAndLabel,
                         [&] { lblnote->add(restoreFromTwin(session, choice.file)); }))
             return;
+        showProgress();
         showMessage(this, choice.confirmation, u"Backup"_s);
     }
 }

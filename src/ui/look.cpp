@@ -56,6 +56,16 @@ bool isForReading(const QStyleOption *option, const QWidget *widget)
            && !qobject_cast<const ClickCell *>(widget);
 }
 
+// The button that Space presses is seen also before the first key.
+void drawFocusRing(const QStyleOption *option, QPainter *painter)
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(option->palette.color(QPalette::Highlight), 2));
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+    painter->restore();
+}
+
 // The palette comes from the style, not from the application: one that is set explicitly counts as
 // each widget's own, and the style then keeps pixmaps for every single widget ever shown.
 class HouseStyle : public QProxyStyle
@@ -120,8 +130,12 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override
     {
-        if (element != PE_PanelLineEdit || !isForReading(option, widget))
-            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element != PE_PanelLineEdit || !isForReading(option, widget)) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            if (element == PE_PanelButtonCommand && (option->state & State_HasFocus))
+                drawFocusRing(option, painter);
+            return;
+        }
         if (widget->palette().isBrushSet(QPalette::Active, QPalette::Base))
             painter->fillRect(option->rect, option->palette.base());
     }

@@ -43,7 +43,7 @@ private slots:
                  u"1 of 2 was paid before: ADA $10.80 at "_s + clock());
         QCOMPARE(spoken(),
                  (QStringList{u"ADA, $10.80, paid $10.80 at "_s + clock(), u"BOB, $21.60"_s}));
-        QCOMPARE(labelText(m_screen, u"lblrace2"_s), u"$2 pays   1A: $21.60 $0.00 $0.00"_s);
+        QCOMPARE(labelText(m_screen, u"lblrace2"_s), u"$2 on 1A BRAVO: $21.60 $0.00 $0.00"_s);
         expectAgain(u"ADA was paid $10.80 at "_s, {}, Answer::No);
         pay(u"ADA"_s, false);
         QCOMPARE(spoken().size(), 2);

@@ -91,6 +91,7 @@ void PayDesk::payWinner()
     if (session.bettors.nameOf(m_ledger.winners()[index].number).isNull())
         return showMessage(this, u"Bettor name not found"_s, u"Pay winners"_s);
 
+    lblnote->clear();
     handOver(session, m_ledger, index);
     showPayment(name, m_ledger.payment(index));
     if (!m_printPayoffs)

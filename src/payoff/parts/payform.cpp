@@ -33,7 +33,7 @@ List *makeNameList(QWidget *parent, const QString &name, const QString &accessib
     // A long name is cut with dots rather than scrolled to.
     list->setUniformItemSizes(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setMinimumHeight(list->fontMetrics().height() * 6);
+    list->setMinimumHeight(list->fontMetrics().height() * 5);
     return list;
 }
 
@@ -206,7 +206,6 @@ QWidget *PayForm::buildFinish()
     for (int i = 0; i < finishCount; ++i) {
         QLabel *label = makeLabel(group, memberName(u"lblfinish"_s, i + 1), {}, {}, true);
         enlarge(label, 1);
-        label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
         lblfinish[std::size_t(i)] = label;
         grid->addWidget(buttons[i], i + 1, 0);
         grid->addWidget(finishFields()[std::size_t(i)], i + 1, 1);
@@ -221,6 +220,9 @@ QWidget *PayForm::buildFinish()
     layout->addWidget(lsthorses, 1);
     layout->addLayout(grid);
     layout->addWidget(cmdsame);
+    lblrace2 = makeLabel(group, u"lblrace2"_s, {}, u"What $2 pay in this race"_s, true);
+    lblrace2->setMinimumHeight(finishCount * lblrace2->fontMetrics().lineSpacing());
+    layout->addWidget(lblrace2);
     return group;
 }
 
@@ -244,7 +246,6 @@ QWidget *PayForm::buildPayoffs()
 
     lblpays = makeShortLabel(group, u"lblpays"_s);
     enlarge(lblpays, 1.15);
-    lblrace2 = makeLabel(group, u"lblrace2"_s, {}, u"What $2 pay in this race"_s, true);
     auto *totals = new QGridLayout;
     lbltotals = makeHeading(group, u"lbltotals"_s, {});
     totals->addWidget(lbltotals, 0, 0, 1, 4);
@@ -262,7 +263,6 @@ QWidget *PayForm::buildPayoffs()
     layout->addStretch();
     layout->addWidget(lblpays);
     layout->addWidget(payoffs);
-    layout->addWidget(lblrace2);
     layout->addStretch();
     layout->addLayout(totals);
     return group;
@@ -311,21 +311,32 @@ QWidget *PayForm::buildWinners()
 QLayout *PayForm::buildGuidance()
 {
     guidance = new QStackedWidget(this);
+    // Three short lines; whatever comes after them stands at their right.
     const auto addPage = [this](const QString &name, const QStringList &texts) {
         auto *page = new QWidget(guidance);
-        auto *lines = new QVBoxLayout(page);
-        lines->setContentsMargins(0, 0, 0, 0);
-        for (int i = 0; i < texts.size(); ++i)
+        auto *upper = new QVBoxLayout(page);
+        upper->setContentsMargins(0, 0, 0, 0);
+        auto *columns = new QHBoxLayout;
+        columns->setSpacing(16);
+        upper->addLayout(columns);
+        upper->addStretch();
+        QVBoxLayout *lines = nullptr;
+        for (int i = 0; i < texts.size(); ++i) {
+            if (i % 3 == 0) {
+                lines = new QVBoxLayout;
+                columns->addLayout(lines, 2 + i);
+            }
             lines->addWidget(makeLabel(page, memberName(name, i + 1), texts[i], {}, true));
-        lines->addStretch();
+        }
         guidance->addWidget(page);
+        return lines;
     };
     addPage(
         u"lblstep"_s,
         {u"Click on the horse that won and on ENTER WINNER, then enter the place and show horses."_s,
          u"Type the house percentage, if there is one."_s,
          u"Click on CALCULATE  PAYOFF. For the track's payoffs, first type all six of them and click on USE TRACK PAYOFF."_s});
-    addPage(
+    QVBoxLayout *last = addPage(
         u"lblguide"_s,
         {u"Click on a WINNING BETTOR from the WINNING BETTOR list"_s,
          u"Click on PAY WINNER to payoff the selected bettor"_s,
@@ -334,8 +345,8 @@ QLayout *PayForm::buildGuidance()
 
     lblhouse = makeLabel(guidance->widget(1), u"lblhouse"_s, {}, {}, true);
     enlarge(lblhouse, 1);
-    auto *lines = static_cast<QVBoxLayout *>(guidance->widget(1)->layout());
-    lines->insertWidget(lines->count() - 1, lblhouse);
+    last->addWidget(lblhouse);
+    last->addStretch();
 
     auto *layout = new QVBoxLayout;
     layout->addWidget(guidance);
