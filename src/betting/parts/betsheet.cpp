@@ -245,7 +245,7 @@ void BetSheet::bringBack()
     if (m_deleted.empty())
         return;
     note({});
-    if (!bettorHolds() || !cardIsAsShown() || !mayBeLate())
+    if (!bettorHolds(m_prior.bettor, m_prior.name) || !cardIsAsShown() || !mayBeLate())
         return;
     Session &session = m_context.session;
     Placement placement;
@@ -257,11 +257,11 @@ void BetSheet::bringBack()
     if (placement.raceIsFull)
         return warn(u"The race is full: the bets are still deleted."_s);
     note(counted(placement.plan.bets.size(), u"bet"_s) + u" of "_s
-         + formatMoney(placement.plan.total()) + u" brought back for "_s + m_bettorName
+         + formatMoney(placement.plan.total()) + u" brought back for "_s + m_prior.name
          + u": take the refund back."_s);
     m_deleted.clear();
     showUndo();
-    listPriorBets(m_bettor, m_bettorName);
+    listPriorBets(m_prior.bettor, m_prior.name);
 }
 
 bool BetSheet::cardIsAsShown()
@@ -318,7 +318,7 @@ void BetSheet::place()
     if (!askYesNo(this, u"Place these bets?"_s, title))
         return;
     note({});
-    if (!bettorHolds() || !cardHolds(asked) || !mayBeLate())
+    if (!bettorHolds(m_bettor, m_bettorName) || !cardHolds(asked) || !mayBeLate())
         return;
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, asked); })) {
@@ -344,7 +344,7 @@ void BetSheet::place()
 
 // Other computers may have changed the list of bettors since the sheet was opened: no bet goes to
 // the name that carries the number now.
-bool BetSheet::bettorHolds()
+bool BetSheet::bettorHolds(int number, const QString &name)
 {
     Session &session = m_context.session;
     if (!m_kind.readsBettorsToPlace)
@@ -353,10 +353,10 @@ bool BetSheet::bettorHolds()
         warn(u"No bet was placed."_s);
         return false;
     }
-    if (session.bettors.nameOf(m_bettor) == m_bettorName)
+    if (session.bettors.nameOf(number) == name)
         return true;
     showMessage(this,
-                u"Bettor number "_s + QString::number(m_bettor) + u" is no longer "_s + m_bettorName
+                u"Bettor number "_s + QString::number(number) + u" is no longer "_s + name
                     + u". No bet was placed. Select the bettor again."_s,
                 u"Place Bets"_s);
     m_bettor = 0;

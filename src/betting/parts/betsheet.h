@@ -89,7 +89,7 @@ private:
     void showBettor(bool isDoubtful = false);
     PlacementPlan plan() const;
     void place();
-    bool bettorHolds();
+    bool bettorHolds(int number, const QString &name);
     bool cardHolds(PlacementPlan &asked);
     QString settledBefore() const;
     bool mayBeLate();
