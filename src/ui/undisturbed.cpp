@@ -12,10 +12,17 @@ namespace {
 
 QList<Undisturbed *> openOnes; // boxes and waits, the one that is asked last
 
+// What a widget belongs to: the list of a field's completions stands alone, and serves the field.
+const QObject *ownerOf(const QObject *object)
+{
+    const auto *widget = qobject_cast<const QWidget *>(object);
+    return widget && !widget->parent() ? widget->focusProxy() : object->parent();
+}
+
 bool isInside(const QObject *object, const QWidget *box)
 {
     while (object && object != box)
-        object = object->parent();
+        object = ownerOf(object);
     return object && box;
 }
 

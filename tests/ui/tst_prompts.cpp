@@ -61,6 +61,21 @@ private slots:
         QCOMPARE(askText(nullptr, u"<b>"_s, {}, u"C"_s), QString());
     }
 
+    // The list of what a typed path may become is no other window: it takes keys and goes.
+    void completions()
+    {
+        QTimer::singleShot(0, [] {
+            QWidget *box = QApplication::activeModalWidget();
+            QTest::keyClick(box->findChild<QLineEdit *>(), '/');
+            QWidget *list = box->findChild<QLineEdit *>()->completer()->popup();
+            QVERIFY(QTest::qWaitFor([list] { return list->isVisible(); }));
+            QTest::keyClick(list, Qt::Key_Escape);
+            QVERIFY(!list->isVisible());
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        QCOMPARE(askSaveFile(nullptr, u"Save"_s, u"Report"_s, u"pdf"_s, u"*.pdf"_s), QString());
+    }
+
     // The box names the operation that failed: not the one around it, nor one that came after.
     void trap()
     {
