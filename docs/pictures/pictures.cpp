@@ -1,0 +1,210 @@
+// Takes the pictures of the README from the real program: an evening in a temporary folder, clicked
+// through as an operator does. Usage: pictures FOLDER
+
+#include "common/event/eventfiles.h"
+#include "common/event/init.h"
+#include "common/event/racefiles.h"
+#include "common/files/recordfile.h"
+#include "screens.h"
+#include "ui/look.h"
+#include "ui/mainwindow.h"
+#include "ui/navigator.h"
+#include "ui/slipprinter.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QTemporaryDir>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The program in a window of the smallest usual display. Questions are answered with Yes.
+class Evening : public QObject
+{
+public:
+    explicit Evening(const QString &pictures)
+        : m_pictures(pictures)
+    {
+        m_session.paths = HostPaths(m_folder.path());
+        m_session.files.computer = u"DESK1"_s;
+        m_session.settings.initDrive = u"C:"_s;
+        m_session.settings.started = true;
+        setFirstInit(m_session);
+        m_session.settings.eventDirectory = defaultEventDirectory(m_session.settings);
+        m_session.settings.banner = u"Harbour Club Race Night"_s;
+        m_session.settings.roundingIndex = 3;
+        makeInitFolder(m_session);
+        CreateEventFiles(m_session);
+        saveInit(m_session);
+        m_printer.setDestination([](const Slip &) {});
+        qApp->installEventFilter(this);
+        fill();
+    }
+
+    void open(const QString &screen, int race)
+    {
+        m_navigator.open(screen);
+        QCoreApplication::processEvents(); // shown for the first time, the window takes its own
+                                           // size
+        m_navigator.window()->resize(1016, 690);
+        press(u"optrace_"_s + QString::number(race));
+    }
+
+    void press(const QString &button)
+    {
+        if (auto *found = find<QAbstractButton>(button))
+            found->click();
+        QCoreApplication::processEvents();
+    }
+
+    void choose(const QString &list, const QString &start)
+    {
+        auto *found = find<QListWidget>(list);
+        const auto items = found->findItems(start, Qt::MatchStartsWith);
+        if (items.isEmpty())
+            return;
+        found->setCurrentItem(items.front());
+        emit found->itemClicked(items.front());
+        QCoreApplication::processEvents();
+    }
+
+    void type(const QString &field, const QString &text)
+    {
+        find<QLineEdit>(field)->setFocus();
+        find<QLineEdit>(field)->setText(text);
+    }
+
+    void clickCell(const QString &cell)
+    {
+        auto *found = find<QLineEdit>(cell);
+        const QPointF middle = found->rect().center();
+        for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent click(kind, middle, found->mapToGlobal(middle), Qt::LeftButton,
+                              Qt::LeftButton, {});
+            QCoreApplication::sendEvent(found, &click);
+        }
+    }
+
+    void take(const QString &name)
+    {
+        QCoreApplication::processEvents();
+        const QString path = m_pictures + u'/' + name + u".png"_s;
+        if (!m_navigator.window()->grab().save(path))
+            qFatal("cannot write %s", qPrintable(path));
+    }
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        auto *box = qobject_cast<QMessageBox *>(object);
+        if (box && event->type() == QEvent::Paint) {
+            QTimer::singleShot(0, box, [box] {
+                QAbstractButton *yes = box->button(QMessageBox::Yes);
+                if (yes)
+                    yes->click();
+                else
+                    box->accept();
+            });
+        }
+        return false;
+    }
+
+private:
+    template<typename Widget>
+    Widget *find(const QString &name)
+    {
+        return m_navigator.current()->findChild<Widget *>(name);
+    }
+
+    void write(RecordFile file, int race, const QByteArray &bytes)
+    {
+        replaceRecordFile(mainFile(m_session, file, race), bytes);
+        replaceRecordFile(twinFile(m_session, file, race), bytes);
+    }
+
+    void fill()
+    {
+        const QStringList names{u"SECOND WIND"_s,  u"LUCKY CHARM"_s,  u"MISTY MORNING"_s,
+                                u"THUNDER ROAD"_s, u"PAPER MOON"_s,   u"RED RIBBON"_s,
+                                u"BLUE MONDAY"_s,  u"WHISKY CHASER"_s};
+        HorseTable horses;
+        for (int post = 1; post <= names.size(); ++post)
+            horses.post(post) = {post, post <= 2 ? 1 : 0,
+                                 post == 2 ? u"1A"_s : QString::number(std::max(1, post - 1)),
+                                 names[post - 1]};
+        QByteArray bettors = "1,\"AnyBettor\"\r\n";
+        int number = 1;
+        for (const char *name : {"ADAMS-JOHN", "BAKER-ANN", "BAKER-TOM", "CARTER-SUE", "DAVIS-PAT",
+                                 "EVANS-KATE", "FOSTER-JIM", "GRAY-MARIA", "HILL-BOB", "IRWIN-LEE"})
+            bettors += QByteArray::number(++number) + ",\"" + name + "\"\r\n";
+        write(RecordFile::Bettors, 0, bettors);
+        for (int race = 1; race <= 4; ++race) {
+            write(RecordFile::Horses, race, horseRecords(horses));
+            QByteArray bets;
+            for (int n = 0; n < 60; ++n)
+                bets += betLine({float(2 + n * 7 % 10), float(1 + n * 5 % 8), float(1 + n % 3),
+                                 float(2 + n * n % 9)});
+            write(RecordFile::Bets, race, bets);
+        }
+    }
+
+    const QString m_pictures;
+    QTemporaryDir m_folder;
+    Session m_session;
+    SlipPrinter m_printer;
+    Navigator m_navigator{m_session, m_printer, allScreens()};
+};
+
+void takePictures(Evening &evening)
+{
+    evening.open(u"frmsheetb"_s, 2);
+    evening.choose(u"lstentries"_s, u"BAKER-ANN"_s);
+    evening.clickCell(u"txtone_4"_s);
+    evening.clickCell(u"txtnumber_21"_s);
+    evening.clickCell(u"txtone_3"_s);
+    evening.clickCell(u"txtnumber_44"_s);
+    evening.clickCell(u"txtnumber_65"_s);
+    evening.take(u"betsheet"_s);
+    evening.press(u"cmdplacebets"_s);
+
+    evening.open(u"frmpaywinnersb"_s, 2);
+    const std::pair<QString, QString> finish[] = {
+        {u"cmdwinner"_s, u"1 "_s}, {u"cmdplace"_s, u"3 "_s}, {u"cmdshow"_s, u"5 "_s}};
+    for (const auto &[button, horse] : finish) {
+        evening.choose(u"lsthorses"_s, horse);
+        evening.press(button);
+    }
+    evening.type(u"txthousepct"_s, u"10"_s);
+    evening.press(u"cmdpayoff"_s);
+    evening.choose(u"lstwinners"_s, u"BAKER-ANN"_s);
+    evening.press(u"cmdpay"_s);
+    evening.take(u"paywinners"_s);
+
+    evening.open(u"frmmulti"_s, 3);
+    evening.choose(u"lstentries"_s, u"GRAY-MARIA"_s);
+    evening.press(u"cmdtrifecta"_s);
+    for (const int cell : {2, 21 + 4, 21 + 5, 42 + 6})
+        evening.clickCell(u"txtnum_"_s + QString::number(cell));
+    evening.clickCell(u"txtbetamt"_s);
+    evening.take(u"multibets"_s);
+
+    evening.open(u"frmmenub"_s, 3);
+    evening.take(u"menu"_s);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    applyLook(application);
+    Evening evening(application.arguments().value(1));
+    takePictures(evening);
+    return 0;
+}
