@@ -19,6 +19,7 @@ struct MultibetEntry
     std::array<bool, 3> boxed{};     // the box indicator of each line
     double stake = 0;                // dollars a single bet
     int bettor = 0;
+    bool operator==(const MultibetEntry &) const = default;
 };
 
 // The single bets that an entry expands to.

@@ -4,13 +4,15 @@
 #include "common/event/eventrecords.h"
 #include "common/event/init.h"
 #include "common/event/roles.h"
+#include "common/print/cashtexts.h"
 #include "common/print/format.h"
-#include "multibets/legs.h"
 #include "multibets/multislips.h"
 #include "multibets/parts/postgrid.h"
 #include "multibets/parts/typebuttons.h"
+#include "ui/accessible.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
+#include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 
@@ -20,13 +22,10 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-} // namespace
 
 frmmulti::frmmulti(const ScreenContext &context)
     : MultibetForm(context)
@@ -38,6 +37,9 @@ frmmulti::frmmulti(const ScreenContext &context)
 void frmmulti::connectControls()
 {
     connect(m_races, &QButtonGroup::idClicked, this, &frmmulti::chooseRace);
+    connect(m_grid, &PostGrid::selectionChanged, this, &frmmulti::showGuide);
+    for (const QCheckBox *box : chkbox)
+        connect(box, &QCheckBox::toggled, this, &frmmulti::showGuide);
     connect(m_types, &TypeButtons::clicked, this, &frmmulti::chooseType);
     connect(m_search, &BettorSearch::selected, this, &frmmulti::chooseBettor);
     connect(m_search, &BettorSearch::resetRequested, this, &frmmulti::loadBettorList);
@@ -116,13 +118,15 @@ void frmmulti::chooseType(const QString &code)
 void frmmulti::renewLegs()
 {
     m_grid->clearSelection();
-    const MultibetLegs legs = showLegs();
+    m_legs = showLegs();
     for (int line = 0; line < 3; ++line) {
-        for (const Horse &horse : legs.horses[std::size_t(line)])
-            m_grid->setCellTip(line, horse.post, horse.number + u' ' + horse.name);
+        for (const Horse &horse : m_legs.horses[std::size_t(line)])
+            m_grid->setCellTip(line, horse.post, postText(horse));
     }
-    listHorses(legs);
-    m_legNote = legs.note;
+    listHorses(m_legs);
+    m_legNote = m_legs.note;
+    if (const QString settled = settledBefore(); !settled.isEmpty())
+        m_legNote = QString(settled + u". A bet on it comes too late. "_s + m_legNote).trimmed();
     showNote();
 }
 
@@ -168,6 +172,8 @@ void frmmulti::addToStake(double amount)
 {
     m_stake += amount;
     txtbetamt->setText(formatMoney(m_stake, "$##.00"));
+    txtbetamt->setAccessibleName(u"Amount of a single bet, "_s + spokenDollars(m_stake));
+    showGuide();
 }
 
 MultibetEntry frmmulti::entry() const
@@ -183,6 +189,23 @@ MultibetEntry frmmulti::entry() const
     return entry;
 }
 
+EntryProgress frmmulti::progress() const
+{
+    using Stage = EntryProgress::Stage;
+    const MultibetEntry selected = entry();
+    const bool isPreviewed = m_previewed == selected;
+    const Stage stage = !isPreviewed ? Stage::Marking : m_isSaved ? Stage::Saved : Stage::Previewed;
+    return {selected, std::max(0, m_races->checkedId()), m_bettorName, stage};
+}
+
+void frmmulti::showGuide()
+{
+    const EntryProgress now = progress();
+    const QString chosen = chosenText(now);
+    lblguide->setText(chosen.isEmpty() ? nextStep(now) : QString(chosen + u": "_s + nextStep(now)));
+    lblcost->setText(costText(now));
+}
+
 void frmmulti::preview()
 {
     if (m_types->type().isEmpty())
@@ -196,6 +219,8 @@ void frmmulti::preview()
     if (hasSingleBox(selected))
         return showMessage(this, u"Must box at least 2 lines"_s);
     m_preview = expandEntry(selected);
+    m_previewed = selected;
+    m_isSaved = false;
     lstbets->addItems(m_preview.lines);
     showTotals();
     if (m_preview.full)
@@ -213,6 +238,7 @@ void frmmulti::preview()
 void frmmulti::clearPreview()
 {
     m_preview = {};
+    m_previewed.reset();
     lstbets->clear();
     showNote();
     showTotals();
@@ -224,6 +250,7 @@ void frmmulti::showTotals()
     txtthisbet->setText(total);
     txttotalbet->setText(total);
     txtcount->setText(QString::number(m_preview.lines.size()));
+    showGuide();
 }
 
 // What there is to say now, then what stays true: a missing leg, and the grand total.
@@ -233,13 +260,16 @@ void frmmulti::showNote(const QString &text)
     if (m_grandTotal != 0)
         notes.append("Multibets since this screen was opened: "_L1 + formatMoney(m_grandTotal));
     notes.removeAll(QString());
-    lblnote->setText(notes.join(u"; "_s));
+    lblnote->setText(notes.join(u"; "_s),
+                     m_legNote.isEmpty() ? NoteKind::Plain : NoteKind::Warning);
 }
 
 void frmmulti::makeBet()
 {
     if (m_preview.total == 0)
         return;
+    if (!mayBeLate(this, settledBefore(), u"Multi-bet"_s))
+        return showNote(u"No bet was placed."_s);
     const bool saved = trapErrors(this, ErrorStyle::DescriptionOnly, [this] {
         appendMultibets(m_context.session, m_preview.pending);
     });
@@ -249,11 +279,24 @@ void frmmulti::makeBet()
     m_grandTotal += m_preview.total;
     const QString note = "Bets saved: "_L1 + QString::number(m_preview.pending.size());
     showNote(note);
+    m_isSaved = true;
     m_preview = {}; // the list stays and shows what was saved
     showTotals();
     showPriorBets();
     if (const QString receipt = printReceipt(); !receipt.isEmpty())
         showNote(note + u"; "_s + receipt);
+}
+
+// Says of the first race of the bet that was settled that it was.
+QString frmmulti::settledBefore() const
+{
+    for (std::size_t line = 0; line < m_legs.races.size(); ++line) {
+        const QString settled =
+            settledNote(m_context.session, m_legs.races[line], m_legs.horses[line]);
+        if (!settled.isEmpty())
+            return settled;
+    }
+    return {};
 }
 
 // Returns what the note has to say of the receipt.

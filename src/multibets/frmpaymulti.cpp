@@ -78,7 +78,6 @@ QWidget *frmpaymulti::buildFigures()
                            u"Total $ for the house cut (house percent times total pool"_s);
     txttpay = makeDisplay(box, u"txttpay"_s, u"Total paid minus the house cut"_s);
     txttotal = makeDisplay(box, u"txttotal"_s);
-    txttotal->setStyleSheet(u"border: none; background: transparent"_s);
     txtpay = makeDisplay(box, u"txtpay"_s);
     QLabel *lblhelp = makeLabel(box, u"lblhelp"_s,
                                 u">Click on a race\n>Click on a bet type\n>Click on the winning \n"
@@ -200,6 +199,7 @@ void frmpaymulti::setHousePercent(int percent)
 {
     m_context.session.multibetHousePercent = percent;
     txtpercent->setText(QString::number(percent));
+    txtpercent->setAccessibleName("House Percent, "_L1 + txtpercent->text());
 }
 
 void frmpaymulti::clearOutputs()

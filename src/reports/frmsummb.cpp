@@ -24,7 +24,7 @@ namespace {
 // Quiet tints, one for each coupled entry, so that its horses are seen to belong together.
 QColor entryTint(int entry)
 {
-    return QColor::fromHsv(entry * 80 % 360, 30, 255);
+    return tintOf(QColor::fromHsv(entry * 80 % 360, 110, 220));
 }
 
 // Number and name on the left, figures on the right.

@@ -51,9 +51,8 @@ QLayout *frmdirb::lists()
     Dir1 = m_folders->folders();
     txtdir = makeDisplay(this, u"txtdir"_s);
     txtdir->setText(u"Double Click on desired directory below"_s);
-    txtdir->setFrame(false);
+    enlarge(txtdir, 1);
     txtdir->setFocusPolicy(Qt::NoFocus);
-    txtdir->setStyleSheet(u"background: transparent; font-weight: bold"_s);
     auto *layout = new QVBoxLayout;
     layout->setSpacing(6);
     layout->addWidget(makeHeading(this, u"lbldrive"_s, u"Click on desired drive below"_s));
@@ -76,7 +75,7 @@ QLayout *frmdirb::newDirectory()
                         "Create New Directory"_s);
     lblhint = makeLabel(this, u"lblhint"_s, {}, {}, true);
     enlarge(lblhint, 1.3);
-    lblhint->setStyleSheet(u"color: #a02000"_s);
+    setTone(lblhint, Tone::Wrong);
     auto *inside = new QVBoxLayout(group);
     inside->setSpacing(12);
     inside->addWidget(Text3);

@@ -2,6 +2,7 @@
 
 #include "ui/controls.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QListWidget>
 #include <QPushButton>
@@ -127,6 +128,22 @@ void BettorSearch::chooseFound()
     choose(row, isMeant ? QString() : txtname->text());
 }
 
+// A digit that can belong to no name is an amount for the one bettor who is meant.
+bool BettorSearch::chooseOnly(const QKeyEvent &key)
+{
+    const auto isDigit = [](QChar character) { return character.isDigit(); };
+    const auto holdsDigit = [&](const QString &name) { return std::ranges::any_of(name, isDigit); };
+    const QString begun = searchKey(txtname->text());
+    if (m_typing != Typing::MovesToName || begun.isEmpty() || key.text().size() != 1
+        || !isDigit(key.text().front()) || std::ranges::any_of(m_keys, holdsDigit))
+        return false;
+    const auto isMeant = [&](const QString &name) { return name.startsWith(begun); };
+    if (std::ranges::count_if(m_keys, isMeant) != 1)
+        return false;
+    choose(int(std::ranges::find_if(m_keys, isMeant) - m_keys.begin()));
+    return !txtname->hasFocus();
+}
+
 void BettorSearch::choose(int row, const QString &missed)
 {
     const QListWidgetItem *item = lstentries->item(row);
@@ -146,6 +163,10 @@ bool BettorSearch::eventFilter(QObject *object, QEvent *event)
         if (object == lstentries && (enter || key->key() == Qt::Key_Space)
             && key->modifiers() == Qt::NoModifier) {
             choose(lstentries->currentRow());
+            return true;
+        }
+        if (object == txtname && chooseOnly(*key)) {
+            QCoreApplication::sendEvent(QApplication::focusWidget(), event);
             return true;
         }
         const bool moves = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up;

@@ -5,12 +5,15 @@
 #include <QStringList>
 #include <QWidget>
 
+class QKeyEvent;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 
 // Finding a bettor: the search field txtname, the alphabetical list lstentries and the button
 // cmdreset. Typing leads to the first name that begins with the text; Enter or a click chooses.
+// Where no name holds a digit, a digit after the beginning of a single name chooses it too, and is
+// typed where the owner then puts the keyboard.
 class BettorSearch : public QWidget
 {
     Q_OBJECT
@@ -51,6 +54,7 @@ private:
     void step(int direction);
     void choose(int row, const QString &missed = {});
     void chooseFound();
+    bool chooseOnly(const QKeyEvent &key);
     int rowFor(const QString &key) const;
 
     Typing m_typing;

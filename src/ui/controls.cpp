@@ -136,15 +136,13 @@ void standOut(QPushButton *button)
 {
     enlarge(button, 1.3);
     makeHurried(button);
-    recolor(button,
-            {{QPalette::Button, QColor(0x1f, 0x6b, 0x3f)}, {QPalette::ButtonText, Qt::white}});
+    setTone(button, Tone::NextStep);
 }
 
 void warnOf(QPushButton *button)
 {
     button->setProperty(dangerProperty, true);
-    recolor(button, {{QPalette::Button, QColor(0xf6, 0xdf, 0xdb)},
-                     {QPalette::ButtonText, QColor(0x7d, 0x12, 0x0b)}});
+    setTone(button, Tone::Danger);
 }
 
 void setCaption(QAbstractButton *button, const QString &caption)
@@ -265,16 +263,6 @@ ShortLabel *makeShortLabel(QWidget *parent, const QString &name)
     return named(new ShortLabel(parent), name, {});
 }
 
-void recolor(QWidget *widget, std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors)
-{
-    QPalette palette;
-    for (const auto &[role, color] : colors) {
-        palette.setColor(QPalette::Active, role, color);
-        palette.setColor(QPalette::Inactive, role, color);
-    }
-    widget->setPalette(palette);
-}
-
 void scaleText(QWidget *widget, double factor)
 {
     QFont font = widget->font();
@@ -337,7 +325,7 @@ QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
     QLineEdit *field = makeDisplay(parent, name, toolTip);
     enlarge(field, 1.4);
     field->setFrame(false);
-    recolor(field, {{QPalette::Base, QColor(0x1f, 0x4d, 0x34)}, {QPalette::Text, Qt::white}});
+    setTone(field, Tone::Banner);
     field->setAlignment(Qt::AlignCenter);
     field->setText(text);
     field->setAccessibleName(u"Event and race"_s);
@@ -356,10 +344,7 @@ void ClickCell::setMark(const Mark &mark)
     if (m_mark == mark)
         return;
     m_mark = mark;
-    QPalette palette;
-    if (mark.tint.isValid())
-        palette.setColor(QPalette::Base, mark.tint);
-    setPalette(palette);
+    setTone(this, mark.tone);
     QFont font;
     if (mark.isBold)
         font.setBold(true);
@@ -376,9 +361,11 @@ void ClickCell::setHint(const QString &hint)
 void ClickCell::paintEvent(QPaintEvent *event)
 {
     QLineEdit::paintEvent(event);
-    if (m_hint.isEmpty() && !m_mark.edge.isValid())
+    const bool isMarked = m_mark.tone != Tone::None && m_mark.isFramed;
+    if (m_hint.isEmpty() && !isMarked && !hasFocus())
         return;
     QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
     const int gap = fontMetrics().height() / 5;
     const QRect inside = rect().adjusted(gap, 0, -gap, 0);
     if (!m_hint.isEmpty()) {
@@ -388,12 +375,16 @@ void ClickCell::paintEvent(QPaintEvent *event)
         painter.setFont(small);
         painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, m_hint);
     }
-    if (m_mark.edge.isValid()) {
-        painter.setPen(QPen(m_mark.edge, 2));
+    if (isMarked) {
+        painter.setPen(QPen(toneColors(m_mark.tone).edge, 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
         painter.setFont(font());
         painter.drawText(inside.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
                          m_mark.sign);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(palette().color(QPalette::Text), 2, Qt::DashLine));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
 }
 

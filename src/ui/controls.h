@@ -1,15 +1,14 @@
 #pragma once
 
+#include "ui/colors.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QList>
-#include <QPalette>
 #include <QString>
 
 #include <array>
 #include <functional>
-#include <initializer_list>
-#include <utility>
 
 class QAbstractButton;
 class QBoxLayout;
@@ -133,10 +132,10 @@ public:
     // How a cell stands out. The sign at its left and the weight tell what the colours tell.
     struct Mark
     {
-        QColor tint;
-        QColor edge; // of the frame and the sign
+        Tone tone = Tone::None;
         QString sign = {};
         bool isBold = false;
+        bool isFramed = true;
         bool operator==(const Mark &) const = default;
     };
     void setMark(const Mark &mark); // an empty one for none
@@ -174,9 +173,6 @@ RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns
 // Goes back to the option \a id after another was chosen, by a click or an arrow key: checked, and
 // where the keys go.
 void keepOption(QButtonGroup *group, int id);
-
-// Gives the widget colours of its own, while it is enabled.
-void recolor(QWidget *widget, std::initializer_list<std::pair<QPalette::ColorRole, QColor>> colors);
 
 // Makes the widget's text \a factor times as large.
 void scaleText(QWidget *widget, double factor);

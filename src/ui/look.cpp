@@ -1,5 +1,7 @@
 #include "ui/look.h"
 
+#include "ui/accessible.h"
+#include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/scaling.h"
 #include "ui/slipprinter.h"
@@ -59,10 +61,38 @@ bool isForReading(const QStyleOption *option, const QWidget *widget)
 // The button that Space presses is seen also before the first key.
 void drawFocusRing(const QStyleOption *option, QPainter *painter)
 {
+    const QPalette &palette = option->palette;
+    const QColor ground = palette.color(QPalette::Button);
+    const QColor usual = palette.color(QPalette::Highlight);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(option->palette.color(QPalette::Highlight), 2));
+    painter->setPen(
+        QPen(contrast(usual, ground) < 3 ? palette.color(QPalette::ButtonText) : usual, 2));
     painter->drawRoundedRect(QRectF(option->rect).adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+    painter->restore();
+}
+
+// A frame as the style draws it has the window's colour, darkened so much.
+constexpr int frameDarkness = 140;
+
+// The option with frames that can be seen.
+QStyleOptionButton clearlyFramed(const QStyleOptionButton &option)
+{
+    QStyleOptionButton framed = option;
+    framed.palette.setColor(QPalette::Window, frameColor(option.palette).lighter(frameDarkness));
+    return framed;
+}
+
+void drawFrame(const QStyleOption &option, QPainter *painter, bool showsFocus)
+{
+    const bool hasFocus = showsFocus && (option.state & QStyle::State_HasFocus);
+    const int width = hasFocus ? 2 : 1;
+    const double half = width / 2.0;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(
+        hasFocus ? option.palette.color(QPalette::Highlight) : frameColor(option.palette), width));
+    painter->drawRoundedRect(QRectF(option.rect).adjusted(half, half, -half, -half), 2, 2);
     painter->restore();
 }
 
@@ -78,18 +108,7 @@ public:
 
     void polish(QPalette &palette) override
     {
-        palette.setColor(QPalette::Window, QColor(0xee, 0xf2, 0xee));
-        palette.setColor(QPalette::WindowText, QColor(0x1a, 0x24, 0x1d));
-        palette.setColor(QPalette::Base, Qt::white);
-        palette.setColor(QPalette::Text, QColor(0x10, 0x18, 0x12));
-        palette.setColor(QPalette::Button, QColor(0xdd, 0xe6, 0xdf));
-        palette.setColor(QPalette::ButtonText, QColor(0x10, 0x18, 0x12));
-        palette.setColor(QPalette::Highlight, QColor(0x1f, 0x6b, 0x3f));
-        palette.setColor(QPalette::HighlightedText, Qt::white);
-        palette.setColor(QPalette::ToolTipBase, QColor(0xff, 0xfb, 0xe0));
-        palette.setColor(QPalette::ToolTipText, QColor(0x20, 0x20, 0x10));
-        for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
-            palette.setColor(QPalette::Disabled, role, QColor(0x80, 0x88, 0x82));
+        palette = housePalette(palette);
         palette.setResolveMask(0);
     }
 
@@ -125,19 +144,27 @@ public:
         return drawn;
     }
 
-    // A field that cannot be typed into does not look as if it could: it has no frame, and no
-    // ground but one that it was given.
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override
     {
-        if (element != PE_PanelLineEdit || !isForReading(option, widget)) {
-            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+        const bool isPressed = element == PE_PanelButtonCommand || element == PE_IndicatorCheckBox
+                               || element == PE_IndicatorRadioButton;
+        if (isPressed && button) {
+            const QStyleOptionButton framed = clearlyFramed(*button);
+            QProxyStyle::drawPrimitive(element, &framed, painter, widget);
             if (element == PE_PanelButtonCommand && (option->state & State_HasFocus))
                 drawFocusRing(option, painter);
-            return;
+        } else if (element == PE_PanelLineEdit && isForReading(option, widget)) {
+            // A field that cannot be typed into does not look as if it could: it has no frame, and
+            // no ground but one that it was given.
+            if (widget->palette().isBrushSet(QPalette::Active, QPalette::Base))
+                painter->fillRect(option->rect, option->palette.base());
+        } else if (element == PE_FrameLineEdit || element == PE_Frame) {
+            drawFrame(*option, painter, element == PE_FrameLineEdit);
+        } else {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
         }
-        if (widget->palette().isBrushSet(QPalette::Active, QPalette::Base))
-            painter->fillRect(option->rect, option->palette.base());
     }
 
     // A group of controls has a quiet frame, with its title in the frame's upper edge.
@@ -170,7 +197,7 @@ public:
         const QRect frame = subControlRect(control, box, SC_GroupBoxFrame, widget);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QColor(0xb9, 0xc6, 0xbc));
+        painter->setPen(frameColor(box->palette));
         painter->setClipRegion(QRegion(box->rect) - title.adjusted(-3, 0, 3, 0));
         painter->drawRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
         painter->restore();
@@ -181,9 +208,11 @@ public:
 
 } // namespace
 
-void applyLook(QApplication &)
+void applyLook(QApplication &application)
 {
     substituteNamedFonts();
+    followPalette(application);
+    installAccessibility();
     // Letters grow with the window inside of what has a style sheet, too.
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
     QApplication::setStyle(new HouseStyle);

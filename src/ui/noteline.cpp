@@ -1,5 +1,7 @@
 #include "ui/noteline.h"
 
+#include "ui/accessible.h"
+
 #include <QEvent>
 #include <QIcon>
 #include <QPainter>
@@ -13,11 +15,10 @@ NoteLine::NoteLine(QWidget *parent)
     setObjectName(u"lblnote"_s);
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
-    setAccessibleName(u"Note"_s);
     setAlignment(Qt::AlignTop | Qt::AlignLeft);
     scaleText(this, 1.1);
     setMinimumHeight(2 * fontMetrics().lineSpacing());
-    recolor(this, {{QPalette::WindowText, QColor(0x7a, 0x3b, 0x00)}});
+    setTone(this, Tone::Notice);
 }
 
 void NoteLine::setText(const QString &note, NoteKind kind)
@@ -29,6 +30,7 @@ void NoteLine::setText(const QString &note, NoteKind kind)
     }
     makeRoom();
     WrappedLabel::setText(note);
+    announce(this);
 }
 
 void NoteLine::add(const QString &note, NoteKind kind)

@@ -68,6 +68,12 @@ bool askYesNoCarefully(QWidget *parent, const QString &text, const QString &titl
            == QMessageBox::Yes;
 }
 
+bool mayBeLate(QWidget *parent, const QString &settled, const QString &title)
+{
+    return settled.isEmpty()
+           || askYesNoCarefully(parent, settled + u". Place these bets all the same?"_s, title);
+}
+
 Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title)
 {
     const auto button =

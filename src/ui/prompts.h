@@ -18,6 +18,10 @@ bool askYesNo(QWidget *parent, const QString &text, const QString &title = {});
 // no harm.
 bool askYesNoCarefully(QWidget *parent, const QString &text, const QString &title = {});
 
+// Whether bets may be placed on a race: at once while \a settled, which says when it was settled,
+// is empty; else they come too late, unless the operator knows better.
+bool mayBeLate(QWidget *parent, const QString &settled, const QString &title);
+
 // Yes/No/Cancel.
 enum class Choice { Yes, No, Cancel };
 Choice askYesNoCancel(QWidget *parent, const QString &text, const QString &title = {});

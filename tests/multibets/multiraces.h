@@ -53,6 +53,7 @@ protected:
 
     bool isSelected(int line, int post)
     {
-        return child<QWidget>(screen(), cellName(line, post))->property("chosen").toBool();
+        const auto *cell = child<QWidget>(screen(), cellName(line, post));
+        return cell->palette().color(QPalette::Base) == QColor(0xff, 0x00, 0xff);
     }
 };

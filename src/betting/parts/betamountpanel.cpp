@@ -1,6 +1,7 @@
 #include "betting/parts/betamountpanel.h"
 
 #include "common/print/format.h"
+#include "ui/accessible.h"
 #include "ui/controls.h"
 
 #include <QGridLayout>
@@ -21,9 +22,7 @@ ClickCell *makeKey(QWidget *parent, const QString &name, const QString &text,
     key->setAlignment(Qt::AlignCenter);
     key->setAccessibleName(toolTip);
     key->setCursor(Qt::PointingHandCursor);
-    QPalette palette = key->palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Button));
-    key->setPalette(palette);
+    setTone(key, Tone::Key);
     enlarge(key, 1.1);
     makeHurried(key);
     return key;
@@ -71,6 +70,7 @@ void BetAmountPanel::build(const QString &signToolTip)
             m_amount.press(cell->text());
             showAmount();
         });
+        cell->setAccessibleName(u"Add "_s + spokenDollars(double(amountSteps[i])));
         grid->addWidget(cell, 3, 3 * i, 1, 3);
     }
     ClickCell *txtclearamt = makeKey(this, u"txtclearamt"_s, clearAmountCaption(),
@@ -92,6 +92,8 @@ void BetAmountPanel::showAmount(const char *pattern)
 {
     txtbetamt->setText(formatMoney(m_amount.value(), pattern));
     txtplus->setText(m_amount.sign());
+    txtbetamt->setAccessibleName(u"Bet amount, "_s + spokenDollars(double(m_amount.value())));
+    txtplus->setAccessibleName(m_amount.isMinus() ? u"Sign, minus"_s : u"Sign, plus"_s);
 }
 
 void BetAmountPanel::flipSign()

@@ -1,6 +1,7 @@
 #include "betting/parts/betgrid.h"
 
 #include "common/print/format.h"
+#include "ui/accessible.h"
 #include "ui/controls.h"
 
 #include <QGridLayout>
@@ -8,6 +9,7 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -32,24 +34,15 @@ ClickCell::Mark markOf(EntryFate fate)
 {
     switch (fate) {
     case EntryFate::StopsPlacing:
-        return {QColor(0xff, 0xb3, 0xa8), QColor(0xa1, 0x16, 0x0e), u"!"_s, true};
+        return {Tone::Stopping, u"!"_s, true};
     case EntryFate::Dropped:
-        return {QColor(0xff, 0xe8, 0x9c), QColor(0x7d, 0x52, 0x00), u"\u00d7"_s, false};
+        return {Tone::Dropped, u"\u00d7"_s, false};
     case EntryFate::PlacedButNotPaid:
-        return {QColor(0xff, 0xd0, 0x8a), QColor(0x7d, 0x3a, 0x00), u"?"_s, true};
+        return {Tone::Unpaid, u"?"_s, true};
     case EntryFate::Placed:
         break;
     }
-    return {QColor(0xd3, 0xee, 0xd9), QColor(0x1f, 0x6b, 0x3f), {}, true};
-}
-
-void tint(QWidget *cell, const QColor &color)
-{
-    QPalette palette = cell->palette();
-    if (palette.color(QPalette::Base) == color)
-        return;
-    palette.setColor(QPalette::Base, color);
-    cell->setPalette(palette);
+    return {Tone::Placed, {}, true};
 }
 
 } // namespace
@@ -138,10 +131,10 @@ void BetGrid::addRow(QGridLayout *grid, int post)
     }
     for (QWidget *widget : {number, horse}) {
         widget->setAccessibleName(row + (widget == number ? u"number"_s : u"name"_s));
-        tint(widget, QColor(0xf4, 0xf7, 0xf4));
+        setTone(widget, Tone::Aside);
     }
     for (const int base : {rowTotalBase, oddsBase})
-        tint(txtnumber[std::size_t(base + post)], QColor(0xf4, 0xf7, 0xf4));
+        setTone(txtnumber[std::size_t(base + post)], Tone::Aside);
 }
 
 void BetGrid::addTotals(QGridLayout *grid)
@@ -167,6 +160,7 @@ void BetGrid::addTotals(QGridLayout *grid)
 
 void BetGrid::setHorses(const HorseTable &horses)
 {
+    m_calledColumn.reset();
     const bool hadFocus = focusWidget() && focusWidget()->hasFocus();
     for (const Horse &horse : horses) {
         const auto post = std::size_t(horse.post);
@@ -208,6 +202,7 @@ void BetGrid::showEntries(const BetEntries &entries)
             ClickCell *cell = cellAt(post, int(column));
             cell->setText(numberText(entered, dollars));
             cell->setMark(entered && dollars != 0 ? markOf(fateOf(dollars)) : ClickCell::Mark());
+            nameCell(post, int(column), entries);
             rowEntered = rowEntered || entered;
             columnEntered[column] = columnEntered[column] || entered;
         }
@@ -221,10 +216,26 @@ void BetGrid::showEntries(const BetEntries &entries)
     txttotaltot->setText(numberText(!entries.isEmpty(), entries.total()));
 }
 
+// "SECOND WIND, number 1A, win, 3 dollars".
+void BetGrid::nameCell(int post, int column, const BetEntries &entries)
+{
+    const auto at = std::size_t(post);
+    if (!m_runs[at])
+        return;
+    const BetType type = betTypes[column];
+    const QString bet =
+        entries.isEntered(post, type) ? spokenDollars(entries.amount(post, type)) : u"no bet"_s;
+    const QString name = txthorse[at - 1]->text() + u", number "_s + txthorsenumber[at]->text()
+                         + u", "_s + QLatin1StringView(columnWords[column]) + u", "_s + bet;
+    if (ClickCell *cell = cellAt(post, column); cell->accessibleName() != name)
+        cell->setAccessibleName(name);
+}
+
 void BetGrid::enter(int index, ClickCell *cell)
 {
     if (!m_runs[std::size_t((index - columnBase[0] - 1) % postCount + 1)])
         return;
+    m_calledColumn.reset();
     makeTabStop(cell);
     const int cellOffset = index - columnBase[0] - 1;
     emit cellClicked(cellOffset % postCount + 1, betTypes[cellOffset / postCount]);
@@ -252,6 +263,7 @@ void BetGrid::makeTabStop(ClickCell *cell)
 
 void BetGrid::focusCell(int post, int column)
 {
+    m_calledColumn.reset();
     makeTabStop(cellAt(post, column));
     m_tabStop->setFocus(Qt::OtherFocusReason);
     emit moved();
@@ -287,8 +299,76 @@ int BetGrid::focusedCell() const
     return -1;
 }
 
+void BetGrid::beginCall(int column)
+{
+    const int offset = focusedCell();
+    if (offset < 0)
+        return;
+    focusCell(offset % postCount + 1, column);
+    m_calledColumn = column;
+    m_calledNumber.clear();
+}
+
+// Whether what was typed goes on with the number of a horse; goes to that horse.
+bool BetGrid::extendCall(const QString &typed)
+{
+    if (!m_calledColumn || typed.isEmpty() || typed.front().isSpace())
+        return false;
+    const QString number = m_calledNumber + typed.toUpper();
+    QList<int> meant;
+    for (int post = 1; post <= postCount; ++post) {
+        if (!m_runs[std::size_t(post)] || !horseNumber(post).startsWith(number))
+            continue;
+        if (horseNumber(post) == number)
+            meant.prepend(post);
+        else
+            meant.append(post);
+    }
+    if (meant.isEmpty())
+        return false;
+    const int column = *m_calledColumn;
+    focusCell(meant.first(), column);
+    m_calledColumn = column;
+    m_calledNumber = number;
+    if (meant.size() == 1 && calledPost() != 0)
+        finishCall();
+    return true;
+}
+
+void BetGrid::finishCall()
+{
+    const int post = calledPost();
+    const std::optional<int> column = std::exchange(m_calledColumn, {});
+    if (column && post != 0)
+        emit cellClicked(post, betTypes[*column]);
+}
+
+// The horse in focus, if it has the number that is being called; else 0.
+int BetGrid::calledPost() const
+{
+    const int offset = focusedCell();
+    if (offset < 0)
+        return 0;
+    const int post = offset % postCount + 1;
+    return horseNumber(post) == m_calledNumber ? post : 0;
+}
+
+QString BetGrid::horseNumber(int post) const
+{
+    return txthorsenumber[std::size_t(post)]->text().trimmed().toUpper();
+}
+
 void BetGrid::keyPressEvent(QKeyEvent *event)
 {
+    const bool isPlain = !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
+    const QString typed = isPlain ? event->text().toUpper() : QString();
+    if (extendCall(typed))
+        return;
+    if (!typed.isEmpty() && typed.front().isLetterOrNumber())
+        finishCall();
+    m_calledColumn.reset();
+    if (const auto column = QString(u"WPS"_s).indexOf(typed); column >= 0 && typed.size() == 1)
+        return beginCall(int(column));
     switch (event->key()) {
     case Qt::Key_Up:
         return moveFocus(-1, 0);

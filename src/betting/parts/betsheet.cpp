@@ -166,10 +166,7 @@ void BetSheet::showBettor(bool isDoubtful)
 {
     lblselected->setText(m_bettor == 0 ? u"No bettor selected"_s : m_bettorName);
     lblselected->setEnabled(m_bettor != 0);
-    if (isDoubtful)
-        recolor(lblselected, {{QPalette::WindowText, QColor(0xa1, 0x16, 0x0e)}});
-    else
-        lblselected->setPalette({});
+    setTone(lblselected, isDoubtful ? Tone::Wrong : Tone::None);
 }
 
 // What was entered is on no file yet.
@@ -245,8 +242,10 @@ void BetSheet::bringBack()
     if (m_deleted.empty())
         return;
     note({});
-    if (!bettorHolds(m_prior.bettor, m_prior.name) || !cardIsAsShown() || !mayBeLate())
+    if (!bettorHolds(m_prior.bettor, m_prior.name) || !cardIsAsShown())
         return;
+    if (!mayBeLate(this, settledBefore(), u"Place Bets"_s))
+        return warn(u"The bets are still deleted."_s);
     Session &session = m_context.session;
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, planReturn(m_deleted)); })) {
@@ -310,6 +309,7 @@ void BetSheet::place()
 {
     const QString title = u"Place Bets"_s;
     Session &session = m_context.session;
+    m_grid->finishCall();
     if (m_entries.total() == 0)
         return;
     if (m_bettor == 0)
@@ -318,8 +318,10 @@ void BetSheet::place()
     if (!askYesNo(this, u"Place these bets?"_s, title))
         return;
     note({});
-    if (!bettorHolds(m_bettor, m_bettorName) || !cardHolds(asked) || !mayBeLate())
+    if (!bettorHolds(m_bettor, m_bettorName) || !cardHolds(asked))
         return;
+    if (!mayBeLate(this, settledBefore(), title))
+        return warn(u"No bet was placed."_s);
     Placement placement;
     if (!trapped([&] { placement = placeBets(session, asked); })) {
         return warn(session.files.unsure ? u"Place these bets again: what is on file is not placed "
@@ -401,21 +403,7 @@ bool BetSheet::cardHolds(PlacementPlan &asked)
 QString BetSheet::settledBefore() const
 {
     Session &session = m_context.session;
-    const CashEntry *settled =
-        lastSettlement(lookIntoCashJournal(session), session.settings.currentRace);
-    return settled ? settledText(*settled, m_horses) : QString();
-}
-
-// A bet on a race that was settled comes too late, unless the cashier knows better.
-bool BetSheet::mayBeLate()
-{
-    const QString settled = settledBefore();
-    if (settled.isEmpty()
-        || askYesNoCarefully(this, settled + u". Place these bets all the same?"_s,
-                             u"Place Bets"_s))
-        return true;
-    warn(u"No bet was placed."_s);
-    return false;
+    return settledNote(session, session.settings.currentRace, m_horses);
 }
 
 // Adds the placed bets to the prior bets.

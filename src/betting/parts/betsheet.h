@@ -92,7 +92,6 @@ private:
     bool bettorHolds(int number, const QString &name);
     bool cardHolds(PlacementPlan &asked);
     QString settledBefore() const;
-    bool mayBeLate();
     void listPlaced(const Placement &placement);
     void finishPlacement(const Placement &placement);
     void stopAtNegative(const PlacementPlan &plan);

@@ -145,8 +145,9 @@ QWidget *BetSheet::buildGridColumn()
     m_grid = new BetGrid(column);
     QLabel *lblkeys = makeLabel(
         column, u"lblkeys"_s,
-        u"Keys: digits type the amount, F2-F7 presets, + and - sign, arrows move, Space bets, "
-        "Del empties a cell, Ctrl+Enter places, Esc finds a bettor"_s,
+        u"Keys: digits type the amount, F2-F7 presets, + and - sign; W, P or S and a horse's "
+        "number bet on it, or arrows and Space; Del empties a cell, Ctrl+Enter places, Esc finds "
+        "a bettor"_s,
         {}, true);
     scaleText(lblkeys, 0.8);
     auto *layout = new QVBoxLayout(column);

@@ -67,6 +67,12 @@ QString settledText(const CashEntry &settlement, const HorseTable &horses)
     return text;
 }
 
+QString settledNote(Session &session, int race, const HorseTable &horses)
+{
+    const CashEntry *settled = lastSettlement(lookIntoCashJournal(session), race);
+    return settled ? settledText(*settled, horses) : QString();
+}
+
 QString journalNote(const CashJournal &journal)
 {
     QStringList notes;

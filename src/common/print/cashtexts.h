@@ -16,5 +16,8 @@ QString payAgainQuestion(const PaidBefore &paid, ExactMoney now);
 // "Race1 was settled at 20:39: 1A, 3, 5, house 12 %".
 QString settledText(const CashEntry &settlement, const HorseTable &horses);
 
+// The same of a race's last settlement, if it was settled; else empty.
+QString settledNote(Session &session, int race, const HorseTable &horses);
+
 // What of the journals could not be read; empty when all could.
 QString journalNote(const CashJournal &journal);

@@ -1,6 +1,7 @@
 #include "multibets/parts/multibetform.h"
 
 #include "multibets/parts/typebuttons.h"
+#include "ui/accessible.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
 #include "ui/noteline.h"
@@ -39,6 +40,7 @@ void MultibetForm::build()
     QVBoxLayout *layout = buildHead();
     layout->addWidget(buildTypeAndAmount());
     layout->addWidget(buildGrid());
+    layout->addLayout(buildGuide());
     auto *lists = new QHBoxLayout;
     lists->addWidget(buildBettor(), 4);
     lists->addWidget(buildHorses(), 4);
@@ -64,7 +66,6 @@ QWidget *MultibetForm::buildTypeAndAmount()
     auto *amountLayout = new QHBoxLayout(amountBox);
     amountLayout->setContentsMargins(6, 6, 6, 4);
     txtbetamt = makeCell(amountBox, u"txtbetamt"_s, u"Click to increase this amount by $1"_s);
-    txtbetamt->setAccessibleName(u"Bet Amt"_s);
     txtbetamt->setAlignment(Qt::AlignCenter);
     enlarge(txtbetamt, 1.4);
     fitCharacters(txtbetamt, 8);
@@ -73,7 +74,7 @@ QWidget *MultibetForm::buildTypeAndAmount()
         txtamt[i] = makeCell(amountBox, memberName(u"txtamt"_s, int(i)),
                              u"Click to add this amount to the current bet"_s);
         txtamt[i]->setText(quickAmounts[i] < 1 ? u" .25"_s : QString::number(quickAmounts[i]));
-        txtamt[i]->setAccessibleName("Add $"_L1 + QString::number(quickAmounts[i]));
+        txtamt[i]->setAccessibleName(u"Add "_s + spokenDollars(quickAmounts[i]));
         txtamt[i]->setAlignment(Qt::AlignCenter);
         fitCharacters(txtamt[i], 4);
         amountLayout->addWidget(txtamt[i]);
@@ -112,6 +113,19 @@ QWidget *MultibetForm::buildGrid()
     layout->setContentsMargins(6, 6, 6, 4);
     layout->addWidget(m_grid);
     return box;
+}
+
+// What is chosen and missing, and what the ticket costs.
+QBoxLayout *MultibetForm::buildGuide()
+{
+    lblguide = makeShortLabel(this, u"lblguide"_s);
+    lblcost = makeLabel(this, u"lblcost"_s, {});
+    for (QLabel *label : {lblguide, lblcost})
+        enlarge(label, 1.3);
+    auto *row = new QHBoxLayout;
+    row->addWidget(lblguide, 1);
+    row->addWidget(lblcost);
+    return row;
 }
 
 QWidget *MultibetForm::buildBettor()

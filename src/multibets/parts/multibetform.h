@@ -29,6 +29,8 @@ protected:
     ClickCell *txtclearamt;
     BettorSearch *m_search;
     QLabel *lblbettor;
+    QLabel *lblguide;
+    QLabel *lblcost;
     QListWidget *lsthorses;
     QListWidget *lstbets;
     QLineEdit *txtcount;
@@ -53,6 +55,7 @@ private:
     void build();
     QWidget *buildTypeAndAmount();
     QWidget *buildGrid();
+    QBoxLayout *buildGuide();
     QWidget *buildBettor();
     QWidget *buildHorses();
     QWidget *buildPreview();

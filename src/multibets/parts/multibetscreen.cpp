@@ -2,6 +2,7 @@
 
 #include "common/event/bettypes.h"
 #include "common/print/copies.h"
+#include "multibets/guide.h"
 #include "multibets/legs.h"
 #include "multibets/parts/typebuttons.h"
 #include "ui/controls.h"
@@ -77,8 +78,14 @@ MultibetLegs MultibetScreen::showLegs()
     trapErrors(this, ErrorStyle::DescriptionOnly,
                [&] { legs = loadLegs(m_context.session, multibetType(m_types->type())); });
     m_grid->showPosts(legs.posts);
-    for (int line = 0; line < 3; ++line)
-        m_grid->setLabel(line, legs.labels[std::size_t(line)]);
+    for (int line = 0; line < 3; ++line) {
+        const auto at = std::size_t(line);
+        m_grid->setLabel(line, legs.labels[at]);
+        const bool hasOwnRace = legs.races[at] != 0 && legs.races[at] != legs.races[0];
+        for (const Horse &horse : legs.horses[at])
+            m_grid->setHorse(line, horse.post,
+                             postText(horse, hasOwnRace ? raceName(legs.races[at]) : QString()));
+    }
     return legs;
 }
 

@@ -3,7 +3,6 @@
 #include "ui/controls.h"
 
 #include <QKeyEvent>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -15,14 +14,10 @@ constexpr int lineCount = 3;
 constexpr int postCells = 21;
 
 // Yellow, or magenta with a heavy frame and bold figures, so that the state needs no colour.
-constexpr char styles[] = R"(
-QLineEdit { border: none; background: transparent; }
-ClickCell { background: #ffff00; color: #101810; border: 1px solid #9a9a3c; padding: 0; }
-ClickCell:disabled { background: #e6e6cf; color: #80886f; border: 1px solid #c4c4ad; }
-ClickCell[chosen="true"] { background: #ff00ff; font-weight: bold; border: 3px solid #101810; }
-ClickCell:focus { border: 2px dashed #1f4d34; }
-ClickCell[chosen="true"]:focus { border: 3px dashed #101810; }
-)";
+ClickCell::Mark markOfPost(bool isChosen)
+{
+    return {isChosen ? Tone::ChosenPost : Tone::Post, {}, isChosen, isChosen};
+}
 
 int indexOf(int line, int post)
 {
@@ -39,7 +34,6 @@ PostGrid::PostGrid(Selection selection, QWidget *parent)
     m_layout->setContentsMargins(0, 0, 0, 0);
     m_layout->setHorizontalSpacing(3);
     m_layout->setVerticalSpacing(3);
-    setStyleSheet(QLatin1StringView(styles));
     for (int line = 0; line < lineCount; ++line) {
         txtgroup[std::size_t(line)] = makeDisplay(this, memberName(u"txtgroup"_s, line));
         fitCharacters(txtgroup[std::size_t(line)], 12);
@@ -64,6 +58,11 @@ PostGrid::PostGrid(Selection selection, QWidget *parent)
             connect(made, &ClickCell::clicked, this, [this, line, post] { toggle(line, post); });
         }
     }
+    lblpost = makeShortLabel(this, u"lblpost"_s);
+    enlarge(lblpost, 1.1);
+    m_layout->addWidget(lblpost, lineCount, 0, 1, postCells + 2);
+    connect(this, &PostGrid::selectionChanged, this, &PostGrid::showHorse);
+    showHorse();
 }
 
 void PostGrid::setLine(int line, const QString &label, const QString &labelTip,
@@ -79,11 +78,44 @@ void PostGrid::setLine(int line, const QString &label, const QString &labelTip,
 void PostGrid::setLabel(int line, const QString &label)
 {
     txtgroup[std::size_t(line)]->setText(label);
+    txtgroup[std::size_t(line)]->setAccessibleName(label);
 }
 
 void PostGrid::setCellTip(int line, int post, const QString &tip)
 {
     setTip(cell(line, post), tip);
+}
+
+void PostGrid::setHorse(int line, int post, const QString &text)
+{
+    m_horses[std::size_t(indexOf(line, post))] = text;
+    nameCell(indexOf(line, post));
+}
+
+void PostGrid::nameCell(int index)
+{
+    const QString &horse = m_horses[std::size_t(index)];
+    const QString post = "Post "_L1 + QString::number(index % postCells + 1);
+    txtnum[std::size_t(index)]->setAccessibleName(
+        (horse.isEmpty() ? post : horse) + ", line "_L1 + QString::number(index / postCells + 1)
+        + (m_selected[std::size_t(index)] ? ", selected"_L1 : ", not selected"_L1));
+}
+
+void PostGrid::showHorse()
+{
+    QStringList chosen;
+    QString pointed;
+    for (std::size_t index = 0; index < txtnum.size(); ++index) {
+        const ClickCell *cell = txtnum[index];
+        if (cell->isEnabled() && (cell->underMouse() || (cell->hasFocus() && pointed.isEmpty())))
+            pointed = m_horses[index];
+        if (m_selected[index])
+            chosen.append(m_horses[index]);
+    }
+    if (!pointed.isEmpty())
+        return lblpost->setText(pointed);
+    lblpost->setText(chosen.isEmpty() ? u"Point at a post number to see its horse"_s
+                                      : chosen.join(u"; "_s));
 }
 
 void PostGrid::addAtEnd(int line, QWidget *control)
@@ -167,16 +199,9 @@ void PostGrid::toggle(int line, int post)
 void PostGrid::setSelected(int index, bool selected)
 {
     ClickCell *changed = txtnum[std::size_t(index)];
-    if (m_selected[std::size_t(index)] == selected && changed->property("chosen").isValid())
-        return;
     m_selected[std::size_t(index)] = selected;
-    changed->setProperty("chosen", selected);
-    // The style rules look at the property only when they are applied.
-    changed->style()->unpolish(changed);
-    changed->style()->polish(changed);
-    changed->setAccessibleName("Line "_L1 + QString::number(index / postCells + 1) + " post "_L1
-                               + QString::number(index % postCells + 1)
-                               + (selected ? " selected"_L1 : " not selected"_L1));
+    changed->setMark(markOfPost(selected));
+    nameCell(index);
 }
 
 bool PostGrid::isSelectedElsewhere(int line, int post) const
@@ -190,6 +215,11 @@ bool PostGrid::isSelectedElsewhere(int line, int post) const
 
 bool PostGrid::eventFilter(QObject *object, QEvent *event)
 {
+    const bool pointsElsewhere = event->type() == QEvent::Enter || event->type() == QEvent::Leave
+                                 || event->type() == QEvent::FocusIn
+                                 || event->type() == QEvent::FocusOut;
+    if (pointsElsewhere)
+        QMetaObject::invokeMethod(this, &PostGrid::showHorse, Qt::QueuedConnection);
     if (event->type() == QEvent::KeyPress) {
         const auto found = std::ranges::find(txtnum, object);
         if (found != txtnum.end())

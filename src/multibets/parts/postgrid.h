@@ -8,11 +8,13 @@
 #include <set>
 
 class ClickCell;
+class QLabel;
 class QLineEdit;
 
 // The 63 post number cells txtnum_0 to txtnum_62 of multibets: three lines of 21, each with its
 // label txtgroup_0 to txtgroup_2. Lines count from 0, posts from 1. A click selects a cell or takes
-// the selection back; arrows move between the cells.
+// the selection back; arrows move between the cells. A line below, lblpost, names the horse of the
+// cell under the mouse or in focus, else the horses that are selected.
 class PostGrid : public QWidget
 {
     Q_OBJECT
@@ -26,6 +28,9 @@ public:
     void setLine(int line, const QString &label, const QString &labelTip, const QString &cellTip);
     void setLabel(int line, const QString &label);
     void setCellTip(int line, int post, const QString &tip);
+
+    // What lblpost says of a cell: "Post 3: number 2 SECOND WIND".
+    void setHorse(int line, int post, const QString &text);
 
     // Puts a control at the end of a line.
     void addAtEnd(int line, QWidget *control);
@@ -58,6 +63,8 @@ private:
     void setSelected(int index, bool selected);
     bool isSelectedElsewhere(int line, int post) const;
     bool moveFocus(int index, int key);
+    void nameCell(int index);
+    void showHorse();
 
     Selection m_selection;
     bool m_repeatsAllowed = true;
@@ -65,4 +72,6 @@ private:
     std::array<QLineEdit *, 3> txtgroup{};
     std::array<ClickCell *, 63> txtnum{};
     std::array<bool, 63> m_selected{};
+    std::array<QString, 63> m_horses;
+    QLabel *lblpost;
 };

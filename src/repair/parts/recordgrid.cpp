@@ -1,8 +1,7 @@
 #include "repair/parts/recordgrid.h"
 
 #include "common/print/format.h"
-
-#include <QColor>
+#include "ui/colors.h"
 
 void RecordListModel::setList(RecordList list)
 {
@@ -37,9 +36,9 @@ QVariant RecordListModel::data(const QModelIndex &index, int role) const
                                                  : cells(index.row()).value(index.column());
     }
     if (role == Qt::BackgroundRole && row.isDamaged)
-        return QColor(0xff, 0xdd, 0xd0);
+        return tintOf(QColor(0xff, 0x90, 0x70));
     if (role == Qt::BackgroundRole && !row.isRecord)
-        return QColor(0xe2, 0xec, 0xe4);
+        return QGuiApplication::palette().color(QPalette::Button);
     return {};
 }
 
