@@ -7,7 +7,7 @@
 #include "payoff/houseguidance.h"
 #include "payoff/parts/combinationgrid.h"
 #include "payoff/settlerace.h"
-#include "ui/controls.h"
+#include "ui/listkeys.h"
 #include "ui/paidlist.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"

@@ -46,6 +46,14 @@ QHash<int, JournalStakes> stakesByRace(const CashJournal &journal)
     return races;
 }
 
+ExactMoney sumOf(const StakesByBettor &stakes)
+{
+    ExactMoney sum = 0;
+    for (const ExactMoney stake : stakes)
+        sum += stake;
+    return sum;
+}
+
 // A race as it is worked out.
 class RaceCounter
 {

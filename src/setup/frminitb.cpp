@@ -8,6 +8,7 @@
 #include "setup/eventchoices.h"
 #include "setup/eventfolders.h"
 #include "setup/startup.h"
+#include "ui/listkeys.h"
 #include "ui/noteline.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"

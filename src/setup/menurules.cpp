@@ -1,6 +1,5 @@
 #include "setup/menurules.h"
 
-#include "common/event/cashstakes.h"
 #include "common/event/settledrace.h"
 #include "common/print/format.h"
 
@@ -10,11 +9,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Counts the bets that hold money, and what they hold.
 template<typename Table>
-std::size_t betCount(const Table &bets)
+void countBets(const Table &table, std::size_t &bets, double &dollars)
 {
-    return std::size_t(std::ranges::count(
-        bets.rows, false, [](const auto &row) { return row.damaged || row.bet.amount == 0; }));
+    ExactMoney sum = 0;
+    for (const auto &row : table.rows) {
+        const ExactMoney stake = row.damaged ? 0 : exactMoney(row.bet.amount);
+        bets += stake != 0;
+        sum += stake;
+    }
+    dollars = dollarsOf(sum);
 }
 
 QString countedOrNone(std::size_t number, const QString &noun)
@@ -57,10 +62,8 @@ RaceProgress raceProgress(Session &session)
     for (int slot = 1; slot <= bettors.slotCount(); ++slot)
         progress.bettors +=
             bettors.slot(slot).isBettor() && bettors.slot(slot).name != anyBettorName();
-    progress.bets = betCount(race.bets);
-    progress.dollars = dollarsOf(sumOf(stakesOf(race.bets)));
-    progress.multibets = betCount(race.multibets);
-    progress.multibetDollars = dollarsOf(sumOf(stakesOf(race.multibets)));
+    countBets(race.bets, progress.bets, progress.dollars);
+    countBets(race.multibets, progress.multibets, progress.multibetDollars);
     if (const CashEntry *settlement = lastSettlement(journal, race.race)) {
         progress.settledAt = settlement->clock();
         progress.unpaid = unpaidWinners(race, bettors.highestNumber(), journal);

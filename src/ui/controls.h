@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <array>
-#include <functional>
 
 class QAbstractButton;
 class QBoxLayout;
@@ -170,10 +169,6 @@ struct RaceOptions
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns = 12,
                             const QString &captionPrefix = {});
 
-// Goes back to the option \a id after another was chosen, by a click or an arrow key: checked, and
-// where the keys go.
-void keepOption(QButtonGroup *group, int id);
-
 // Makes the widget's text \a factor times as large.
 void scaleText(QWidget *widget, double factor);
 
@@ -196,9 +191,6 @@ void refitCharacters(QWidget *field);
 
 // Makes the control high enough to be hit in a hurry.
 void makeHurried(QWidget *target);
-
-// Lets Enter on the list press the button that \a button gives at that moment, if any.
-void pressOnEnter(QListWidget *list, const std::function<QPushButton *()> &button);
 
 // The fixed-pitch font of lists and receipts.
 QFont fixedPitchFont(double pointSize = 0);

@@ -128,30 +128,24 @@ private slots:
     // It is taken as Enter takes it, or dropped on purpose; Cancel goes nowhere.
     void bannerTypedWithoutEnter()
     {
-        Rows<QString, QString> rows; // what leaves the banner, and the screen then
-        rows("race", u"optrace_2"_s, u"frminitb"_s);
-        rows("menu", u"cmdok"_s, u"frmmenub"_s);
-        rows("directory", u"Command1"_s, u"frmdirb"_s);
-        rows("import", u"cmdimpext"_s, u"frmimportb"_s);
-        rows("help", u"cmdhelp"_s, u"frmhelpb"_s);
-        for (const auto &[row, button, next] : rows) {
+        const std::pair<QString, QString> ways[] = {{u"optrace_2"_s, u"frminitb"_s},
+                                                    {u"cmdok"_s, u"frmmenub"_s},
+                                                    {u"Command1"_s, u"frmdirb"_s},
+                                                    {u"cmdimpext"_s, u"frmimportb"_s},
+                                                    {u"cmdhelp"_s, u"frmhelpb"_s}};
+        for (const auto &[button, next] : ways) {
             for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
                 begin();
                 open(u"frminitb"_s);
-                const QString before = event->session.settings.banner;
                 type(u"txtbanner1"_s, u"Oaks"_s);
                 expect(u"Change the banner to Oaks?"_s, u"Setup"_s, answer);
                 if (answer == Answer::Yes)
                     expect(u"Banner information changed"_s, u"Setup"_s);
                 press(button);
-                QCOMPARE(event->session.settings.banner,
-                         answer == Answer::Yes ? u"Oaks"_s : before);
+                QCOMPARE(event->session.settings.banner == u"Oaks"_s, answer == Answer::Yes);
                 QVERIFY(event->isOpen(answer == Answer::Cancel ? u"frminitb"_s : next));
-                if (event->isOpen(u"frminitb"_s)) {
-                    QCOMPARE(text(u"txtbanner1"_s), answer == Answer::No ? before : u"Oaks"_s);
-                    QCOMPARE(child<QRadioButton>(screen(), u"optrace_2"_s)->isChecked(),
-                             answer != Answer::Cancel);
-                }
+                const bool isRaceLeft = button == ways[0].first && answer != Answer::Cancel;
+                QCOMPARE(event->session.settings.currentRace, isRaceLeft ? 2 : 1);
             }
         }
         open(u"frminitb"_s);

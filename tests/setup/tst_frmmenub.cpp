@@ -47,7 +47,6 @@ private slots:
             QCOMPARE(labelText(menu, u"lblprogress"_s), text);
             QCOMPARE(menu->focusWidget()->objectName(), button);
         };
-        shows(u"Race 1"_s, u"no horses yet"_s, u"cmdenterhorses"_s);
         QTest::keyClick(navigator->current(), Qt::Key_PageUp, Qt::ControlModifier);
         shows(u"Race 1"_s, u"no horses yet"_s, u"cmdenterhorses"_s);
         QTest::keyClick(navigator->current(), Qt::Key_PageDown, Qt::ControlModifier);

@@ -13,6 +13,7 @@
 #include "common/print/format.h"
 #include "ui/bettorsearch.h"
 #include "ui/controls.h"
+#include "ui/listkeys.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
 

@@ -21,14 +21,6 @@ void addStake(auto &stakes, const BetRow &row)
 
 } // namespace
 
-ExactMoney sumOf(const StakesByBettor &stakes)
-{
-    ExactMoney sum = 0;
-    for (const ExactMoney stake : stakes)
-        sum += stake;
-    return sum;
-}
-
 StakesByBettor stakesOf(const BetTable &bets)
 {
     QHash<int, ExactMoney> sums; // a full race has many rows

@@ -19,9 +19,6 @@ StakesByBettor stakesOf(std::span<const Bet> bets);
 StakesByBettor stakesOf(const MultibetTable &bets);
 StakesByBettor stakesOf(std::span<const Multibet> bets);
 
-// All of them together.
-ExactMoney sumOf(const StakesByBettor &stakes);
-
 // A line for each bettor who has money in it; the names are those of the session's list. Bets of
 // bettor 0 are nobody's: no money moves with them.
 std::vector<CashEntry> stakeLines(const Session &session, CashKind kind, int race,

@@ -3,7 +3,7 @@
 #include "common/print/cashtexts.h"
 #include "common/print/format.h"
 #include "payoff/parts/combinationgrid.h"
-#include "ui/controls.h"
+#include "ui/listkeys.h"
 #include "ui/paidlist.h"
 #include "ui/prompts.h"
 
