@@ -1,9 +1,6 @@
 #include "setup/clearevent.h"
 
-#include "common/event/cashjournal.h"
-#include "common/event/labelled.h"
-
-#include <QFileInfo>
+#include "common/event/oldjournals.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,35 +19,16 @@ int rewriteAllRaces(Session &session, RecordFile file, const QByteArray &records
     return batch.commit(progress);
 }
 
-// A new event begins without a journal.
-void deleteJournals(Session &session, const QStringList &journals)
-{
-    for (const QString &journal : journals) {
-        try {
-            labelled(session, u"Cash output-Setup"_s, [&] { deleteRecordFile(journal); });
-        } catch (FileError &error) {
-            error.setRemark(u"All bet files were cleared, but the old "_s
-                            + QFileInfo(journal).fileName()
-                            + u" is still there. Clear again to move it to Saved."_s);
-            throw;
-        }
-    }
-}
-
 } // namespace
 
 int clearAllBets(Session &session, const Progress &progress)
 {
     makeEventFolder(session);
-    const QStringList journals = cashFiles(eventFolder(session));
-    int kept = 0;
-    labelled(session, u"Cash Saved"_s, [&] {
-        for (const QString &journal : journals)
-            kept += keepInSaved(session, journal).isEmpty() ? 0 : 1;
-    });
+    OldJournals journals(session);
+    int kept = journals.keep();
     kept += rewriteAllRaces(session, RecordFile::Bets, {}, progress);
     session.settings.betsCleared = true;
-    deleteJournals(session, journals);
+    journals.remove(u"Cash output-Setup"_s, u"All bet files were cleared"_s);
     return kept;
 }
 

@@ -4,6 +4,7 @@
 #include "common/event/eventrecords.h"
 #include "common/event/filebatch.h"
 #include "common/event/labelled.h"
+#include "common/event/oldjournals.h"
 #include "common/event/tornend.h"
 #include "common/files/fileerror.h"
 #include "common/files/recordfile.h"
@@ -163,6 +164,9 @@ void loadHorsesAndBettors(Session &session, const QString &drive, BetsHeld betsH
     };
     const EventLists lists = readLists(read, progress);
     demandWhole(session, lists);
+    OldJournals journals(session);
+    if (betsHeld == BetsHeld::GoToSaved)
+        journals.keep();
     FileBatch batch(session, u"Bettors output"_s);
     batch.replaceTwins(RecordFile::Bettors, 0, lists.bettors, u"Bettors output"_s,
                        u"Bettorsbackup output"_s);
@@ -172,6 +176,8 @@ void loadHorsesAndBettors(Session &session, const QString &drive, BetsHeld betsH
     if (betsHeld == BetsHeld::GoToSaved)
         addEmptyBets(batch);
     batch.commit();
+    if (betsHeld == BetsHeld::GoToSaved)
+        journals.remove(u"Cash output"_s, u"The older bets were moved to Saved"_s);
     progress(2 * raceCount, 2 * raceCount);
 }
 

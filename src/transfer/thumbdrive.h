@@ -24,7 +24,8 @@ struct HeldBets
 HeldBets heldBets(Session &session);
 
 // Drive to satellite: the same files onto the event directory's files and their twins. What they
-// replace is kept in Saved; so are the bets and multibets of all races when they are to go.
+// replace is kept in Saved; so are the bets and multibets of all races and the cash journals when
+// they are to go.
 enum class BetsHeld { Stay, GoToSaved };
 void loadHorsesAndBettors(Session &session, const QString &drive, BetsHeld betsHeld,
                           const Progress &progress = {});

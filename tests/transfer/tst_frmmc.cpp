@@ -120,6 +120,7 @@ private slots:
         for (const Answer answer : {Answer::No, Answer::Yes}) {
             satellite->writeTwins(u"Bets Race3"_s, bets);
             satellite->writeTwins(u"Multibets Race12"_s, "1,2,0,\"EX\",2,1\r\n");
+            satellite->write(u"Cash SAT"_s, "older\r\n");
             satellite->boxes.expect(satelliteQuestion, u"TRELAWN"_s, Answer::Yes);
             satellite->boxes.expect(multibetsStay, u"TRELAWN"_s);
             satellite->boxes.expect(
@@ -132,8 +133,10 @@ private slots:
             satellite->chooseDrive(u"cmdloadbh"_s, u"frmsatdrv"_s);
             QCOMPARE(satellite->readTwins(u"Bets Race3"_s),
                      answer == Answer::No ? bets : QByteArray());
+            QCOMPARE(satellite->exists(u"Cash SAT"_s), answer == Answer::No);
         }
         QCOMPARE(satellite->savedCopies(u"Bets Race3"_s), QByteArrayList{bets});
+        QCOMPARE(satellite->savedCopies(u"Cash SAT"_s), QByteArrayList{"older\r\n"});
         QCOMPARE(satellite->readTwins(u"Multibets Race12"_s), QByteArray());
     }
 
