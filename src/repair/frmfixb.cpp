@@ -5,6 +5,7 @@
 #include "repair/parts/recordgrid.h"
 #include "repair/savedcopies.h"
 #include "ui/controls.h"
+#include "ui/emptyhint.h"
 #include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
@@ -56,6 +57,16 @@ const QList<DisplayButton> &displayButtons()
     };
     return buttons;
 }
+
+const QString howToRepair =
+    u"Look here when a screen says that a file is damaged, or when bets or bettors seem to be "
+    "wrong.\n\n"
+    "1. Select the race above. Bettors need none.\n"
+    "2. Press a Display button on the left: every record of that file is listed here as it is on "
+    "the disk, and bad ones are marked.\n"
+    "3. Select a bad record and remove it, so that the good ones count again. A copy of the file "
+    "is kept first; Show Saved Copies lists the copies, and a selected one can be put back.\n\n"
+    "A list without lines is a file without records."_s;
 
 // What the list says about the file as a whole.
 QString noteOf(const RecordList &list)
@@ -119,6 +130,7 @@ void frmfixb::build()
     grdfix->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     grdfix->verticalHeader()->setDefaultSectionSize(grdfix->fontMetrics().height() + 6);
     grdfix->horizontalHeader()->setStretchLastSection(true);
+    new EmptyHint(howToRepair, grdfix);
 
     QWidget *buttons = buildButtons();
     QWidget *sorting = buildSorting();

@@ -64,6 +64,12 @@ QLayout *frmdirb::lists()
 
 QLayout *frmdirb::newDirectory()
 {
+    QLabel *lblwhatfor =
+        makeLabel(this, u"lblwhatfor"_s,
+                  u"The event directory holds the horses, bettors and bets of one event. Double "
+                  "click on the directory of an earlier event to go on with it. Create a new one "
+                  "for tonight, so that nothing of another event is mixed in or lost."_s,
+                  {}, true);
     auto *group = new QGroupBox(u"New directory"_s, this);
     Text3 = makeLabel(group, u"Text3"_s,
                       u"To create a new directory\n"
@@ -83,6 +89,7 @@ QLayout *frmdirb::newDirectory()
     cmdreturn = makeButton(this, u"cmdreturn"_s, u"Return to Setup"_s, u"Return to main menu"_s);
 
     auto *layout = new QVBoxLayout;
+    layout->addWidget(lblwhatfor);
     layout->addWidget(group);
     layout->addWidget(lblhint, 1, Qt::AlignTop);
     layout->addWidget(cmdreturn);

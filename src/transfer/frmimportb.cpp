@@ -4,6 +4,7 @@
 #include "common/files/folders.h"
 #include "ui/celltable.h"
 #include "ui/controls.h"
+#include "ui/emptyhint.h"
 #include "ui/folderlists.h"
 #include "ui/noteline.h"
 #include "ui/progressbox.h"
@@ -25,6 +26,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString boxTitle = u"Import"_s;
+
+const QString whyImport =
+    u"Brings the files of another computer or event into this one, so that there is one list of "
+    "bettors and one payoff. Choose the drive and the folder that hold its files, check what to "
+    "take, and press IMPORT."_s;
 
 // The folder that the event directory lies in: the usual place of other events.
 QString folderBeside(const QString &eventDirectory)
@@ -65,6 +71,7 @@ void frmimportb::build()
     above->addLayout(buildChoice(), 2);
     lblnote = makeNoteLine(this);
     auto *layout = new QVBoxLayout(this);
+    layout->addWidget(makeLabel(this, u"lblwhatfor"_s, whyImport, {}, true));
     layout->addLayout(above, 1);
     layout->addWidget(buildResult(), 1);
     layout->addWidget(lblnote);
@@ -80,6 +87,7 @@ QLayout *frmimportb::buildFolder()
     lstfile->setObjectName(u"lstfile"_s);
     lstfile->setAccessibleName(u"Files that can be imported"_s);
     lstfile->setSelectionMode(QAbstractItemView::NoSelection);
+    new EmptyHint(u"None here: choose another folder"_s, lstfile);
     txtfolder = makeDisplay(this, u"txtfolder"_s);
     txtfolder->setAccessibleName(u"Folder to import from"_s);
     cmdrefresh = makeButton(this, u"cmdrefresh"_s, u"Look Again"_s,

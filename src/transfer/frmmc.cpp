@@ -7,7 +7,9 @@
 #include "ui/controls.h"
 #include "ui/noteline.h"
 #include "ui/prompts.h"
+#include "ui/wrappedbutton.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -20,50 +22,60 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Where a step is taken.
+enum class Place { Main, Satellite, All };
+
 // A step that is only told has no button; a transfer's button opens its drive choice.
 struct Step
 {
     QString name;
     QString text;
-    QString screen;
+    Place place = Place::All;
+    QString screen = {};
 };
 
 // The steps in the order of an evening; a step without a name begins a group of them.
 QList<Step> steps()
 {
     return {
-        {{}, u"Before the races"_s, {}},
-        {u"lblstep_1"_s, u"1. Enter Horses and Bettor names on the main computer"_s, {}},
-        {u"lblstep_2"_s, u"2. Insert a thumb drive in the main computer"_s, {}},
+        {{}, u"Before the races"_s},
+        {u"lblstep_1"_s, u"1. Enter Horses and Bettor names on the main computer"_s, Place::Main},
+        {u"lblstep_2"_s, u"2. Insert a thumb drive in the main computer"_s, Place::Main},
         {u"cmdsavebh"_s,
-         u"3. Click here  to Save Bettors, Horses from main computer to thumb drive"_s,
+         u"3. Click here  to Save Bettors, Horses from main computer to thumb drive"_s, Place::Main,
          u"frmdrive"_s},
         {u"lblstep_4"_s,
          u"4. Insert the thumb drive from the main computer  in a satellite computer"_s,
-         {}},
+         Place::Satellite},
         {u"cmdloadbh"_s,
          u"5. Click here to Load Bettors, Horses on satellite computers from thumb drive. Repeat "
          "this step for each satellite computer"_s,
-         u"frmsatdrv"_s},
-        {{}, u"During the races"_s, {}},
-        {u"cmdreturn"_s, u"6. Click here to return to Menu in Multiple Computer mode"_s, {}},
-        {u"lblstep_7"_s, u"7. Bets are entered on all computers"_s, {}},
-        {{}, u"After each race"_s, {}},
+         Place::Satellite, u"frmsatdrv"_s},
+        {{}, u"During the races"_s},
+        {u"cmdreturn"_s, u"6. Click here to return to Menu in Multiple Computer mode"_s},
+        {u"lblstep_7"_s, u"7. Bets are entered on all computers"_s},
+        {{}, u"After each race"_s},
         {u"lblstep_8"_s,
          u"8. After the race load bets from each satellite computer to a thumb drive. "
          "A thumb drive will only hold bets for one computer. If you only have one "
          "thumb drive, be sure to load the bets to the main computer after each load "
          "of bets to a thumb drive."_s,
-         {}},
+         Place::Satellite},
         {u"cmdsavebets"_s,
-         u"9. Click here to Save Bets from satellite computers to a thumb drive"_s, u"frmsatun"_s},
-        {u"lblstep_10"_s, u"10. Insert the thumb drive with bets into the main computer"_s, {}},
+         u"9. Click here to Save Bets from satellite computers to a thumb drive"_s,
+         Place::Satellite, u"frmsatun"_s},
+        {u"lblstep_10"_s, u"10. Insert the thumb drive with bets into the main computer"_s,
+         Place::Main},
         {u"cmdaddbets"_s,
          u"11. Click here to Add New Bets to the main computer from a thumb drive. Repeat steps "
          "10. and 11. for each satellite computer."_s,
-         u"frmmainld"_s},
+         Place::Main, u"frmmainld"_s},
     };
 }
+
+const QString whatFor =
+    u"For several computers that take bets without a network: a thumb drive carries horses and "
+    "bettors to the satellites, and their bets back to the main computer, which pays."_s;
 
 const QString roleIsNotSaved =
     u"IMPORTANT: Multiple computer status is not saved if you exit the \n"
@@ -91,38 +103,33 @@ frmmc::~frmmc()
     delete m_driveChoice;
 }
 
+// The computers side by side, each below what it may do; what all of them do goes across.
 void frmmc::build()
 {
     auto *layout = new QVBoxLayout(this);
-    QVBoxLayout *group = nullptr;
+    layout->setSpacing(4);
+    layout->addWidget(makeLabel(this, u"lblwhatfor"_s, whatFor, {}, true));
+    layout->addLayout(buildRoles());
+    QGridLayout *group = nullptr;
     for (const Step &step : steps()) {
         if (step.name.isEmpty()) {
             auto *frame = new QGroupBox(step.text, this);
-            group = new QVBoxLayout(frame);
+            group = new QGridLayout(frame);
             group->setContentsMargins(9, 4, 9, 6);
+            group->setColumnStretch(0, 1);
+            group->setColumnStretch(1, 1);
             layout->addWidget(frame);
-        } else if (step.name.startsWith("lbl"_L1)) {
-            group->addWidget(makeLabel(this, step.name, step.text, {}, true));
-        } else {
-            QPushButton *button = makeButton(this, step.name, step.text);
-            group->addWidget(button, 0, Qt::AlignLeft);
-            if (step.screen.isEmpty())
-                cmdreturn = button;
-            else
-                connect(button, &QPushButton::clicked, this,
-                        [this, screen = step.screen] { openDrive(screen); });
+            continue;
         }
+        QWidget *made = makeStep(step.name, step.text, step.screen);
+        const int column = step.place == Place::Satellite ? 1 : 0;
+        int row = 0;
+        while (group->itemAtPosition(row, column))
+            ++row;
+        group->addWidget(made, row, column, 1, step.place == Place::All ? 2 : 1);
     }
     setTip(cmdreturn, roleIsNotSaved);
-
-    auto *roles = new QGroupBox(u"What the computers may do"_s, this);
-    auto *roleRow = new QHBoxLayout(roles);
-    roleRow->setContentsMargins(9, 4, 9, 6);
-    roleRow->setSpacing(24);
-    roleRow->addWidget(makeLabel(this, u"txtmain"_s, mainRole), 0, Qt::AlignTop);
-    roleRow->addWidget(makeLabel(this, u"txtsat"_s, satelliteRole), 0, Qt::AlignTop);
-    roleRow->addWidget(makeHeading(this, u"lblimportant"_s, roleIsNotSaved), 1, Qt::AlignTop);
-    layout->addWidget(roles);
+    layout->addWidget(makeHeading(this, u"lblimportant"_s, roleIsNotSaved));
     cmdsing =
         makeButton(this, u"cmdsing"_s, u"Click here to return to Menu in Single Computer mode"_s);
     layout->addWidget(cmdsing, 0, Qt::AlignLeft);
@@ -137,6 +144,31 @@ void frmmc::build()
     layout->addStretch();
     layout->addWidget(lblnote);
     assignAltLetters(this);
+}
+
+QLayout *frmmc::buildRoles()
+{
+    auto *roles = new QHBoxLayout;
+    for (const auto &[name, role] :
+         {std::pair{u"txtmain"_s, mainRole}, {u"txtsat"_s, satelliteRole}}) {
+        QLabel *label = makeHeading(this, name, role);
+        label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+        label->setContentsMargins(9, 0, 0, 0);
+        roles->addWidget(label, 1);
+    }
+    return roles;
+}
+
+QWidget *frmmc::makeStep(const QString &name, const QString &text, const QString &screen)
+{
+    if (name.startsWith("lbl"_L1))
+        return makeLabel(this, name, text, {}, true);
+    QPushButton *button = makeWrappedButton(this, name, text);
+    if (screen.isEmpty())
+        cmdreturn = button;
+    else
+        connect(button, &QPushButton::clicked, this, [this, screen] { openDrive(screen); });
+    return button;
 }
 
 void frmmc::openDrive(const QString &screen)

@@ -21,6 +21,8 @@ public:
 
 private:
     void build();
+    QLayout *buildRoles();
+    QWidget *makeStep(const QString &name, const QString &text, const QString &screen);
     void openDrive(const QString &screen);
     void showAddedBets();
     void returnMultiple();

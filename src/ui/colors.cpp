@@ -57,9 +57,14 @@ ToneColors tinted(const QColor &hue, const QPalette &palette)
             readable(edge, palette.color(QPalette::Base), signRatio)};
 }
 
-ToneColors solid(const QColor &hue)
+// The style makes the upper edge of dark buttons nearly so much lighter.
+constexpr int buttonLightness = 165;
+
+ToneColors nextStep()
 {
-    const QColor fill = readable(hue, Qt::white, textRatio);
+    QColor fill(0x1f, 0x6b, 0x3f);
+    while (contrast(fill.lighter(buttonLightness), Qt::white) < textRatio)
+        fill = fill.darker(105);
     return {fill, Qt::white, Qt::white};
 }
 
@@ -73,7 +78,8 @@ ToneColors danger(const QPalette &palette)
 {
     const QColor hue(0xb0, 0x18, 0x10);
     const QColor fill = mixed(palette.color(QPalette::Button), hue, 0.12);
-    const QColor text = readable(hue, fill, textRatio);
+    const QColor lower = readable(hue, fill, textRatio);
+    const QColor text = readable(lower, fill.lighter(buttonLightness), textRatio);
     return {fill, text, text};
 }
 
@@ -202,9 +208,9 @@ ToneColors toneColors(Tone tone, const QPalette &palette)
     case Tone::None:
         return {palette.color(QPalette::Base), text, frameColor(palette)};
     case Tone::Banner:
-        return solid(QColor(0x1f, 0x4d, 0x34));
+        return {QColor(0x1f, 0x4d, 0x34), Qt::white, Qt::white};
     case Tone::NextStep:
-        return solid(QColor(0x1f, 0x6b, 0x3f));
+        return nextStep();
     case Tone::Danger:
         return danger(palette);
     case Tone::Notice:

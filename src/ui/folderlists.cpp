@@ -2,6 +2,7 @@
 
 #include "common/event/session.h"
 #include "common/files/folders.h"
+#include "ui/emptyhint.h"
 
 #include <QListWidget>
 #include <QStyle>
@@ -40,6 +41,7 @@ FolderLists::FolderLists(const Session &session, const QString &drivesName,
     m_folders->setRootIsDecorated(false);
     m_folders->setItemsExpandable(false);
     m_folders->setExpandsOnDoubleClick(false);
+    new EmptyHint(u"Click on a drive that can be read"_s, m_folders);
 
     // Enter activates an item; so does the second click on a drive, after the first did the work.
     const auto chooseDrive = [this](const QListWidgetItem *item) {

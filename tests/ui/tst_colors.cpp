@@ -47,6 +47,20 @@ double frameContrast(QWidget *widget, const QColor &ground)
     return best;
 }
 
+// The least contrast of a button's text to its ground, which is not of one colour.
+double textContrast(Tone tone)
+{
+    QPushButton button;
+    button.resize(80, 40);
+    setTone(&button, tone);
+    const QImage image = button.grab().toImage();
+    const QColor text = button.palette().color(QPalette::ButtonText);
+    double least = 21;
+    for (int y = 4; y < 36; ++y)
+        least = std::min(least, contrast(image.pixelColor(40, y), text));
+    return least;
+}
+
 } // namespace
 
 // Everything can be read, in the light, in the dark, and where the system asks for high contrast.
@@ -99,6 +113,8 @@ private slots:
             QVERIFY(contrast(text, fill) >= 7 && contrast(edge, fill) >= 3);
             QVERIFY(contrast(edge, house.color(QPalette::Base)) >= 3);
         }
+        for (const Tone button : {Tone::None, Tone::NextStep, Tone::Danger})
+            QVERIFY2(textContrast(button) >= 7, qPrintable(QString::number(int(button))));
         QVERIFY(frameContrast(std::make_unique<QPushButton>().get(), house.button().color()) >= 3);
         QVERIFY(frameContrast(std::make_unique<QLineEdit>().get(), house.base().color()) >= 3);
         QVERIFY(frameContrast(std::make_unique<QListWidget>().get(), house.base().color()) >= 3);

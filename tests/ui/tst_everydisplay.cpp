@@ -39,6 +39,9 @@ QString clippedText(const QWidget *widget)
                    : QString();
     }
     if (const auto *button = qobject_cast<const QAbstractButton *>(widget)) {
+        if (button->hasHeightForWidth()) // wraps
+            return button->heightForWidth(button->width()) > button->height() ? u"is cut"_s
+                                                                              : QString();
         const QSize text = metrics.size(Qt::TextShowMnemonic, button->text());
         const bool option = qobject_cast<const QPushButton *>(widget) == nullptr;
         const int sign = option ? metrics.height() : 0;
