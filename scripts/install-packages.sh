@@ -6,7 +6,7 @@ set -euo pipefail
 declare -A groups=(
     [run]="g++ cmake ninja-build qt6-base-dev libqt6printsupport6 fonts-liberation"
     [display]="tigervnc-standalone-server openbox"
-    [test]="git clang-format clang-tidy poppler-utils cups-daemon cups-client"
+    [test]="git clang-format clang-tidy poppler-utils cups-daemon cups-client xvfb at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
     [bench]="libbenchmark-dev mawk sqlite3"
     [share]="samba smbclient cifs-utils"
 )

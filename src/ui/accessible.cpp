@@ -6,12 +6,22 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QApplication>
+#include <QCheckBox>
+#include <QRadioButton>
 
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Nothing acts behind a box.
+bool mayAct(const QWidget *widget)
+{
+    const QWidget *box = QApplication::activeModalWidget();
+    return widget->isEnabled() && (!Undisturbed::isAny() || (box && box->isAncestorOf(widget)));
+}
 
 class AccessibleCell : public QAccessibleWidget
 {
@@ -38,7 +48,7 @@ public:
     {
         if (name != pressAction())
             return QAccessibleWidget::doAction(name);
-        if (m_cell->isEnabled() && !Undisturbed::isAny())
+        if (mayAct(m_cell))
             emit m_cell->clicked();
     }
 
@@ -46,10 +56,62 @@ private:
     ClickCell *m_cell;
 };
 
+QAccessible::Role roleOf(const QAbstractButton *button)
+{
+    if (qobject_cast<const QRadioButton *>(button))
+        return QAccessible::RadioButton;
+    return qobject_cast<const QCheckBox *>(button) ? QAccessible::CheckBox : QAccessible::Button;
+}
+
+// Usually such a button would only look different when assistive technology presses it: nobody
+// would be told of a click.
+class AccessibleOption : public QAccessibleWidget
+{
+public:
+    explicit AccessibleOption(QAbstractButton *button)
+        : QAccessibleWidget(button, roleOf(button))
+        , m_button(button)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Name && m_button->accessibleName().isEmpty()
+                   ? QString(m_button->text()).remove(u'&')
+                   : QAccessibleWidget::text(kind);
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = m_button->isChecked();
+        return state;
+    }
+
+    QStringList actionNames() const override
+    {
+        return QStringList{pressAction(), toggleAction()} + QAccessibleWidget::actionNames();
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (name != pressAction() && name != toggleAction())
+            return QAccessibleWidget::doAction(name);
+        if (mayAct(m_button))
+            m_button->click();
+    }
+
+private:
+    QAbstractButton *m_button;
+};
+
 QAccessibleInterface *accessibleOf(const QString &, QObject *object)
 {
     if (auto *cell = qobject_cast<ClickCell *>(object))
         return new AccessibleCell(cell);
+    if (auto *button = qobject_cast<QAbstractButton *>(object); button && button->isCheckable())
+        return new AccessibleOption(button);
     if (auto *label = qobject_cast<QLabel *>(object); label && label->objectName() == "lblnote"_L1)
         return new QAccessibleWidget(label, QAccessible::AlertMessage);
     return nullptr;
