@@ -4,10 +4,10 @@
 #include "ui/controls.h"
 #include "ui/undisturbed.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QApplication>
-#include <QCheckBox>
 #include <QRadioButton>
 
 #include <cmath>
@@ -60,19 +60,21 @@ QAccessible::Role roleOf(const QAbstractButton *button)
 {
     if (qobject_cast<const QRadioButton *>(button))
         return QAccessible::RadioButton;
-    return qobject_cast<const QCheckBox *>(button) ? QAccessible::CheckBox : QAccessible::Button;
+    return button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button;
 }
 
-// Usually such a button would only look different when assistive technology presses it: nobody
-// would be told of a click.
-class AccessibleOption : public QAccessibleWidget
+// A button that stays down would usually only look different when assistive technology presses it:
+// nobody would be told of a click.
+class AccessibleButton : public QAccessibleWidget
 {
 public:
-    explicit AccessibleOption(QAbstractButton *button)
+    explicit AccessibleButton(QAbstractButton *button)
         : QAccessibleWidget(button, roleOf(button))
         , m_button(button)
     {
     }
+
+    QAccessible::Role role() const override { return roleOf(m_button); }
 
     QString text(QAccessible::Text kind) const override
     {
@@ -84,14 +86,17 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
-        state.checkable = true;
+        state.checkable = m_button->isCheckable(); // which may have been said after the making
         state.checked = m_button->isChecked();
         return state;
     }
 
     QStringList actionNames() const override
     {
-        return QStringList{pressAction(), toggleAction()} + QAccessibleWidget::actionNames();
+        QStringList names{pressAction()};
+        if (m_button->isCheckable())
+            names += toggleAction();
+        return names + QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString &name) override
@@ -110,8 +115,9 @@ QAccessibleInterface *accessibleOf(const QString &, QObject *object)
 {
     if (auto *cell = qobject_cast<ClickCell *>(object))
         return new AccessibleCell(cell);
-    if (auto *button = qobject_cast<QAbstractButton *>(object); button && button->isCheckable())
-        return new AccessibleOption(button);
+    if (object->inherits("QPushButton") || object->inherits("QRadioButton")
+        || object->inherits("QCheckBox"))
+        return new AccessibleButton(static_cast<QAbstractButton *>(object));
     if (auto *label = qobject_cast<QLabel *>(object); label && label->objectName() == "lblnote"_L1)
         return new QAccessibleWidget(label, QAccessible::AlertMessage);
     return nullptr;

@@ -86,6 +86,8 @@ def take_bets():
     until(lambda: note in heard, "the note as an event")
     press("Multi Bets")
     press("Race 1", Atspi.Role.RADIO_BUTTON)
+    press("EXACTA", Atspi.Role.CHECK_BOX)
+    named("Exacta in Race1: Choose a first horse on line 1", Atspi.Role.LABEL)
     press("Post 1: number 1A SECOND WIND, line 1, not selected")
     named("Post 1: number 1A SECOND WIND, line 1, selected", Atspi.Role.PUSH_BUTTON)
 
