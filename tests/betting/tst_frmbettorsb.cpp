@@ -161,7 +161,7 @@ private slots:
         addNew();
         event->block(u"Bettorsbackup"_s);
         press(u"cmdreturn"_s, u"75 Path/File access error"_s, u"Bettorsbackup output"_s);
-        event->unblock(u"Bettorsbackup"_s);
+        QVERIFY(QDir().rmdir(event->path(u"Bettorsbackup"_s)));
         press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmmenub"_s));
         const QByteArray twin = event->readTwins(u"Bettors"_s);

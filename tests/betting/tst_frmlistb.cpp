@@ -43,12 +43,6 @@ private slots:
             }
             QCOMPARE(printed, u" 2  5.00|SMITH & <b>SONS</b>|"_s.repeated(copies));
         }
-        event.printer.setDestination(
-            [](const Slip &) { throw FileError(ErrorNumber::PrinterError); });
-        event.boxes.expectInput(u"Enter number of forms to print"_s, u"Print Bets by Bettor"_s,
-                                u"1"_s);
-        event.boxes.expect(u"482 Printer error"_s, u"Print Bets by Bettor"_s);
-        clickButton(listing, u"cmdprint"_s);
     }
 
     // A refund list that is not on paper goes only when the operator says so.

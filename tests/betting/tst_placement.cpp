@@ -137,21 +137,21 @@ private slots:
         lookIntoCashJournal(session);
         const FileCalls calls(eventFolder(session));
         priorBets(LoadRaceBets(session).bets, HorseTable(), 2, u"ANNA"_s);
-        const int choosing = calls.all();
+        const int choosing = FileCalls::all;
         readBettors(session);
         readHorses(session, 2);
-        const int checking = calls.all() - choosing;
+        const int checking = FileCalls::all - choosing;
         lookIntoCashJournal(session);
-        const int looking = calls.all() - choosing - checking;
+        const int looking = FileCalls::all - choosing - checking;
         placeBets(session,
                   planPlacement(entriesOf({{3, Win, 5}}), 2, 0, session.settings.betLimit));
-        const int placing = calls.all() - choosing - looking;
+        const int placing = FileCalls::all - choosing - looking;
         qInfo("choosing, looking, placing, under the lock: %d %d %d %d", choosing, looking, placing,
-              calls.underLock());
+              FileCalls::underLock);
         QVERIFY(choosing > 0 && choosing <= 8);
         QCOMPARE(looking, 1);
         QVERIFY(placing > 10 && placing <= 23 + 5);
-        QVERIFY(calls.underLock() > 8 && calls.underLock() <= 12);
+        QVERIFY(FileCalls::underLock > 8 && FileCalls::underLock <= 12);
         QVERIFY(event.read(u"Cash "_s + computerName(session)).contains("\"bets\",2,2,"));
     }
 };

@@ -128,8 +128,6 @@ private slots:
         openWith("old\r\n");
         guide()->insertPlainText(u"x"_s);
         expect(lossQuestion, u"Help"_s, Answer::Cancel);
-        event->navigator().window()->close();
-        expect(lossQuestion, u"Help"_s, Answer::Cancel);
         press(u"cmdreturn"_s);
         QVERIFY(event->isOpen(u"frmhelpb"_s));
         expect(lossQuestion, u"Help"_s, Answer::Ok);

@@ -27,8 +27,6 @@ std::atomic<bool> reached = false;
 std::atomic<bool> counting = false;
 std::string countedFolder;
 std::set<int> countedHandles;
-int allCalls = 0;
-int lockedCalls = 0;
 bool isLocked = false;
 
 bool isLockFile(std::string_view path)
@@ -74,8 +72,8 @@ enum class Kind { Looks, Changes, Writes };
 
 Verdict judge(bool isCounted, Kind kind)
 {
-    allCalls += isCounted ? 1 : 0;
-    lockedCalls += isCounted && isLocked ? 1 : 0;
+    FileCalls::all += isCounted ? 1 : 0;
+    FileCalls::underLock += isCounted && isLocked ? 1 : 0;
     return armed && kind != Kind::Looks ? nextCall(kind == Kind::Writes) : Verdict::Works;
 }
 
@@ -237,28 +235,10 @@ int open64(const char *path, int flags, ...) __attribute__((alias("open")));
 
 void skipRealFlushes() {}
 
-FaultyWrites::FaultyWrites(int nth, Fault fault)
-{
-    callsLeft = nth;
-    currentFault = fault;
-    reached = false;
-    armed = true;
-}
-
-FaultyWrites::~FaultyWrites()
-{
-    armed = false;
-}
-
-bool FaultyWrites::wasReached() const
-{
-    return reached;
-}
-
 FileCalls::FileCalls(const QString &folder)
 {
-    allCalls = 0;
-    lockedCalls = 0;
+    all = 0;
+    underLock = 0;
     isLocked = false;
     countedHandles.clear();
     countedFolder = folder.toStdString();
@@ -270,16 +250,6 @@ FileCalls::~FileCalls()
     counting = false;
 }
 
-int FileCalls::all() const
-{
-    return allCalls;
-}
-
-int FileCalls::underLock() const
-{
-    return lockedCalls;
-}
-
 int failEachWrite(Fault fault, const std::function<void()> &prepare,
                   const std::function<void()> &operation,
                   const std::function<void(const FaultyRound &)> &check)
@@ -288,9 +258,11 @@ int failEachWrite(Fault fault, const std::function<void()> &prepare,
         prepare();
         FaultyRound round;
         round.nth = nth;
-        bool reached = false;
         const auto run = [&] {
-            const FaultyWrites faulty(nth, fault);
+            callsLeft = nth;
+            currentFault = fault;
+            reached = false;
+            armed = true;
             try {
                 operation();
             } catch (const FileError &error) {
@@ -298,7 +270,7 @@ int failEachWrite(Fault fault, const std::function<void()> &prepare,
                 round.aftermath = error.aftermath();
                 round.remark = error.remark();
             }
-            reached = faulty.wasReached();
+            armed = false;
         };
         if (fault == Fault::Exit) {
             // Each child goes on with other random names than those of the files left behind.

@@ -5,7 +5,7 @@
 #include <functional>
 #include <optional>
 
-// Lets the n-th write, flush or rename of this process fail, to prove what files are like then.
+// How the n-th write, flush or rename of this process fails, to prove what files are like then.
 // Counted are write, fsync, fdatasync, ftruncate, unlink, rename and link on regular files and
 // folders, whoever calls them.
 
@@ -15,18 +15,6 @@ enum class Fault {
     PartialWrite, // a write puts half of its bytes on disk, the next call fails with ENOSPC
     DiskGone,     // the call and all calls after it fail with EIO
     Exit,         // a write puts half of its bytes on disk and the process ends (forked, see below)
-};
-
-// While it lives, the \a nth call (1-based) suffers the fault.
-class FaultyWrites
-{
-public:
-    FaultyWrites(int nth, Fault fault);
-    ~FaultyWrites();
-    Q_DISABLE_COPY_MOVE(FaultyWrites)
-
-    // Whether the operation came as far as the n-th call.
-    bool wasReached() const;
 };
 
 // How one round of an operation ended.
@@ -65,8 +53,8 @@ public:
     ~FileCalls();
     Q_DISABLE_COPY_MOVE(FileCalls)
 
-    int all() const;
+    static inline int all = 0;
 
     // Those from the taking of the folder's lock on, to giving it back.
-    int underLock() const;
+    static inline int underLock = 0;
 };

@@ -164,7 +164,9 @@ QFileInfoList newEventFiles()
 
 TestEvent::TestEvent(bool withFiles)
 {
-    failOnQtWarnings();
+    // All but the offscreen platform's own: what it cannot do with windows is no fault here.
+    QTest::failOnWarning(
+        QRegularExpression(u"^(?!This plugin does not support (propagateSizeHints|raise))"_s));
     setUp(session, m_folder.path());
     // On a busy computer many test programs may want one lock for long.
     session.files.times.patience = std::chrono::minutes(1);
@@ -243,12 +245,6 @@ void TestEvent::block(const QString &fileName) const
 {
     if ((exists(fileName) && !QFile::remove(path(fileName))) || !QDir().mkdir(path(fileName)))
         qFatal("cannot block %s", qPrintable(fileName));
-}
-
-void TestEvent::unblock(const QString &fileName) const
-{
-    if (!QDir().rmdir(path(fileName)))
-        qFatal("cannot unblock %s", qPrintable(fileName));
 }
 
 QStringList TestEvent::saved() const
@@ -352,10 +348,10 @@ QString caption(QWidget *screen, const QString &name)
 
 QStringList listTexts(QWidget *screen, const QString &name)
 {
-    const auto *list = child<QListWidget>(screen, name);
+    const QAbstractItemModel *model = child<QListView>(screen, name)->model();
     QStringList texts;
-    for (int row = 0; row < list->count(); ++row)
-        texts << list->item(row)->text();
+    for (int row = 0; row < model->rowCount(); ++row)
+        texts << model->index(row, 0).data().toString();
     return texts;
 }
 
@@ -387,24 +383,6 @@ HorseTable cardOf(std::initializer_list<Horse> horses)
     return card;
 }
 
-std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns)
-{
-    std::vector<ScreenEntry> screens;
-    for (ScreenEntry entry : allScreens()) {
-        if (standIns.contains(entry.name)) {
-            entry.entered = {};
-            entry.make = [](const ScreenContext &) {
-                auto *blank = new QWidget;
-                makeNoteLine(blank);
-                return blank;
-            };
-        }
-        if (names.contains(entry.name) || standIns.contains(entry.name))
-            screens.push_back(entry);
-    }
-    return screens;
-}
-
 bool closeBoxEnds(Navigator &navigator)
 {
     QTimer::singleShot(0, navigator.window(), [&] { navigator.window()->close(); });
@@ -422,31 +400,10 @@ int errorOf(const std::function<void()> &work)
     return 0;
 }
 
-QStringList tabOrder(QWidget *screen)
-{
-    QStringList names;
-    QWidget *first = screen->focusWidget() ? screen->focusWidget() : screen->nextInFocusChain();
-    QWidget *widget = first;
-    do {
-        if (screen->isAncestorOf(widget) && (widget->focusPolicy() & Qt::TabFocus)
-            && widget->isEnabled())
-            names << widget->objectName();
-        widget = widget->nextInFocusChain();
-    } while (widget != first);
-    return names;
-}
-
 void prepareTestApplication(QApplication &application)
 {
     skipRealFlushes();
     QLocale::setDefault(QLocale::c());
     QStandardPaths::setTestModeEnabled(true);
     applyLook(application);
-}
-
-void failOnQtWarnings()
-{
-    // All but the offscreen platform's own: what it cannot do with windows is no fault here.
-    QTest::failOnWarning(
-        QRegularExpression(u"^(?!This plugin does not support (propagateSizeHints|raise))"_s));
 }

@@ -83,9 +83,8 @@ public:
     // Lets this computer find \\HOST\Tshare, or that of another computer, in a folder.
     void joinShare(const QString &folder, const QString &computer = u"HOST"_s) const;
 
-    // Puts a folder where the file was, so that nothing can open it; and takes it away again.
+    // Puts a folder where the file was, so that nothing can open it.
     void block(const QString &fileName) const;
-    void unblock(const QString &fileName) const;
 
     // The names of the copies in the folder Saved.
     QStringList saved() const;
@@ -146,9 +145,6 @@ QStringList simplified(QStringList texts);
 // A race card of these horses; the other posts are unused.
 HorseTable cardOf(std::initializer_list<Horse> horses);
 
-// The screens of these names, and blank widgets for the names of the stand-ins.
-std::vector<ScreenEntry> someScreens(const QStringList &names, const QStringList &standIns);
-
 // Ends the program through the window's close box; true when that ended it.
 bool closeBoxEnds(Navigator &navigator);
 
@@ -199,12 +195,6 @@ private:
 
 // The number of the file error that the work fails with, 0 when it does not fail.
 int errorOf(const std::function<void()> &work);
-
-// Every focusable control in tab order, by object name, starting from the focused one.
-QStringList tabOrder(QWidget *screen);
-
-// Lets any Qt warning fail the test function that calls this.
-void failOnQtWarnings();
 
 // What a test program can do, by its first argument; the other arguments are handed on. A folder's
 // tests are one program, and each of its test classes one entry in it, under its own name.

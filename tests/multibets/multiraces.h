@@ -44,13 +44,6 @@ protected:
         }
     }
 
-    // A fast double click: press, release, and the press that the system calls a double click.
-    void doubleClick(const QString &name)
-    {
-        QTest::mouseClick(child<QWidget>(screen(), name), Qt::LeftButton);
-        QTest::mouseDClick(child<QWidget>(screen(), name), Qt::LeftButton);
-    }
-
     bool isSelected(int line, int post)
     {
         const auto *cell = child<QWidget>(screen(), cellName(line, post));

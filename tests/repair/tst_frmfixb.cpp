@@ -35,10 +35,6 @@ private slots:
         press(u"cmdprint"_s);
         QCOMPARE(event->slips.last().fontName, u"Courier New"_s);
         QVERIFY(slipText(event->slips.last()).value(4).startsWith("2          1"_L1));
-        event->session.settings.printerAttached = false;
-        press(u"cmdprint"_s);
-        QCOMPARE(event->slips.size(), 1);
-        QCOMPARE(event->note(), u"Nothing was printed: no printer is attached."_s);
 
         press(u"cmdupdate"_s);
         QCOMPARE(event->readTwins(u"Bets Race2"_s), "1,3,1,10\r\n7,3,1,100\r\n");

@@ -27,14 +27,7 @@ class tst_frmreportb : public ScreenTest
     // An option or check box is clicked on its mark, wherever the layout puts it.
     void choose(const QString &name) { child<QAbstractButton>(screen(), name)->click(); }
 
-    QStringList preview()
-    {
-        const QAbstractItemModel *model = child<QListView>(screen(), u"lstreport"_s)->model();
-        QStringList lines;
-        for (int row = 0; row < model->rowCount(); ++row)
-            lines.append(model->index(row, 0).data().toString());
-        return lines;
-    }
+    QStringList preview() { return list(u"lstreport"_s); }
 
     // The words of the preview's lines that hold the text.
     QStringList previewOf(const QString &text) { return simplified(preview().filter(text)); }
@@ -120,18 +113,15 @@ private slots:
         rows("table", u"cmdcsv"_s, u"Bets Race1.csv"_s, "\xef\xbb\xbfRace,Bettor No.,");
         rows("paper", u"cmdpdf"_s, u"Bets Race1.pdf"_s, "%PDF-1.");
         choose(u"optreport_2"_s);
-        QTemporaryDir folder;
         for (const auto &[row, button, name, begin] : rows) {
             QString suggested;
             answerFileDialog({}, suggested);
             press(button);
             QCOMPARE(suggested, name);
-            const QString path = folder.filePath(name);
+            const QString path = event->path(name);
             answerFileDialog(path.chopped(4), suggested); // the dialog adds the suffix
             press(button);
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            const QByteArray saved = file.readAll();
+            const QByteArray saved = event->read(name);
             QVERIFY(saved.startsWith(begin) && saved.size() > 100);
             QCOMPARE(event->note(), QString("Saved as "_L1 + path));
         }

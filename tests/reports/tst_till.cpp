@@ -87,48 +87,38 @@ private slots:
     }
 
     // ANN has $10 and BOB $20 on the winner, which pays 1.80.
-    void races_data()
-    {
-        using enum CashKind;
-        QTest::addColumn<std::vector<CashEntry>>("entries");
-        QTest::addColumn<QString>("unpaid");
-        QTest::addColumn<QString>("disagreement");
-        const std::vector<CashEntry> bets{entry(Bets, 1, 2, 10), entry(Bets, 1, 3, 20)};
-        const auto row = [&](const char *name, std::vector<CashEntry> entries,
-                             const QString &unpaid, const QString &disagreement) {
-            entries.insert(entries.begin(), bets.begin(), bets.end());
-            QTest::newRow(name) << entries << unpaid << disagreement;
-        };
-        row("unsettled", {}, {}, {});
-        row("unpaid", {settlement(1), entry(Paid, 1, 2, 18)}, u"BOB $36.00"_s, {});
-        row("all paid", {settlement(1), entry(Paid, 1, 2, 18), entry(Paid, 1, 3, 36)}, {}, {});
-        row("paid too little", {settlement(1), entry(Paid, 1, 2, 17), entry(Paid, 1, 3, 36)},
-            u"ANN $1.00"_s, u"ANN was paid $17.00 and is owed $18.00."_s);
-        row("paid without a settlement", {entry(Paid, 1, 2, 18)}, {},
-            u"$18.00 was paid, but no settlement of the race is written down."_s);
-        row("paid by another result", {settlement(2), entry(Paid, 1, 2, 18)}, {},
-            u"ANN was paid $18.00, but has not won by the last settlement."_s);
-        row("a sheet that is not on file", {entry(Bets, 1, 3, 5)}, {},
-            u"BOB has bets of $20.00 on file, the journal says $25.00."_s);
-        row("a refund that is still on file", {entry(Refund, 1, 2, 10)}, {},
-            u"ANN has bets of $10.00 on file, the journal says $0.00."_s);
-    }
     void races()
     {
-        QFETCH(std::vector<CashEntry>, entries);
-        m_event->write(u"Bets Race1"_s, "2,1,1,10\r\n3,1,1,20\r\n");
-        write(entries);
-        Session &session = m_event->session;
-        const RaceTill race =
-            raceTills(readRaces(session, 1), readBettors(session), readCashJournal(session))
-                .front();
-        QStringList unpaid;
-        for (const Unpaid &winner : race.unpaid)
-            unpaid += winner.name + " $"_L1 + QString::number(dollarsOf(winner.dollars), 'f', 2);
-        QTEST(unpaid.join(u' '), "unpaid");
-        QFETCH(QString, disagreement);
-        QCOMPARE(race.disagreements.join(u' '),
-                 disagreement.isEmpty() ? QString() : u"Race 1: "_s + disagreement);
+        using enum CashKind;
+        Rows<std::vector<CashEntry>, QString, QString> rows; // unpaid, disagreement
+        rows("unsettled", {}, {}, {});
+        rows("unpaid", {settlement(1), entry(Paid, 1, 2, 18)}, u"BOB $36.00"_s, {});
+        rows("all paid", {settlement(1), entry(Paid, 1, 2, 18), entry(Paid, 1, 3, 36)}, {}, {});
+        rows("paid too little", {settlement(1), entry(Paid, 1, 2, 17), entry(Paid, 1, 3, 36)},
+             u"ANN $1.00"_s, u"Race 1: ANN was paid $17.00 and is owed $18.00."_s);
+        rows("paid without a settlement", {entry(Paid, 1, 2, 18)}, {},
+             u"Race 1: $18.00 was paid, but no settlement of the race is written down."_s);
+        rows("paid by another result", {settlement(2), entry(Paid, 1, 2, 18)}, {},
+             u"Race 1: ANN was paid $18.00, but has not won by the last settlement."_s);
+        rows("a sheet that is not on file", {entry(Bets, 1, 3, 5)}, {},
+             u"Race 1: BOB has bets of $20.00 on file, the journal says $25.00."_s);
+        rows("a refund that is still on file", {entry(Refund, 1, 2, 10)}, {},
+             u"Race 1: ANN has bets of $10.00 on file, the journal says $0.00."_s);
+        for (const auto &[row, entries, unpaid, disagreement] : rows) {
+            init();
+            m_event->write(u"Bets Race1"_s, "2,1,1,10\r\n3,1,1,20\r\n");
+            write({entry(Bets, 1, 2, 10), entry(Bets, 1, 3, 20)});
+            write(entries);
+            Session &session = m_event->session;
+            const RaceTill race =
+                raceTills(readRaces(session, 1), readBettors(session), readCashJournal(session))
+                    .front();
+            QStringList owed;
+            for (const Unpaid &winner : race.unpaid)
+                owed += winner.name + " $"_L1 + QString::number(dollarsOf(winner.dollars), 'f', 2);
+            QCOMPARE(owed.join(u' '), unpaid);
+            QCOMPARE(race.disagreements.join(u' '), disagreement);
+        }
     }
 
 private:

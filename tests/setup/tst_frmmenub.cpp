@@ -1,36 +1,23 @@
-#include "kit/testkit.h"
+#include "kit/screentest.h"
 
-// The menu, beside blank widgets for the screens that it opens.
-class tst_frmmenub : public QObject
+class tst_frmmenub : public ScreenTest
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        event = std::make_unique<TestEvent>();
-        navigator = std::make_unique<Navigator>(event->session, event->printer,
-                                                someScreens({u"frmmenub"_s}, screens.values()));
-    }
-
-    void cleanup()
-    {
-        navigator.reset();
-        event.reset();
-    }
+    void init() { begin(); }
 
     // The menu shows the race that is current when it is shown again.
     void heading()
     {
-        open();
         Settings &settings = event->session.settings;
         settings.banner = u"Derby & <Oaks>"_s;
         settings.currentRace = 3;
-        QCOMPARE(fieldText(open(), u"txtbanner"_s), u"Derby & <Oaks> Race3"_s);
-        QCOMPARE(caption(navigator->current(), u"cmdclearbets"_s), u"Clear/Refund  Race3 Bets"_s);
+        QCOMPARE(bannerShown(), u"Derby & <Oaks> Race3"_s);
+        QCOMPARE(caption(screen(), u"cmdclearbets"_s), u"Clear/Refund  Race3 Bets"_s);
         settings.banner = u"Vefioze"_s; // the design text stands alone
-        QCOMPARE(fieldText(open(), u"txtbanner"_s), u"Vefioze"_s);
-        QVERIFY(closeBoxEnds(*navigator));
+        QCOMPARE(bannerShown(), u"Vefioze"_s);
+        QVERIFY(closeBoxEnds(event->navigator()));
     }
 
     // The race, how far it is, and the next step; keys choose another as setup does.
@@ -39,34 +26,43 @@ private slots:
         event->writeTwins(u"Horses Race2"_s, horseRecords(cardOf({{1, 0, u"1"_s, u"ALFA"_s}})));
         event->writeTwins(u"Bettors"_s, "1,\"AnyBettor\"\r\n2,\"ADA\"\r\n");
         event->writeTwins(u"Bets Race2"_s, "2,1,1,5\r\nx\r\n0,1,1,0\r\n");
-        open()->activateWindow();
+        event->open(u"frmmenub"_s)->activateWindow();
         const auto shows = [this](const QString &race, const QString &text, const QString &button) {
             QCoreApplication::processEvents();
-            QWidget *menu = navigator->current();
-            QCOMPARE(labelText(menu, u"lblrace"_s), race);
-            QCOMPARE(labelText(menu, u"lblprogress"_s), text);
-            QCOMPARE(menu->focusWidget()->objectName(), button);
+            QCOMPARE(label(u"lblrace"_s), race);
+            QCOMPARE(label(u"lblprogress"_s), text);
+            QCOMPARE(screen()->focusWidget()->objectName(), button);
         };
-        QTest::keyClick(navigator->current(), Qt::Key_PageUp, Qt::ControlModifier);
+        QTest::keyClick(screen(), Qt::Key_PageUp, Qt::ControlModifier);
         shows(u"Race 1"_s, u"no horses yet"_s, u"cmdenterhorses"_s);
-        QTest::keyClick(navigator->current(), Qt::Key_PageDown, Qt::ControlModifier);
+        QTest::keyClick(screen(), Qt::Key_PageDown, Qt::ControlModifier);
         shows(u"Race 2"_s, u"1 horse, 1 bettor, 1 bet, $5.00"_s, u"cmdbet"_s);
         QVERIFY(event->read(u"Init"_s).contains(",1,2,0.25,"));
         event->remove({u"Bettors"_s});
-        open();
+        open(u"frmmenub"_s);
         shows(u"Race 2"_s, u"File not found: Bettors input"_s, u"cmdenterhorses"_s);
     }
 
     void buttonsOpenTheirScreens()
     {
-        for (const auto &[button, screen] : screens.asKeyValueRange()) {
-            clickButton(open(), button);
-            QCOMPARE(navigator->currentName(), screen);
+        const std::pair<QString, QString> buttons[] = {{u"cmdenterhorses"_s, u"frmhorsesb"_s},
+                                                       {u"cmdenterbettors"_s, u"frmbettorsb"_s},
+                                                       {u"cmdbet"_s, u"frmsheetb"_s},
+                                                       {u"cmdpay"_s, u"frmpaywinnersb"_s},
+                                                       {u"cmdmulti"_s, u"frmmulti"_s},
+                                                       {u"cmdfix"_s, u"frmfixb"_s},
+                                                       {u"cmdmc"_s, u"frmmc"_s},
+                                                       {u"cmdsetup"_s, u"frminitb"_s}};
+        for (const auto &[button, opened] : buttons) {
+            open(u"frmmenub"_s);
+            press(button);
+            QVERIFY2(event->isOpen(opened), qPrintable(button));
         }
         event->session.settings.eventDirectory = u"C:\\Gone\\"_s;
-        event->boxes.expect(u"Path not found Betsbackup Append"_s, u"Betsbackup Append"_s);
-        clickButton(open(), u"cmdsetup"_s);
-        QCOMPARE(navigator->currentName(), u"frminitb"_s);
+        expect(u"Path not found Betsbackup Append"_s, u"Betsbackup Append"_s);
+        open(u"frmmenub"_s);
+        press(u"cmdsetup"_s);
+        QVERIFY(event->isOpen(u"frminitb"_s));
     }
 
     void rolesRefuse()
@@ -80,35 +76,22 @@ private slots:
                                                                   {true, true, horses, bettors}};
         for (const auto &[main, satellite, ofHorses, ofBettors] : roles) {
             event->session.settings.setRole(main, satellite);
-            event->boxes.expect(ofHorses, u"TRELAWN"_s);
+            open(u"frmmenub"_s);
+            press(u"cmdenterhorses"_s, ofHorses);
+            QVERIFY(event->isOpen(u"frmmenub"_s));
             if (!ofBettors.isEmpty())
-                event->boxes.expect(ofBettors, u"TRELAWN"_s);
-            clickButton(open(), u"cmdenterhorses"_s);
-            QCOMPARE(navigator->currentName(), u"frmmenub"_s);
-            clickButton(navigator->current(), u"cmdenterbettors"_s);
-            QCOMPARE(navigator->currentName(),
-                     ofBettors.isEmpty() ? u"frmbettorsb"_s : u"frmmenub"_s);
+                expect(ofBettors);
+            press(u"cmdenterbettors"_s);
+            QVERIFY(event->isOpen(ofBettors.isEmpty() ? u"frmbettorsb"_s : u"frmmenub"_s));
         }
     }
 
 private:
-    QWidget *open()
+    QString bannerShown()
     {
-        navigator->open(u"frmmenub"_s);
-        QCoreApplication::processEvents();
-        return navigator->current();
+        open(u"frmmenub"_s);
+        return text(u"txtbanner"_s);
     }
-
-    const QMap<QString, QString> screens{{u"cmdenterhorses"_s, u"frmhorsesb"_s},
-                                         {u"cmdenterbettors"_s, u"frmbettorsb"_s},
-                                         {u"cmdbet"_s, u"frmsheetb"_s},
-                                         {u"cmdpay"_s, u"frmpaywinnersb"_s},
-                                         {u"cmdmulti"_s, u"frmmulti"_s},
-                                         {u"cmdfix"_s, u"frmfixb"_s},
-                                         {u"cmdmc"_s, u"frmmc"_s},
-                                         {u"cmdsetup"_s, u"frminitb"_s}};
-    std::unique_ptr<TestEvent> event;
-    std::unique_ptr<Navigator> navigator;
 };
 
 TRELAWN_TEST(tst_frmmenub)

@@ -1,6 +1,7 @@
 #include "betting/bettorlist.h"
 #include "betting/placement.h"
 #include "betting/priorbets.h"
+#include "common/event/cashjournal.h"
 #include "common/event/eventrecords.h"
 #include "common/event/networkmode.h"
 #include "kit/testkit.h"
@@ -165,6 +166,10 @@ private:
             std::ranges::sort(lines);
             QVERIFY(lines == betsOfPlacers(race));
         }
+        // They share the journal of their computer: none tears a line of another.
+        const CashJournal journal = readCashJournal(master.session);
+        QCOMPARE(journal.damaged, 0);
+        QCOMPARE(journal.lines.size(), std::size_t(placers * sheets + 4 * rounds));
         const auto bettors = BettorTable::parse(master.readTwins(u"Bettors"_s), defaultBettorLimit);
         QSet<int> numbers;
         for (const Bettor &bettor : bettors.sortedBettors())

@@ -28,12 +28,8 @@ private slots:
         BoxRobot robot;
         robot.expect(text, u"TRELAWN"_s);
         showMessage(nullptr, text);
-        robot.expect(u"Place  these bets?"_s, u"Bets"_s, Answer::Yes);
-        QVERIFY(askYesNo(nullptr, u"Place  these bets?"_s, u"Bets"_s));
         robot.expect(u"Sure?"_s, u"TRELAWN"_s, Answer::No);
         QVERIFY(!askYesNo(nullptr, u"Sure?"_s));
-        robot.expect(u"Clear?"_s, u"Bettor"_s, Answer::Ok);
-        QVERIFY(askOkCancel(nullptr, u"Clear?"_s, u"Bettor"_s));
         robot.expect(u"Clear?"_s, u"TRELAWN"_s, Answer::Cancel);
         QVERIFY(!askOkCancel(nullptr, u"Clear?"_s));
         robot.expectInput(text, u"Start"_s, u"D"_s);

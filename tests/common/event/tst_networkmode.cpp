@@ -61,7 +61,7 @@ private slots:
         QCOMPARE(settings.networkMode, NetworkMode::Satellite);
         QCOMPARE(settings.eventDirectory, u"\\\\Host\\Tshare\\"_s);
         QCOMPARE(computers(), 2);
-        satellite.unblock(u"C:\\Trelawn\\Init"_s);
+        QVERIFY(QDir().rmdir(satellite.path(u"C:\\Trelawn\\Init"_s)));
         QVERIFY(endNetworkMode(satellite.session));
         QCOMPARE(computers(), 1);
         QCOMPARE(settings.eventDirectory, u"C:\\Trelawn\\"_s);

@@ -44,18 +44,6 @@ private slots:
         QVERIFY(!event.exists({}));
     }
 
-    // Where the twin cannot be written, nothing counts as placed.
-    void failedAppend()
-    {
-        TestEvent event;
-        event.write(u"Bets Race1"_s, "9,9,1,1\r\n");
-        event.block(u"Betsbackup Race1"_s);
-        constexpr Bet bets[] = {{2, 3, 1, 5}, {2, 21, 3, 0.25F}};
-        QVERIFY_THROWS_EXCEPTION(FileError, AppendBet(event.session, bets));
-        QCOMPARE(event.session.settings.operationLabel, u"Betsbackup Append"_s);
-        QCOMPARE(event.read(u"Bets Race1"_s), QByteArray("9,9,1,1\r\n"));
-    }
-
     // The bets of bettor 2 go; damaged lines keep their bytes, and what was there before is in
     // Saved.
     void remove()
