@@ -6,6 +6,7 @@
 #include "ui/noteline.h"
 #include "ui/printing.h"
 #include "ui/prompts.h"
+#include "ui/textlists.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>

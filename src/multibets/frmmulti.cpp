@@ -11,6 +11,7 @@
 #include "multibets/parts/typebuttons.h"
 #include "ui/accessible.h"
 #include "ui/bettorsearch.h"
+#include "ui/clickcell.h"
 #include "ui/controls.h"
 #include "ui/noteline.h"
 #include "ui/printing.h"

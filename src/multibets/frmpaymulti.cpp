@@ -8,6 +8,7 @@
 #include "multibets/multipaying.h"
 #include "multibets/multislips.h"
 #include "multibets/parts/typebuttons.h"
+#include "ui/clickcell.h"
 #include "ui/controls.h"
 #include "ui/noteline.h"
 #include "ui/paidlist.h"

@@ -11,6 +11,7 @@
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
 #include "ui/slippainter.h"
+#include "ui/textlists.h"
 
 #include <QBuffer>
 #include <QButtonGroup>

@@ -3,6 +3,7 @@
 #include "common/event/session.h"
 #include "reports/betlistings.h"
 #include "reports/summaryslip.h"
+#include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/noteline.h"
 #include "ui/printing.h"

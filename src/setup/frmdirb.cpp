@@ -2,6 +2,7 @@
 
 #include "common/event/session.h"
 #include "setup/eventfolders.h"
+#include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/folderlists.h"
 #include "ui/noteline.h"

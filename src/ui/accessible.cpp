@@ -1,6 +1,7 @@
 #include "ui/accessible.h"
 
 #include "common/print/format.h"
+#include "ui/clickcell.h"
 #include "ui/controls.h"
 #include "ui/undisturbed.h"
 

@@ -1,23 +1,18 @@
 #include "ui/controls.h"
 
+#include "ui/colors.h"
+
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QKeyEvent>
-#include <QListWidget>
 #include <QMap>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSet>
-#include <QStyle>
-#include <QStyledItemDelegate>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -276,16 +271,6 @@ void enlarge(QWidget *widget, double factor)
     widget->setFont(font);
 }
 
-QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
-                      const QString &toolTip)
-{
-    auto *list = named(new QListWidget(parent), name, toolTip);
-    list->setAccessibleName(accessibleName);
-    list->setFont(fixedPitchFont());
-    list->setUniformItemSizes(true);
-    return list;
-}
-
 QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
                      const QString &toolTip, double factor)
 {
@@ -330,91 +315,6 @@ QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
     return field;
 }
 
-ClickCell::ClickCell(QWidget *parent)
-    : QLineEdit(parent)
-{
-    setReadOnly(true);
-    setContextMenuPolicy(Qt::NoContextMenu);
-}
-
-void ClickCell::setMark(const Mark &mark)
-{
-    if (m_mark == mark)
-        return;
-    m_mark = mark;
-    setTone(this, mark.tone);
-    QFont font;
-    if (mark.isBold)
-        font.setBold(true);
-    setFont(font);
-    update();
-}
-
-void ClickCell::setHint(const QString &hint)
-{
-    m_hint = hint;
-    update();
-}
-
-void ClickCell::paintEvent(QPaintEvent *event)
-{
-    QLineEdit::paintEvent(event);
-    const bool isMarked = m_mark.tone != Tone::None && m_mark.isFramed;
-    if (m_hint.isEmpty() && !isMarked && !hasFocus())
-        return;
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Text));
-    const int gap = fontMetrics().height() / 5;
-    const QRect inside = rect().adjusted(gap, 0, -gap, 0);
-    if (!m_hint.isEmpty()) {
-        QFont small = font();
-        small.setPointSizeF(small.pointSizeF() * 0.7);
-        small.setBold(false);
-        painter.setFont(small);
-        painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, m_hint);
-    }
-    if (isMarked) {
-        painter.setPen(QPen(toneColors(m_mark.tone).edge, 2));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
-        painter.setFont(font());
-        painter.drawText(inside.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                         m_mark.sign);
-    }
-    if (hasFocus()) {
-        painter.setPen(QPen(palette().color(QPalette::Text), 2, Qt::DashLine));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
-    }
-}
-
-void ClickCell::mousePressEvent(QMouseEvent *event)
-{
-    setFocus(Qt::MouseFocusReason);
-    if (event->button() == Qt::LeftButton && isEnabled())
-        emit clicked();
-}
-
-void ClickCell::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    mousePressEvent(event);
-    if (event->button() == Qt::LeftButton && isEnabled())
-        emit doubleClicked();
-}
-
-void ClickCell::keyPressEvent(QKeyEvent *event)
-{
-    // A key held down is one press.
-    const bool space = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
-    if (space && !event->isAutoRepeat())
-        emit clicked();
-    else if (!space)
-        event->ignore();
-}
-
-ClickCell *makeCell(QWidget *parent, const QString &name, const QString &toolTip)
-{
-    return named(new ClickCell(parent), name, toolTip);
-}
-
 RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns,
                             const QString &captionPrefix)
 {
@@ -448,53 +348,4 @@ void refitCharacters(QWidget *field)
 void makeHurried(QWidget *target)
 {
     target->setMinimumHeight(36);
-}
-
-QFont fixedPitchFont(double pointSize)
-{
-    QFont font(u"Courier New"_s);
-    font.setStyleHint(QFont::Monospace);
-    font.setFixedPitch(true);
-    if (pointSize > 0)
-        font.setPointSizeF(pointSize);
-    return font;
-}
-
-namespace {
-
-class UniformLines : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void setLongest(const QString &line) { m_longest = line; }
-
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        const int margin = option.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin,
-                                                               &option, option.widget)
-                           + 1;
-        return {option.fontMetrics.horizontalAdvance(m_longest) + 2 * margin,
-                QStyledItemDelegate::sizeHint(option, index).height()};
-    }
-
-private:
-    QString m_longest;
-};
-
-} // namespace
-
-void setUniformLines(QListView *list, const QStringList &lines)
-{
-    const auto shorter = [](const QString &one, const QString &other) {
-        return one.size() < other.size();
-    };
-    const auto longest = std::ranges::max_element(lines, shorter);
-    auto *delegate = dynamic_cast<UniformLines *>(list->itemDelegate());
-    if (!delegate) {
-        delegate = new UniformLines(list);
-        list->setItemDelegate(delegate);
-        list->setUniformItemSizes(true);
-    }
-    delegate->setLongest(longest == lines.end() ? QString() : *longest);
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ui/colors.h"
-
 #include <QLabel>
 #include <QLineEdit>
 #include <QList>
@@ -14,8 +12,6 @@ class QBoxLayout;
 class QButtonGroup;
 class QCheckBox;
 class QGroupBox;
-class QListView;
-class QListWidget;
 class QPushButton;
 
 // The controls that forms are made of. Captions and texts are plain text: an ampersand is shown as
@@ -119,46 +115,6 @@ QLineEdit *makeDisplay(QWidget *parent, const QString &name, const QString &tool
 QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,
                       const QString &toolTip = {});
 
-// A text cell that is clicked rather than typed into. Every press counts, the second one of a
-// double click too; Space does what a click does.
-class ClickCell : public QLineEdit
-{
-    Q_OBJECT
-
-public:
-    explicit ClickCell(QWidget *parent = nullptr);
-
-    // How a cell stands out. The sign at its left and the weight tell what the colours tell.
-    struct Mark
-    {
-        Tone tone = Tone::None;
-        QString sign = {};
-        bool isBold = false;
-        bool isFramed = true;
-        bool operator==(const Mark &) const = default;
-    };
-    void setMark(const Mark &mark); // an empty one for none
-
-    // A word in small letters in the cell's corner, such as the key that presses it.
-    void setHint(const QString &hint);
-
-signals:
-    void clicked();
-    void doubleClicked(); // after the second press's clicked
-
-protected:
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    Mark m_mark;
-    QString m_hint;
-};
-
-ClickCell *makeCell(QWidget *parent, const QString &name, const QString &toolTip = {});
-
 // The 12 race options optrace_1 to optrace_12 in a frame named fraround; the button's id is the
 // race. \a captionPrefix stands before the race number.
 struct RaceOptions
@@ -175,10 +131,6 @@ void scaleText(QWidget *widget, double factor);
 // Makes the widget's text bold and \a factor times as large.
 void enlarge(QWidget *widget, double factor);
 
-// A list of lines in the fixed-pitch font.
-QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
-                      const QString &toolTip = {});
-
 // A display field for a sum, bold and \a factor times as large.
 QLineEdit *makeTotal(QWidget *parent, const QString &name, const QString &accessibleName,
                      const QString &toolTip = {}, double factor = 1.2);
@@ -191,10 +143,3 @@ void refitCharacters(QWidget *field);
 
 // Makes the control high enough to be hit in a hurry.
 void makeHurried(QWidget *target);
-
-// The fixed-pitch font of lists and receipts.
-QFont fixedPitchFont(double pointSize = 0);
-
-// Lays out a list of text lines at once however long it is: every line gets the size of the longest
-// of \a lines, so that none is measured alone and none is cut.
-void setUniformLines(QListView *list, const QStringList &lines);

@@ -1,6 +1,7 @@
 #include "ui/look.h"
 
 #include "ui/accessible.h"
+#include "ui/clickcell.h"
 #include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/scaling.h"

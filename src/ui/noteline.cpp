@@ -1,6 +1,7 @@
 #include "ui/noteline.h"
 
 #include "ui/accessible.h"
+#include "ui/colors.h"
 
 #include <QEvent>
 #include <QIcon>

@@ -1,5 +1,6 @@
 #include "kit/screentest.h"
 #include "screens.h"
+#include "ui/clickcell.h"
 #include "ui/colors.h"
 #include "ui/controls.h"
 

@@ -1,4 +1,5 @@
 #include "kit/testkit.h"
+#include "ui/clickcell.h"
 #include "ui/noteline.h"
 
 class tst_controls : public QObject

@@ -2,6 +2,7 @@
 
 #include "common/print/format.h"
 #include "ui/accessible.h"
+#include "ui/clickcell.h"
 #include "ui/controls.h"
 
 #include <QGridLayout>

@@ -12,6 +12,7 @@
 #include "common/print/cashtexts.h"
 #include "common/print/format.h"
 #include "ui/bettorsearch.h"
+#include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/listkeys.h"
 #include "ui/printing.h"

@@ -2,6 +2,7 @@
 
 #include "common/print/format.h"
 #include "ui/controls.h"
+#include "ui/textlists.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

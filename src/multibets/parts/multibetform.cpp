@@ -3,8 +3,10 @@
 #include "multibets/parts/typebuttons.h"
 #include "ui/accessible.h"
 #include "ui/bettorsearch.h"
+#include "ui/clickcell.h"
 #include "ui/controls.h"
 #include "ui/noteline.h"
+#include "ui/textlists.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

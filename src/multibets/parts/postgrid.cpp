@@ -1,5 +1,6 @@
 #include "multibets/parts/postgrid.h"
 
+#include "ui/clickcell.h"
 #include "ui/controls.h"
 
 #include <QKeyEvent>
