@@ -17,7 +17,8 @@ constexpr double frameRatio = 4; // the style draws some of them a little lighte
 
 double luminance(const QColor &color)
 {
-    const auto linear = [](double part) {
+    const auto linear = [](float shown) {
+        const auto part = double(shown);
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())

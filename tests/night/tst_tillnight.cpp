@@ -60,6 +60,8 @@ private slots:
                                 row(u"Kept by rounding"_s, m_kept)};
         for (const QString &line : rows)
             QVERIFY2(lines.contains(line), qPrintable(line + u'\n' + lines.join(u'\n')));
+        // No receipt is printed for bets that come back.
+        QCOMPARE(m_printed, m_taken[0] + m_taken[1] + m_multibets[0] + m_multibets[1] - 300);
         // What the files hold, and what is left to pay: one winner of race 12 has not come.
         QVERIFY(!lines
                      .filter(u"Evening Total $"_s
@@ -78,7 +80,6 @@ private:
     {
         Session &session = m_event->session;
         session.settings.roundingIndex = 3;
-        session.settings.setReceiptPrinting(false);
         saveInit(session);
         HorseTable horses;
         for (int post = 1; post <= 4; ++post)
@@ -91,7 +92,14 @@ private:
         m_second = session;
         m_second.files = {};
         m_second.files.computer = u"DESK2"_s;
-        m_printer.setDestination([](const Slip &) {});
+        const auto add = [this](const Slip &slip) {
+            for (const QString &line : slipText(slip)) {
+                if (line.startsWith(u"TOTAL BETS $"_s))
+                    m_printed += qRound(line.section(u'$', -1).toDouble() * 100);
+            }
+        };
+        m_event->printer.setDestination(add);
+        m_printer.setDestination(add);
         restart();
     }
 
@@ -274,6 +282,7 @@ private:
     int m_kept[2] = {};
     int m_multibets[2] = {};
     int m_multibetsPaid[2] = {};
+    int m_printed = 0; // on receipts
 };
 
 TRELAWN_TEST(tst_tillnight)

@@ -224,8 +224,9 @@ void BetGrid::nameCell(int post, int column, const BetEntries &entries)
     if (!m_runs[at])
         return;
     const BetType type = betTypes[column];
-    const QString bet =
-        entries.isEntered(post, type) ? spokenDollars(entries.amount(post, type)) : u"no bet"_s;
+    const QString bet = entries.isEntered(post, type)
+                            ? spokenDollars(double(entries.amount(post, type)))
+                            : u"no bet"_s;
     const QString name = txthorse[at - 1]->text() + u", number "_s + txthorsenumber[at]->text()
                          + u", "_s + QLatin1StringView(columnWords[column]) + u", "_s + bet;
     if (ClickCell *cell = cellAt(post, column); cell->accessibleName() != name)
