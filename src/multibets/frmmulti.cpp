@@ -233,7 +233,7 @@ void frmmulti::preview()
         notes.append(u"Without a post on line 3 this bet cannot win"_s);
     if (m_stake == 0)
         notes.append(u"The bet amount is $0: nothing would be saved"_s);
-    showNote(notes.join(u"; "_s));
+    showNote(notes.join(u"; "_s), NoteKind::Warning);
 }
 
 void frmmulti::clearPreview()
@@ -255,14 +255,13 @@ void frmmulti::showTotals()
 }
 
 // What there is to say now, then what stays true: a missing leg, and the grand total.
-void frmmulti::showNote(const QString &text)
+void frmmulti::showNote(const QString &text, NoteKind kind)
 {
     QStringList notes{text, m_legNote};
     if (m_grandTotal != 0)
         notes.append("Multibets since this screen was opened: "_L1 + formatMoney(m_grandTotal));
     notes.removeAll(QString());
-    lblnote->setText(notes.join(u"; "_s),
-                     m_legNote.isEmpty() ? NoteKind::Plain : NoteKind::Warning);
+    lblnote->setText(notes.join(u"; "_s), m_legNote.isEmpty() ? kind : NoteKind::Warning);
 }
 
 void frmmulti::makeBet()
@@ -270,7 +269,7 @@ void frmmulti::makeBet()
     if (m_preview.total == 0)
         return;
     if (!mayBeLate(this, settledBefore(), u"Multi-bet"_s))
-        return showNote(u"No bet was placed."_s);
+        return showNote(u"No bet was placed."_s, NoteKind::Warning);
     const bool saved = trapErrors(this, ErrorStyle::DescriptionOnly, [this] {
         appendMultibets(m_context.session, m_preview.pending);
     });
@@ -284,8 +283,8 @@ void frmmulti::makeBet()
     m_preview = {}; // the list stays and shows what was saved
     showTotals();
     showPriorBets();
-    if (const QString receipt = printReceipt(); !receipt.isEmpty())
-        showNote(note + u"; "_s + receipt);
+    if (const Printed receipt = printReceipt(); !receipt.note.isEmpty())
+        showNote(note + u"; "_s + receipt.note, receipt.kind());
 }
 
 // Says of the first race of the bet that was settled that it was.
@@ -300,16 +299,17 @@ QString frmmulti::settledBefore() const
     return {};
 }
 
-// Returns what the note has to say of the receipt.
-QString frmmulti::printReceipt()
+Printed frmmulti::printReceipt()
 {
     const Settings &settings = m_context.session.settings;
     if (!settings.receiptsPrint())
-        return {};
-    const Printed receipt =
+        return {.isComplete = true};
+    Printed receipt =
         printSlip(this, m_context, {u"Print Receipt"_s},
                   multibetReceipt(settings.banner, m_bettorName, m_prior, receiptPoints(settings)));
-    return receipt.isComplete ? receipt.note : u"The receipt was not printed."_s;
+    if (!receipt.isComplete)
+        receipt.note = u"The receipt was not printed."_s;
+    return receipt;
 }
 
 void frmmulti::showPriorBets()
@@ -348,10 +348,12 @@ void frmmulti::deletePriorBets()
     if (!done)
         return;
     if (!isRemoved)
-        return showNote(u"The bets on file have changed: the list is new, nothing was deleted"_s);
+        return showNote(u"The bets on file have changed: the list is new, nothing was deleted"_s,
+                        NoteKind::Warning);
     // Bets that left the file are owed to the bettor, even when the backup file failed.
     const PrintTask task{.label = u"Refund Bets"_s, .gate = PrintGate::Receipts};
-    showNote(printOrList(this, m_context, task, slip, u"The refund list"_s).note);
+    const Printed printed = printOrList(this, m_context, task, slip, u"The refund list"_s);
+    showNote(printed.note, printed.kind());
     if (twinFailed)
         showFileError(this, *twinFailed, ErrorStyle::DescriptionOnly);
 }
@@ -372,7 +374,6 @@ void frmmulti::printBlankSheets()
 {
     const CopiesQuestion question{
         u"Enter number of copies to print"_s, {}, u"Print Bet Sheet"_s, u"Bet sheets printed: "_s};
-    const QString note = printAskedCopies(this, m_context, question, blankMultibetSheet());
-    if (!note.isNull())
-        showNote(note);
+    if (const auto printed = printAskedCopies(this, m_context, question, blankMultibetSheet()))
+        showNote(printed->note, printed->kind());
 }

@@ -33,13 +33,13 @@ private:
     void clearPreview();
     void makeBet();
     QString settledBefore() const;
-    QString printReceipt();
+    Printed printReceipt();
     void deletePriorBets();
     void switchReceipts();
     void printBlankSheets();
     void showTotals();
     void showGuide();
-    void showNote(const QString &text = {});
+    void showNote(const QString &text = {}, NoteKind kind = NoteKind::Plain);
     void showPriorBets();
     void showReceiptState();
 

@@ -10,6 +10,7 @@
 #include "multibets/parts/typebuttons.h"
 #include "ui/clickcell.h"
 #include "ui/controls.h"
+#include "ui/listkeys.h"
 #include "ui/noteline.h"
 #include "ui/paidlist.h"
 #include "ui/prompts.h"
@@ -151,6 +152,7 @@ void frmpaymulti::connectControls()
         new QShortcut(QKeySequence(Qt::Key_0), txtpercent, nullptr, nullptr, Qt::WidgetShortcut);
     connect(zero, &QShortcut::activated, this, [this] { setHousePercent(0); });
     connect(cmdenterwin, &QPushButton::clicked, this, &frmpaymulti::findWinners);
+    pressOnEnter(lstbets, [this] { return cmdpaid; });
     connect(cmdpaid, &QPushButton::clicked, this, &frmpaymulti::paySelected);
     connect(cmdprint, &QPushButton::clicked, this, &frmpaymulti::printList);
     connect(cmdreturn, &QPushButton::clicked, this,
@@ -177,7 +179,7 @@ void frmpaymulti::chooseRace(int race)
     showRace(race);
     m_grid->clearSelection();
     clearOutputs();
-    lblnote->setText(showLegs().note);
+    lblnote->warn(showLegs().note);
 }
 
 // The finish stays selected from one bet type to the next, as long as the lines mean the same.
@@ -191,7 +193,7 @@ void frmpaymulti::chooseType(const QString &code)
         m_grid->clearSelection();
     clearOutputs();
     if (m_races->checkedId() > 0)
-        lblnote->setText(showLegs().note);
+        lblnote->warn(showLegs().note);
     if (!type->races)
         m_grid->dropRepeats(); // posts that were clicked before the type
 }
@@ -227,7 +229,7 @@ void frmpaymulti::findWinners()
     if (!read)
         return;
     showSettlement(settled);
-    lblnote->setText(missingWinners(*type));
+    lblnote->warn(missingWinners(*type));
     if (settled.outcome == MultibetSettlement::Outcome::NoBets)
         showMessage(this, u"No bets on this bet type"_s);
 }
@@ -287,7 +289,7 @@ void frmpaymulti::paySelected()
     Session &session = m_context.session;
     const auto place = lstbets->currentRow() - (lstbets->count() - m_payments.size());
     if (lstbets->selectedItems().isEmpty() || place < 0)
-        return lblnote->setText(u"Select the line of a ticket first."_s);
+        return lblnote->warn(u"Select the line of a ticket first."_s);
     const MultibetPayment payment = m_payments[place];
     const auto before =
         paidBefore(readCashJournal(session), session.settings.currentRace, m_payments)[place];
@@ -305,9 +307,7 @@ void frmpaymulti::printList()
 {
     const MultibetResult result{m_types->type(), listLines(lstbets), txthouse->text(),
                                 txttpay->text(), txtpool->text(),    txtpay->text()};
-    const QString note =
-        printAskedCopies(this, m_context, listCopiesQuestion(),
-                         multibetWinnersSlip(m_context.session.settings.banner, result));
-    if (!note.isNull())
-        lblnote->setText(note);
+    const Slip slip = multibetWinnersSlip(m_context.session.settings.banner, result);
+    if (const auto printed = printAskedCopies(this, m_context, listCopiesQuestion(), slip))
+        tellPrinted(lblnote, *printed);
 }

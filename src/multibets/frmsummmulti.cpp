@@ -64,8 +64,7 @@ void frmsummmulti::entered()
 
 void frmsummmulti::printSummary()
 {
-    const QString note = printAskedCopies(this, m_context, listCopiesQuestion(),
-                                          multibetSummarySlip(listLines(lstsumm)));
-    if (!note.isNull())
-        lblnote->setText(note);
+    if (const auto printed = printAskedCopies(this, m_context, listCopiesQuestion(),
+                                              multibetSummarySlip(listLines(lstsumm))))
+        tellPrinted(lblnote, *printed);
 }

@@ -266,7 +266,7 @@ void frmhorsesb::download()
         return;
     load();
     notes.removeAll(QString());
-    lblnote->setText(notes.join(u'\n'));
+    lblnote->warn(notes.join(u'\n'));
 }
 
 void frmhorsesb::printBetSheets()

@@ -93,7 +93,6 @@ constexpr int betColumnTwips[] = {800, 800, 2000, 800, 3000, 1200, 1200};
 frmfixb::frmfixb(const ScreenContext &context)
     : m_context(context)
     , m_model(new RecordListModel(this))
-    , m_order(new RecordListOrder(m_model))
 {
     build();
     connectControls();
@@ -121,7 +120,7 @@ void frmfixb::build()
     grdfix = new QTableView(this);
     grdfix->setObjectName(u"grdfix"_s);
     grdfix->setAccessibleName(u"Records of the file"_s);
-    grdfix->setModel(m_order);
+    grdfix->setModel(m_model);
     grdfix->setSelectionMode(QAbstractItemView::SingleSelection);
     grdfix->setSelectionBehavior(QAbstractItemView::SelectRows);
     grdfix->setTabKeyNavigation(false);
@@ -251,7 +250,6 @@ void frmfixb::show(const RecordList &list)
 {
     chkalp->setChecked(false);
     chknum->setChecked(false);
-    m_order->sort(-1);
     m_model->setList(list);
     lblheading->setText(list.heading);
     QHeaderView *header = grdfix->horizontalHeader();
@@ -263,7 +261,9 @@ void frmfixb::show(const RecordList &list)
             header->sectionSizeHint(column) + grdfix->fontMetrics().averageCharWidth();
         header->resizeSection(column, std::max(width, heading));
     }
-    lblnote->setText(noteOf(list));
+    const bool isWhole = list.missingFile.isEmpty() && list.missingHorses.isEmpty()
+                         && list.damagedRows() == 0 && list.damage.isEmpty();
+    lblnote->setText(noteOf(list), isWhole ? NoteKind::Plain : NoteKind::Warning);
     updateButtons();
 }
 
@@ -277,7 +277,7 @@ void frmfixb::sortGrid()
     if (!chkalp->isChecked() && !chknum->isChecked())
         return;
     const int column = std::max(0, grdfix->currentIndex().column());
-    m_order->sortBy(column, chknum->isChecked(),
+    m_model->sortBy(column, chknum->isChecked(),
                     chkdes->isChecked() ? Qt::DescendingOrder : Qt::AscendingOrder);
     grdfix->scrollTo(grdfix->currentIndex());
 }
@@ -299,7 +299,7 @@ const RecordRow *frmfixb::selectedRecord() const
     const QModelIndexList selected = grdfix->selectionModel()->selectedRows();
     if (selected.isEmpty())
         return nullptr;
-    const RecordRow &row = m_model->list().rows[m_order->mapToSource(selected.first()).row()];
+    const RecordRow &row = m_model->record(selected.first().row());
     return row.isRecord ? &row : nullptr;
 }
 
@@ -310,11 +310,11 @@ void frmfixb::removeSelected()
     trapErrors(this, ErrorStyle::NumberAndDescription, [&] {
         const bool removed = removeRecord(m_context.session, list, row);
         show(listRecords(m_context.session, list.listing, list.race));
-        const QString left = lblnote->text();
         if (removed)
-            lblnote->setText("Record "_L1 + row.cells.first() + " removed. "_L1 + left);
+            lblnote->addBefore("Record "_L1 + QString::number(row.number) + " removed."_L1);
         else
-            lblnote->setText("The file was changed meanwhile: nothing was removed. "_L1 + left);
+            lblnote->addBefore(u"The file was changed meanwhile: nothing was removed."_s,
+                               NoteKind::Warning);
     });
 }
 
@@ -344,8 +344,8 @@ void frmfixb::putBack()
 void frmfixb::print()
 {
     QList<QStringList> rows;
-    for (int row = 0; row < m_order->rowCount(); ++row)
-        rows << m_model->cells(m_order->mapToSource(m_order->index(row, 0)).row());
+    for (int row = 0; row < m_model->rowCount(); ++row)
+        rows << m_model->record(row).cells;
     const PrintTask task{u"Print"_s, ErrorStyle::NumberAndDescription, u"Printed"_s};
-    lblnote->setText(printSlip(this, m_context, task, recordListSlip(m_model->list(), rows)).note);
+    tellPrinted(lblnote, printSlip(this, m_context, task, recordListSlip(m_model->list(), rows)));
 }

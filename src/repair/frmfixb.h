@@ -15,7 +15,6 @@ class QLineEdit;
 class QPushButton;
 class QTableView;
 class RecordListModel;
-class RecordListOrder;
 
 // The Fix Files screen: the record files of the event in a grid, bad records flagged, single
 // records removed.
@@ -45,7 +44,6 @@ private:
 
     ScreenContext m_context;
     RecordListModel *m_model;
-    RecordListOrder *m_order;
     QLineEdit *txtbanner;
     QButtonGroup *optflight;
     QLabel *lblheading;

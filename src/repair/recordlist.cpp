@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -29,6 +30,7 @@ struct ListingKind
     QString total; // unit in the row of the total; empty when there is no such row
     QStringList columns;
     RecordRow (*makeRow)(int, std::string_view, RecordLookup &);
+    bool (*isGood)(std::string_view, const RecordLookup &) = nullptr; // null where rows are few
 };
 
 const ListingKind &kindOf(Listing listing)
@@ -39,9 +41,9 @@ const ListingKind &kindOf(Listing listing)
     static const QStringList bettorColumns{u"Rec Number"_s, u"Bettor Number"_s, u"Bettor Name"_s};
     static const ListingKind kinds[] = {
         {Listing::Bets, RecordFile::Bets, false, true, true, u"Bets Input"_s, u"  Bets"_s,
-         u" Bets"_s, betColumns, betRow},
+         u" Bets"_s, betColumns, betRow, isGoodBet},
         {Listing::BackupBets, RecordFile::Bets, true, true, true, u"Bets Backup Input"_s,
-         u"  Backup Bets"_s, u" Bets"_s, betColumns, betRow},
+         u"  Backup Bets"_s, u" Bets"_s, betColumns, betRow, isGoodBet},
         {Listing::Multibets,
          RecordFile::Multibets,
          false,
@@ -143,11 +145,18 @@ RecordLookup readLookup(Session &session, const ListingKind &kind, RecordList &l
 
 void readRows(Session &session, const ListingKind &kind, RecordList &list)
 {
-    RecordLookup lookup = readLookup(session, kind, list);
+    const auto lookup = std::make_shared<RecordLookup>(readLookup(session, kind, list));
     const QByteArray bytes = readAs(session, kind.label, kind.file, list.race, list, kind.backup);
     forEachRecord(view(bytes), [&](std::string_view line) {
-        list.rows.append(kind.makeRow(int(list.rows.size()) + 1, line, lookup));
+        const int number = int(list.rows.size()) + 1;
+        if (kind.isGood && kind.isGood(line, *lookup))
+            list.rows.append({number, {}, QByteArray(line.data(), qsizetype(line.size()))});
+        else
+            list.rows.append(kind.makeRow(number, line, *lookup));
     });
+    list.lateCells = [lookup, makeRow = kind.makeRow](const RecordRow &row) {
+        return makeRow(row.number, view(row.line), *lookup).cells;
+    };
     if (kind.file == RecordFile::Horses)
         list.damage = parseHorses(bytes).damage();
     if (!kind.total.isEmpty()) {
@@ -163,6 +172,12 @@ void readRows(Session &session, const ListingKind &kind, RecordList &list)
 int RecordList::damagedRows() const
 {
     return int(std::ranges::count_if(rows, &RecordRow::isDamaged));
+}
+
+QStringList RecordList::cells(const RecordRow &row) const
+{
+    const bool isLate = row.isRecord && row.cells.size() < columns.size();
+    return isLate && lateCells ? lateCells(row) : row.cells;
 }
 
 bool isRaceListing(Listing listing)
@@ -193,7 +208,7 @@ RecordList listRecords(Session &session, Listing listing, int race)
 bool removeRecord(Session &session, const RecordList &list, const RecordRow &row)
 {
     const ListingKind &kind = kindOf(list.listing);
-    const auto removed = std::size_t(row.cells.first().toInt() - 1);
+    const auto removed = std::size_t(row.number - 1);
     const auto withoutRecord = [&](const QByteArray &bytes) -> std::optional<QByteArray> {
         std::size_t place = 0;
         bool found = false;

@@ -31,13 +31,14 @@ struct RecordList
     QString heading;
     QStringList columns;
     QList<RecordRow> rows;
-    // The last cell of rows that do not hold it yet, where it takes a file to read.
-    std::function<QString(const RecordRow &row)> lateCell;
+    // The cells of a row that does not hold them all, because they take time or a file to read.
+    std::function<QStringList(const RecordRow &row)> lateCells;
     QString missingFile;       // the file whose absence ended the list, or empty
     QStringList missingHorses; // of later races: their horses stand in the rows as posts
     QString damage;            // what the file lacks as a whole, as a sentence, or empty
 
     int damagedRows() const;
+    QStringList cells(const RecordRow &row) const; // all of them
 };
 
 // True for the files that each race has of its own.

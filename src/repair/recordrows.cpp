@@ -64,6 +64,7 @@ public:
     RowMaker(int number, bool isRead)
         : m_isRead(isRead)
     {
+        m_row.number = number;
         m_row.cells << QString::number(number);
     }
 
@@ -94,6 +95,14 @@ private:
     bool m_isRead;
 };
 
+// The name of a bettor who is on the list, else null.
+const QString *bettorName(std::optional<double> number, const QHash<int, QString> &names)
+{
+    const auto whole = wholeNumber(number);
+    const auto name = whole.value_or(0) != 0 ? names.constFind(*whole) : names.constEnd();
+    return name == names.constEnd() ? nullptr : &*name;
+}
+
 void addBettor(RowMaker &row, std::optional<double> number, const QString &text,
                const QHash<int, QString> &names)
 {
@@ -101,17 +110,19 @@ void addBettor(RowMaker &row, std::optional<double> number, const QString &text,
     row.value(shown);
     if (!number || *number == 0)
         return row.fault(nullBettor);
-    const auto whole = wholeNumber(number);
-    const auto name = whole ? names.constFind(*whole) : names.constEnd();
-    row.checked(name != names.constEnd(), name != names.constEnd() ? *name : QString(),
-                badBettorNumber(shown));
+    const QString *name = bettorName(number, names);
+    row.checked(name, name ? *name : QString(), badBettorNumber(shown));
+}
+
+bool isGoodAmount(float dollars)
+{
+    return dollars >= leastAmount && dollars <= mostAmount;
 }
 
 void addAmount(RowMaker &row, std::optional<double> amount)
 {
     const float dollars = amount ? float(*amount) : 0;
-    row.checked(amount && dollars >= leastAmount && dollars <= mostAmount, plainNumber(dollars),
-                badAmount);
+    row.checked(amount && isGoodAmount(dollars), plainNumber(dollars), badAmount);
 }
 
 bool runs(const HorseTable &horses, int post)
@@ -137,6 +148,14 @@ std::optional<QString> multibetHorse(const RecordLookup &lookup, const MultibetT
 }
 
 } // namespace
+
+bool isGoodBet(std::string_view line, const RecordLookup &lookup)
+{
+    Bet bet;
+    return parseBet(line, bet) && bettorName(double(bet.bettor), lookup.bettors)
+           && runs(lookup.horses[0], wholeNumber(double(bet.post)).value_or(0))
+           && !betTypeWord(bet.type).isNull() && isGoodAmount(bet.amount);
+}
 
 RecordRow betRow(int number, std::string_view line, RecordLookup &lookup)
 {

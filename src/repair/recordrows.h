@@ -15,7 +15,8 @@
 // nothing is ignored.
 struct RecordRow
 {
-    QStringList cells;      // the first is the record's number in the file, from 1
+    int number = 0;         // of the record in the file, from 1
+    QStringList cells;      // the first is the number; those that take time may be missing
     QByteArray line;        // as the file holds it
     bool isRecord = true;   // false for the row of the total
     bool isDamaged = false; // at least one cell holds a message in place of its value
@@ -30,6 +31,9 @@ struct RecordLookup
     std::array<bool, 3> isHorsesMissing{};
     std::array<bool, postCount + 1> isPostRead{};
 };
+
+// Whether the row of a bet would hold no message.
+bool isGoodBet(std::string_view line, const RecordLookup &lookup);
 
 // The row of a record line, by the kind of its file.
 RecordRow betRow(int number, std::string_view line, RecordLookup &lookup);

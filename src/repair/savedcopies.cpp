@@ -46,20 +46,22 @@ RecordList listSavedCopies(Session &session)
     list.heading = u"Saved copies"_s;
     list.columns = {u"Number"_s, u"File"_s, u"Saved at"_s, u"Bytes"_s, u"Records"_s};
     const QString folder = savedFolder(session);
-    list.lateCell = [folder](const RecordRow &row) {
+    list.lateCells = [folder](const RecordRow &row) {
+        QStringList cells = row.cells;
         try {
             const QString copy = folder + u'/' + QString::fromUtf8(row.line);
-            return QString::number(countRecords(view(readRecordFile(copy))));
+            cells << QString::number(countRecords(view(readRecordFile(copy))));
         } catch (const FileError &error) {
-            return errorDescription(error.number());
+            cells << errorDescription(error.number());
         }
+        return cells;
     };
     labelled(session, u"Saved input"_s, [&] {
         for (const auto &[time, info] : copiesByTime(folder)) {
             RecordRow row;
-            row.cells = {QString::number(list.rows.size() + 1),
-                         matchCopyName(info.fileName()).captured(1), time,
-                         QString::number(info.size())};
+            row.number = int(list.rows.size()) + 1;
+            row.cells = {QString::number(row.number), matchCopyName(info.fileName()).captured(1),
+                         time, QString::number(info.size())};
             row.line = info.fileName().toUtf8();
             list.rows.append(row);
         }

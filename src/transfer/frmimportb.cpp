@@ -265,5 +265,6 @@ void frmimportb::showResult(const ImportPlan &plan)
     for (const QString &name : plan.added)
         lstnames->addItem(u"new: "_s + name);
     fraresult->show();
-    lblnote->setText(importSummary(plan));
+    lblnote->setText(importSummary(plan),
+                     plan.note.isEmpty() ? NoteKind::Plain : NoteKind::Warning);
 }

@@ -186,7 +186,7 @@ void frmmc::showAddedBets()
     fillTable(grdadded, table.columns, table.rows, table.columns.size());
     grdadded->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     grdadded->verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    lblnote->setText(table.note);
+    lblnote->warn(table.note);
 }
 
 void frmmc::returnMultiple()

@@ -48,11 +48,14 @@ void BettorSearch::setBettors(const BettorTable &bettors)
 {
     lstentries->clear();
     m_keys.clear();
+    m_numbers.clear();
+    QStringList names;
     for (const Bettor &bettor : bettors.sortedBettors()) {
-        auto *item = new QListWidgetItem(bettor.name, lstentries);
-        item->setData(Qt::UserRole, bettor.number);
+        names.append(bettor.name);
+        m_numbers.append(bettor.number);
         m_keys.append(searchKey(bettor.name));
     }
+    lstentries->addItems(names);
     reset();
 }
 
@@ -148,7 +151,7 @@ void BettorSearch::choose(int row, const QString &missed)
 {
     const QListWidgetItem *item = lstentries->item(row);
     if (item && !item->isHidden())
-        emit selected(item->data(Qt::UserRole).toInt(), item->text(), missed);
+        emit selected(m_numbers[row], item->text(), missed);
 }
 
 bool BettorSearch::eventFilter(QObject *object, QEvent *event)

@@ -62,5 +62,6 @@ private:
     QListWidget *lstentries;
     QPushButton *cmdreset;
     QStringList m_keys;        // of the list's rows
+    QList<int> m_numbers;      // of the bettors in these
     bool m_wasStepped = false; // to the name that is marked, by arrow keys
 };

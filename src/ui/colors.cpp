@@ -5,7 +5,9 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <map>
 #include <utility>
 
 namespace {
@@ -82,6 +84,43 @@ ToneColors danger(const QPalette &palette)
     const QColor lower = readable(hue, fill, textRatio);
     const QColor text = readable(lower, fill.lighter(buttonLightness), textRatio);
     return {fill, text, text};
+}
+
+ToneColors derivedTone(Tone tone, const QPalette &palette)
+{
+    const QColor text = palette.color(QPalette::Text);
+    switch (tone) {
+    case Tone::None:
+        return {palette.color(QPalette::Base), text, frameColor(palette)};
+    case Tone::Banner:
+        return {QColor(0x1f, 0x4d, 0x34), Qt::white, Qt::white};
+    case Tone::NextStep:
+        return nextStep();
+    case Tone::Danger:
+        return danger(palette);
+    case Tone::Notice:
+        return words(QColor(0x7a, 0x3b, 0x00), palette);
+    case Tone::Wrong:
+        return words(QColor(0xa1, 0x16, 0x0e), palette);
+    case Tone::Aside:
+        return {palette.color(QPalette::AlternateBase), text, frameColor(palette)};
+    case Tone::Key:
+        return {palette.color(QPalette::Button), palette.color(QPalette::ButtonText),
+                frameColor(palette)};
+    case Tone::Placed:
+        return tinted(QColor(0x3f, 0xa8, 0x62), palette);
+    case Tone::Dropped:
+        return tinted(QColor(0xf0, 0xbe, 0x10), palette);
+    case Tone::Unpaid:
+        return tinted(QColor(0xff, 0x8c, 0x1a), palette);
+    case Tone::Stopping:
+        return tinted(QColor(0xe8, 0x3a, 0x28), palette);
+    case Tone::Post: // the same on every ground, as the chosen ones
+        return {QColor(0xff, 0xff, 0x00), Qt::black, Qt::black};
+    case Tone::ChosenPost:
+        return {QColor(0xff, 0x00, 0xff), Qt::black, Qt::black};
+    }
+    return {};
 }
 
 void applyTone(QWidget *widget, Tone tone)
@@ -184,12 +223,19 @@ QPalette housePalette(const QPalette &system)
     return isDark ? darkPalette() : lightPalette();
 }
 
+// Every frame that is painted asks for it, so what was found stays known: one for each tone.
 QColor frameColor(const QPalette &palette)
 {
-    const QColor gray(0x80, 0x88, 0x82);
-    const QColor onButton = readable(gray, palette.color(QPalette::Button), frameRatio);
-    const QColor onWindow = readable(onButton, palette.color(QPalette::Window), frameRatio);
-    return readable(onWindow, palette.color(QPalette::Base), frameRatio);
+    static std::map<std::array<QRgb, 3>, QColor> known;
+    QColor color(0x80, 0x88, 0x82);
+    std::array<QRgb, 3> grounds{};
+    std::ranges::transform(std::array{QPalette::Button, QPalette::Window, QPalette::Base},
+                           grounds.begin(),
+                           [&](QPalette::ColorRole role) { return palette.color(role).rgba(); });
+    const auto [found, isNew] = known.try_emplace(grounds);
+    for (auto ground = grounds.begin(); isNew && ground != grounds.end(); ++ground)
+        found->second = color = readable(color, QColor(*ground), frameRatio);
+    return found->second;
 }
 
 QColor tintOf(const QColor &hue, const QPalette &palette)
@@ -204,39 +250,15 @@ QColor tintOf(const QColor &hue, const QPalette &palette)
 
 ToneColors toneColors(Tone tone, const QPalette &palette)
 {
-    const QColor text = palette.color(QPalette::Text);
-    switch (tone) {
-    case Tone::None:
-        return {palette.color(QPalette::Base), text, frameColor(palette)};
-    case Tone::Banner:
-        return {QColor(0x1f, 0x4d, 0x34), Qt::white, Qt::white};
-    case Tone::NextStep:
-        return nextStep();
-    case Tone::Danger:
-        return danger(palette);
-    case Tone::Notice:
-        return words(QColor(0x7a, 0x3b, 0x00), palette);
-    case Tone::Wrong:
-        return words(QColor(0xa1, 0x16, 0x0e), palette);
-    case Tone::Aside:
-        return {palette.color(QPalette::AlternateBase), text, frameColor(palette)};
-    case Tone::Key:
-        return {palette.color(QPalette::Button), palette.color(QPalette::ButtonText),
-                frameColor(palette)};
-    case Tone::Placed:
-        return tinted(QColor(0x3f, 0xa8, 0x62), palette);
-    case Tone::Dropped:
-        return tinted(QColor(0xf0, 0xbe, 0x10), palette);
-    case Tone::Unpaid:
-        return tinted(QColor(0xff, 0x8c, 0x1a), palette);
-    case Tone::Stopping:
-        return tinted(QColor(0xe8, 0x3a, 0x28), palette);
-    case Tone::Post: // the same on every ground, as the chosen ones
-        return {QColor(0xff, 0xff, 0x00), Qt::black, Qt::black};
-    case Tone::ChosenPost:
-        return {QColor(0xff, 0x00, 0xff), Qt::black, Qt::black};
-    }
-    return {};
+    // Those of the palette in use stay known.
+    static qint64 usedPalette = 0;
+    static std::map<Tone, ToneColors> known;
+    if (std::exchange(usedPalette, palette.cacheKey()) != palette.cacheKey())
+        known.clear();
+    const auto [found, isNew] = known.try_emplace(tone);
+    if (isNew)
+        found->second = derivedTone(tone, palette);
+    return found->second;
 }
 
 void setTone(QWidget *widget, Tone tone)

@@ -80,6 +80,7 @@ Widget *named(Widget *widget, const QString &name, const QString &toolTip)
 // Lets words that are wider than \a width be broken: a blank of no width after each character.
 QString breakable(const QString &text, const QFontMetrics &metrics, int width)
 {
+    const int widest = metrics.maxWidth();
     QString result;
     qsizetype from = 0;
     while (from < text.size()) {
@@ -87,7 +88,8 @@ QString breakable(const QString &text, const QFontMetrics &metrics, int width)
         while (to < text.size() && !text[to].isSpace())
             ++to;
         const QString word = text.mid(from, to - from);
-        if (metrics.horizontalAdvance(word) > width) {
+        // Measuring takes time, and hardly any word is so long.
+        if (word.size() * widest > width && metrics.horizontalAdvance(word) > width) {
             for (const QChar character : word)
                 result += QString(character) + QChar(0x200b);
         } else {
@@ -335,7 +337,7 @@ RaceOptions makeRaceOptions(QWidget *parent, const QString &toolTip, int columns
 void fitCharacters(QWidget *field, int characters)
 {
     field->setProperty(charactersProperty, characters);
-    const int textWidth = field->fontMetrics().horizontalAdvance(QString(characters, u'0'));
+    const int textWidth = characters * field->fontMetrics().horizontalAdvance(u'0');
     field->setFixedWidth(textWidth + field->fontMetrics().averageCharWidth() + 8);
 }
 

@@ -24,6 +24,8 @@ FittedArea::FittedArea(QWidget *screen, double letters, double likely, QWidget *
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
+    // Its size is what resizing this finds; the area needs none to begin with.
+    screen->setAttribute(Qt::WA_Resized);
     setWidget(screen);
 }
 

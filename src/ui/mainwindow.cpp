@@ -1,10 +1,12 @@
 #include "ui/mainwindow.h"
 
 #include "ui/fittedarea.h"
+#include "ui/undisturbed.h"
 
 #include <QCloseEvent>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -51,7 +53,9 @@ void MainWindow::showScreen(QWidget *screen)
         QWidget *left = m_stack->widget(0);
         m_stack->removeWidget(left);
         left->hide();
-        left->deleteLater();
+        // Deleting takes time, and the next screen is to be seen first.
+        QTimer::singleShot(
+            0, left, [left] { Undisturbed::afterwards(left, [left] { left->deleteLater(); }); });
     }
 }
 

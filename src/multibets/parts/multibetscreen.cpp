@@ -97,14 +97,14 @@ QStringList listLines(const QListWidget *list)
     return lines;
 }
 
-QString printAskedCopies(QWidget *screen, const ScreenContext &context,
-                         const CopiesQuestion &question, const Slip &slip)
+std::optional<Printed> printAskedCopies(QWidget *screen, const ScreenContext &context,
+                                        const CopiesQuestion &question, const Slip &slip)
 {
     const int copies = copiesAsked(askText(screen, question.text, question.title, u"1"_s));
     if (copies == 0)
         return {};
     const PrintTask task{question.operation, ErrorStyle::DescriptionOnly, question.printed};
-    return printCopies(screen, context, task, slip, copies).note;
+    return printCopies(screen, context, task, slip, copies);
 }
 
 CopiesQuestion listCopiesQuestion()

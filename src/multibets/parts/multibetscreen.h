@@ -3,10 +3,12 @@
 #include "common/print/slip.h"
 #include "multibets/parts/postgrid.h"
 #include "ui/navigator.h"
+#include "ui/printing.h"
 
 #include <QWidget>
 
 #include <array>
+#include <optional>
 
 class NoteLine;
 class QButtonGroup;
@@ -61,9 +63,9 @@ struct CopiesQuestion
     QString printed;   // what the note says before the number of copies
 };
 
-// Asks for the number of copies and prints them. Returns the note to show, null for none.
-QString printAskedCopies(QWidget *screen, const ScreenContext &context,
-                         const CopiesQuestion &question, const Slip &slip);
+// Asks for the number of copies and prints them; nothing when none are wanted.
+std::optional<Printed> printAskedCopies(QWidget *screen, const ScreenContext &context,
+                                        const CopiesQuestion &question, const Slip &slip);
 
 // The question before a list of multibets is printed.
 CopiesQuestion listCopiesQuestion();

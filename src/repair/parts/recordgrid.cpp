@@ -3,10 +3,16 @@
 #include "common/print/format.h"
 #include "ui/colors.h"
 
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
 void RecordListModel::setList(RecordList list)
 {
     beginResetModel();
     m_list = std::move(list);
+    m_order.resize(std::size_t(m_list.rows.size()));
+    std::iota(m_order.begin(), m_order.end(), 0);
     endResetModel();
 }
 
@@ -20,20 +26,20 @@ int RecordListModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : int(m_list.columns.size());
 }
 
-const QStringList &RecordListModel::cells(int row) const
+const RecordRow &RecordListModel::rowOf(int row) const
 {
     RecordRow &found = m_list.rows[row];
-    if (m_list.lateCell && found.cells.size() < m_list.columns.size())
-        found.cells.append(m_list.lateCell(found));
-    return found.cells;
+    if (found.cells.size() < m_list.columns.size())
+        found.cells = m_list.cells(found);
+    return found;
 }
 
 QVariant RecordListModel::data(const QModelIndex &index, int role) const
 {
-    const RecordRow &row = m_list.rows.at(index.row());
+    const RecordRow &row = m_list.rows.at(m_order[std::size_t(index.row())]);
     if (role == Qt::DisplayRole) {
         return index.column() < row.cells.size() ? row.cells[index.column()]
-                                                 : cells(index.row()).value(index.column());
+                                                 : record(index.row()).cells.value(index.column());
     }
     if (role == Qt::BackgroundRole && row.isDamaged)
         return tintOf(QColor(0xff, 0x90, 0x70));
@@ -49,32 +55,41 @@ QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, i
     return m_list.columns.value(section);
 }
 
-RecordListOrder::RecordListOrder(RecordListModel *model)
-    : QSortFilterProxyModel(model)
-    , m_model(model)
+void RecordListModel::sortBy(int column, bool asNumbers, Qt::SortOrder order)
 {
-    setSourceModel(model);
-}
-
-void RecordListOrder::sortBy(int column, bool asNumbers, Qt::SortOrder order)
-{
-    m_numbers.clear();
-    if (asNumbers) {
-        for (int row = 0; row < m_model->rowCount(); ++row)
-            m_numbers.append(numericValue(m_model->index(row, column).data().toString()));
+    emit layoutAboutToBeChanged({}, VerticalSortHint);
+    const std::vector<int> before = m_order;
+    std::vector<double> numbers;
+    std::vector<QString> texts;
+    for (int row = 0; row < rowCount(); ++row) {
+        const QString text = rowOf(row).cells.value(column);
+        asNumbers ? numbers.push_back(numericValue(text)) : texts.push_back(text);
     }
-    // A change of the comparison alone would not sort again.
-    sort(-1);
-    sort(column, order);
+    asNumbers ? sortRows(numbers, order) : sortRows(texts, order);
+
+    // What was selected stays so.
+    std::vector<int> places(m_order.size());
+    for (std::size_t shown = 0; shown < m_order.size(); ++shown)
+        places[std::size_t(m_order[shown])] = int(shown);
+    const QModelIndexList kept = persistentIndexList();
+    QModelIndexList moved;
+    for (const QModelIndex &at : kept)
+        moved << index(places[std::size_t(before[std::size_t(at.row())])], at.column());
+    changePersistentIndexList(kept, moved);
+    emit layoutChanged({}, VerticalSortHint);
 }
 
-bool RecordListOrder::lessThan(const QModelIndex &left, const QModelIndex &right) const
+template<typename Key>
+void RecordListModel::sortRows(const std::vector<Key> &keys, Qt::SortOrder order)
 {
-    const RecordRow &one = m_model->list().rows[left.row()];
-    const RecordRow &other = m_model->list().rows[right.row()];
-    if (one.isRecord != other.isRecord)
-        return one.isRecord == (sortOrder() == Qt::AscendingOrder);
-    if (!m_numbers.isEmpty())
-        return m_numbers[left.row()] < m_numbers[right.row()];
-    return left.data().toString() < right.data().toString();
+    const auto comesFirst = [&](int one, int other) {
+        const bool isRecord = m_list.rows.at(one).isRecord;
+        if (isRecord != m_list.rows.at(other).isRecord)
+            return isRecord;
+        if (order == Qt::DescendingOrder)
+            std::swap(one, other);
+        return keys[std::size_t(one)] < keys[std::size_t(other)];
+    };
+    std::iota(m_order.begin(), m_order.end(), 0);
+    std::ranges::stable_sort(m_order, comesFirst);
 }
