@@ -5,8 +5,8 @@
 #include "common/event/eventfiles.h"
 #include "common/event/init.h"
 #include "common/files/recordfile.h"
+#include "common/print/till.h"
 #include "reports/eventreports.h"
-#include "reports/till.h"
 #include "ui/paidlist.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 // What a full race costs: 20,000 bets of 2,000 bettors on 21 horses.
 
-#include "betting/placement.h"
+#include "common/event/placement.h"
 #include "common/event/settle.h"
 #include "fullevent.h"
 

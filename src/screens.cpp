@@ -11,6 +11,7 @@
 #include "multibets/frmsummmulti.h"
 #include "payoff/frmanyb.h"
 #include "payoff/frmpaywinnersb.h"
+#include "practice/frmpractice.h"
 #include "racecard/frmhorsesb.h"
 #include "repair/frmfixb.h"
 #include "reports/frmreportb.h"
@@ -72,6 +73,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmmulti>(u"frmmulti"_s, u"Multi-bet"_s, u"cmdreturn"_s),
         screen<frmpaymulti>(u"frmpaymulti"_s, u"Paymulti"_s, u"cmdreturn"_s),
         screen<frmpaywinnersb>(u"frmpaywinnersb"_s, u"Pay Winners"_s, u"cmdreturn"_s),
+        screen<frmpractice>(u"frmpractice"_s, u"Practice"_s, u"cmdreturn"_s),
         screen<frmreportb>(u"frmreportb"_s, u"Print Reports"_s, u"cmdreturn"_s),
         screen<frmsatdrv>(u"frmsatdrv"_s, u"Thumb Drive to Satellite Computer"_s, u"cmdreturn"_s),
         screen<frmsatun>(u"frmsatun"_s, u"Satellite Computer to Thumb Drive"_s, u"cmdreturn"_s),

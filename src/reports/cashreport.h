@@ -2,8 +2,8 @@
 
 #include "common/event/eventrecords.h"
 #include "common/event/exactmoney.h"
+#include "common/print/till.h"
 #include "reports/reporttable.h"
-#include "reports/till.h"
 
 #include <QMap>
 

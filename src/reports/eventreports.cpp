@@ -3,9 +3,9 @@
 #include "common/event/bettypes.h"
 #include "common/event/eventrecords.h"
 #include "common/print/format.h"
+#include "common/print/till.h"
 #include "reports/betlistings.h"
 #include "reports/cashreport.h"
-#include "reports/till.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "common/print/till.h"
 #include "reports/reporttable.h"
-#include "reports/till.h"
 
 // The till report: the tills of all computers side by side, and the races with what they owe and
 // paid. "So far" at any time, "Close Till" at the end of the night.

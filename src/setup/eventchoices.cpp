@@ -2,7 +2,6 @@
 
 #include "common/event/init.h"
 #include "common/files/fileerror.h"
-#include "common/files/recordfile.h"
 
 #include <QStringList>
 
@@ -43,7 +42,7 @@ bool setReceiptFontSize(Settings &settings, const QString &answer)
 
 void changeBanner(Session &session, const QString &text)
 {
-    const QString before = std::exchange(session.settings.banner, storableText(text));
+    const QString before = std::exchange(session.settings.banner, bannerOf(session, text));
     try {
         saveInit(session, InitWriter::Setup);
     } catch (const FileError &) {

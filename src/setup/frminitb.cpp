@@ -204,12 +204,17 @@ QLayout *frminitb::buildFoot()
                        u"If all information on this screen is OK, start program execution"_s);
     standOut(cmdok);
     cmdok->setAutoDefault(true);
+    cmdpractice =
+        makeButton(this, u"cmdpractice"_s, u"Practice"_s,
+                   u"An event of its own to practise with, guided by a lesson; this event "
+                   "stays as it is"_s);
     cmdhelp = makeButton(this, u"cmdhelp"_s, u"Help"_s);
     cmdexit = makeButton(this, u"cmdexit"_s, u"EXIT PROGRAM"_s,
                          u"Leave the program saving all information"_s);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(cmdok);
     buttons->addStretch();
+    buttons->addWidget(cmdpractice);
     buttons->addWidget(cmdhelp);
     buttons->addWidget(cmdexit);
     auto *layout = new QVBoxLayout;
@@ -239,8 +244,10 @@ void frminitb::connectControls()
             m_context.navigator.exitProgram();
     });
 
-    const std::pair<QPushButton *, QString> screens[] = {
-        {Command1, u"frmdirb"_s}, {cmdimpext, u"frmimportb"_s}, {cmdhelp, u"frmhelpb"_s}};
+    const std::pair<QPushButton *, QString> screens[] = {{Command1, u"frmdirb"_s},
+                                                         {cmdimpext, u"frmimportb"_s},
+                                                         {cmdpractice, u"frmpractice"_s},
+                                                         {cmdhelp, u"frmhelpb"_s}};
     for (const auto &[button, name] : screens) {
         connect(button, &QPushButton::clicked, this, [this, screen = name] {
             if (settleTypedBanner())

@@ -76,6 +76,7 @@ private:
     QLabel *lblinst;
     QLineEdit *txtsetup;
     NoteLine *lblnote;
+    QPushButton *cmdpractice;
     QPushButton *cmdhelp;
     QPushButton *cmdok;
     QPushButton *cmdexit;

@@ -7,9 +7,6 @@
 
 namespace {
 
-// What the screens are drawn for: the inside of a window on the smallest usual display.
-constexpr QSize drawnSize(1000, 680);
-
 // Letters grow again only when so much room became free that it is worth the change: a note that
 // comes and goes must not move what is about to be clicked.
 constexpr double worthGrowing = 1.1;

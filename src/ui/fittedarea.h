@@ -17,6 +17,9 @@ public:
     // The operator's wish: 1 is what suits the size of the area.
     void setLetters(double letters);
 
+    // What the screens are drawn for: the inside of a window on the smallest usual display.
+    static constexpr QSize drawnSize{1000, 680};
+
     // The factor that suits an area of this size, if the screen leaves room for it.
     static double suiting(const QSize &size);
 

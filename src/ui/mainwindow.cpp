@@ -1,13 +1,14 @@
 #include "ui/mainwindow.h"
 
 #include "ui/fittedarea.h"
+#include "ui/strip.h"
 #include "ui/undisturbed.h"
 
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QTimer>
-#include <QVBoxLayout>
 #include <QWindow>
 
 #include <algorithm>
@@ -15,6 +16,12 @@
 namespace {
 
 constexpr QMargins usualFrame(8, 32, 8, 8);
+
+// As drawn: the least and the largest width of a strip that stands, and the height of one that
+// lies.
+constexpr int leastColumn = 200;
+constexpr int largestColumn = 280;
+constexpr int rowHeight = 64;
 
 } // namespace
 
@@ -27,11 +34,12 @@ QSize roomFor(const QWidget *window)
 
 MainWindow::MainWindow(QWidget *parent)
     : QWidget(parent)
+    , m_layout(new QBoxLayout(QBoxLayout::LeftToRight, this))
     , m_stack(new QStackedWidget(this))
 {
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_stack);
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(0);
+    m_layout->addWidget(m_stack, 1);
     // Its size where no window manager makes it as large as the display.
     setGeometry(QWidget::screen()->availableGeometry().marginsRemoved(usualFrame));
     setWindowState(Qt::WindowMaximized);
@@ -59,11 +67,49 @@ void MainWindow::showScreen(QWidget *screen)
     }
 }
 
+void MainWindow::setStrip(Strip *strip)
+{
+    if (m_stripArea) {
+        m_layout->removeWidget(m_stripArea);
+        m_stripArea->hide();
+        m_stripArea->deleteLater();
+        m_stripArea = nullptr;
+    }
+    m_strip = strip;
+    if (!strip)
+        return;
+    m_stripArea = new FittedArea(strip, wish(), 0, this);
+    m_layout->addWidget(m_stripArea);
+    placeStrip();
+    m_stripArea->show();
+}
+
+// Screens keep the shape that they are drawn in, so a wide window has room beside them.
+void MainWindow::placeStrip()
+{
+    if (!m_strip)
+        return;
+    const QSize drawn = FittedArea::drawnSize;
+    const double factor =
+        std::min(double(width()) / drawn.width(), double(height()) / drawn.height());
+    const double room = width() - drawn.width() * factor;
+    const bool upright = room >= leastColumn * factor;
+    m_layout->setDirection(upright ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_strip->setUpright(upright);
+    const int thickness =
+        qRound(upright ? std::min(room, largestColumn * factor) : rowHeight * factor);
+    m_stripArea->setMinimumSize(upright ? thickness : 0, upright ? 0 : thickness);
+    m_stripArea->setMaximumSize(upright ? thickness : QWIDGETSIZE_MAX,
+                                upright ? QWIDGETSIZE_MAX : thickness);
+    m_stripArea->setLetters(wish());
+}
+
 void MainWindow::setLetters(double letters)
 {
     m_letters = letters;
     if (m_area)
         m_area->setLetters(letters);
+    placeStrip();
     emit wishChanged(wish());
 }
 
@@ -75,6 +121,7 @@ double MainWindow::wish() const
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    placeStrip();
     emit wishChanged(wish());
 }
 

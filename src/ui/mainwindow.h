@@ -4,7 +4,9 @@
 #include <QWidget>
 
 class FittedArea;
+class QBoxLayout;
 class QStackedWidget;
+class Strip;
 
 // The one window that shows the screens. It fills the display it is on and is never larger.
 class MainWindow : public QWidget
@@ -20,6 +22,11 @@ public:
 
     // What the screen is shown in; none before the first.
     FittedArea *area() const { return m_area; }
+
+    // Takes \a strip in beside the screens, in place of the one before, which is deleted; null
+    // leaves the window to the screens. It gets what room they leave free, at their right or below.
+    void setStrip(Strip *strip);
+    Strip *strip() const { return m_strip; }
 
     // How many times as large as what suits the window the operator wants the letters.
     void setLetters(double letters);
@@ -42,10 +49,14 @@ protected:
 
 private:
     void followDisplay();
+    void placeStrip();
 
+    QBoxLayout *m_layout;
     QStackedWidget *m_stack;
     FittedArea *m_area = nullptr;
     QWidget *m_screen = nullptr;
+    FittedArea *m_stripArea = nullptr;
+    Strip *m_strip = nullptr;
     double m_letters = 1;
     QHash<const QMetaObject *, double> m_factors; // that screens had when they were left
     bool m_mayClose = false;

@@ -1,6 +1,6 @@
 #include "ui/navigator.h"
 
-#include "common/event/session.h"
+#include "common/event/init.h"
 #include "ui/displaychoice.h"
 #include "ui/lockwait.h"
 #include "ui/mainwindow.h"
@@ -11,6 +11,8 @@
 #include <QApplication>
 #include <QShortcut>
 #include <QShortcutEvent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -84,11 +86,17 @@ bool Navigator::tellsRefusal(const ScreenEntry &entry)
     return true;
 }
 
+// Screens without a banner say so too.
+QString Navigator::windowTitle(const ScreenEntry &entry) const
+{
+    return m_session.isPractice() ? practiceWord + " - "_L1 + entry.title : entry.title;
+}
+
 void Navigator::show(const ScreenEntry &entry, const QString &note, NoteKind kind)
 {
     QWidget *screen = make(entry);
     m_window->showScreen(screen);
-    m_window->setWindowTitle(entry.title);
+    m_window->setWindowTitle(windowTitle(entry));
     m_window->show();
     m_display->load();
     if (entry.entered)
@@ -125,7 +133,7 @@ QWidget *Navigator::openBeside(const QString &name)
     screen->setParent(m_window,
                       Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     screen->setAttribute(Qt::WA_DeleteOnClose);
-    screen->setWindowTitle(beside.title);
+    screen->setWindowTitle(windowTitle(beside));
     if (focused)
         focused->setFocus();
     m_display->adopt(screen);
@@ -172,15 +180,18 @@ QString Navigator::titleOf(const QString &name) const
     return found == m_screens.end() ? QString() : found->second.title;
 }
 
+bool Navigator::closeBeside()
+{
+    const auto beside = m_window->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    return std::ranges::all_of(beside, [](QWidget *window) {
+        return !window->isWindow() || !window->isVisible() || window->close();
+    });
+}
+
 void Navigator::exitProgram()
 {
-    if (Undisturbed::isAny())
+    if (Undisturbed::isAny() || !closeBeside())
         return;
-    const auto beside = m_window->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
-    for (QWidget *window : beside) {
-        if (window->isWindow() && window->isVisible() && !window->close())
-            return;
-    }
     m_window->allowClose();
     m_window->close();
     QApplication::quit();

@@ -66,6 +66,9 @@ public:
     // of the handler at work are answered.
     static void bringToFront(QWidget *beside);
 
+    // Closes the windows beside; false when one refuses, which then stays.
+    bool closeBeside();
+
     // Makes the screen shown now afresh. A \a note of that \a kind goes to its status line.
     void reopen(const QString &note = {}, NoteKind kind = NoteKind::Plain);
 
@@ -100,6 +103,7 @@ private:
     const ScreenEntry &entry(const QString &name) const;
     QWidget *make(const ScreenEntry &entry);
     bool tellsRefusal(const ScreenEntry &entry);
+    QString windowTitle(const ScreenEntry &entry) const;
     void show(const ScreenEntry &entry, const QString &note, NoteKind kind);
     void pressCloseButton();
 

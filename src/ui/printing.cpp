@@ -1,6 +1,6 @@
 #include "ui/printing.h"
 
-#include "common/event/session.h"
+#include "common/event/init.h"
 #include "ui/listwindow.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
@@ -25,10 +25,18 @@ QString joined(const QString &first, const QString &second)
     return first.isEmpty() || second.isEmpty() ? first + second : QString(first + u' ' + second);
 }
 
+// In practice every slip says so, those too that bear no banner.
+Slip marked(const Session &session, const Slip &slip)
+{
+    if (!session.isPractice() || slipText(slip).join(u'\n').contains(practiceWord))
+        return slip;
+    return headed(slip, practiceWord);
+}
+
 ListWindow *openListing(const ScreenContext &context, const Slip &slip)
 {
     auto *window = qobject_cast<ListWindow *>(context.navigator.openBeside(u"frmlistb"_s));
-    window->showLines(slip);
+    window->showLines(marked(context.session, slip));
     return window;
 }
 
@@ -54,7 +62,7 @@ Printed printSlip(QWidget *screen, const ScreenContext &context, const PrintTask
     auto job = SlipPrinter::Job::Printed;
     const bool isPrinted = trapErrors(screen, context.session, task.style, task.label, [&] {
         ProgressBox box(screen, u"Printing ..."_s, ProgressBox::Ending::OnlyWhenDone);
-        job = context.printer.print(slip, box.progress());
+        job = context.printer.print(marked(context.session, slip), box.progress());
     });
     if (!isPrinted)
         return {};
@@ -70,8 +78,9 @@ Printed printCopies(QWidget *screen, const ScreenContext &context, const PrintTa
     auto job = SlipPrinter::Job::Printed;
     trapErrors(screen, context.session, task.style, task.label, [&] {
         ProgressBox box(screen, u"Printing ..."_s);
+        const Slip copy = marked(context.session, slip);
         for (; printed < copies && box.step(printed, copies); ++printed)
-            job = context.printer.print(slip);
+            job = context.printer.print(copy);
     });
     QString note = task.done + QString::number(printed);
     if (printed < copies)

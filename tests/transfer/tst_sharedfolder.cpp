@@ -1,9 +1,9 @@
 #include "betting/bettorlist.h"
-#include "betting/placement.h"
 #include "betting/priorbets.h"
 #include "common/event/cashjournal.h"
 #include "common/event/eventrecords.h"
 #include "common/event/networkmode.h"
+#include "common/event/placement.h"
 #include "kit/testkit.h"
 #include "racecard/scratch.h"
 

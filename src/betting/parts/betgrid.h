@@ -1,7 +1,7 @@
 #pragma once
 
-#include "betting/placement.h"
 #include "common/event/odds.h"
+#include "common/event/placement.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "betting/placement.h"
 #include "betting/priorbets.h"
+#include "common/event/placement.h"
 #include "ui/navigator.h"
 #include "ui/printing.h"
 

@@ -97,6 +97,13 @@ void makeInitFolder(Session &session)
              [&] { makeFolder(session.paths.toHost(defaultEventDirectory(session.settings))); });
 }
 
+QString bannerOf(const Session &session, const QString &text)
+{
+    const QString banner = storableText(text);
+    const bool saysSo = banner.section(u' ', 0, 0) == practiceWord;
+    return session.isPractice() && !saysSo ? practiceWord + u' ' + banner : banner;
+}
+
 bool loadInit(Session &session)
 {
     Settings &settings = session.settings;
@@ -110,6 +117,7 @@ bool loadInit(Session &session)
     settings.banner = fields.soundText(1);
     if (settings.banner.isEmpty() && !fields.isWhole())
         settings.banner = u"Kentucky Derby"_s;
+    settings.banner = bannerOf(session, settings.banner);
     settings.eventDirectory = fields.soundText(2);
     while (settings.eventDirectory.endsWith(u'\\'))
         settings.eventDirectory.chop(1);
@@ -148,7 +156,7 @@ bool rereadInit(Session &session)
 void setFirstInit(Session &session)
 {
     Settings &settings = session.settings;
-    settings.banner = u"Kentucky Derby"_s;
+    settings.banner = bannerOf(session, u"Kentucky Derby"_s);
     settings.eventDirectory = defaultEventDirectory(settings);
     settings.betLimit = defaultBetLimit;
     settings.bettorLimit = defaultBettorLimit;

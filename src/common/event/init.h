@@ -20,6 +20,12 @@ QString defaultEventDirectory(const Settings &settings);
 // Makes the folder of Init on the Init drive (label "Init directory-Setup").
 void makeInitFolder(Session &session);
 
+// What the banner of every practice event begins with, so that screens, slips and reports say it.
+inline constexpr QLatin1StringView practiceWord("PRACTICE");
+
+// The banner that a text makes for this event.
+QString bannerOf(const Session &session, const QString &text);
+
 // Reads Init into the settings. What a damaged Init does not give is set to its default (a race,
 // rounding or font index that it does not give stays unset), and the result is false. Throws
 // FileError 53 when there is no Init (label "Init open-Setup").

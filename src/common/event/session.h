@@ -8,6 +8,8 @@
 #include "common/event/settings.h"
 #include "common/files/hostpath.h"
 
+#include <memory>
+
 // What one run of the program shares between its screens: made once in main, handed to every screen
 // by reference. What a screen reads for itself it keeps itself.
 struct Session
@@ -20,4 +22,8 @@ struct Session
     RacePayoffs payoffs;          // while the pay-winners screen is open
     int multibetHousePercent = 0; // of every multibet pool, for this run
     QList<AddedBets> addedBets;   // by the last transfer from a satellite; a row for each race
+    std::shared_ptr<const Session> realEvent =
+        {}; // as it was left, while the event is for practice
+
+    bool isPractice() const { return realEvent != nullptr; }
 };

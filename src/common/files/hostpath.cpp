@@ -25,7 +25,7 @@ struct MappedDrive
     QString label;
 };
 
-QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
+QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder, bool withVolumes)
 {
     QMap<QChar, MappedDrive> drives;
     const QDir folder(dataFolder + "/drives"_L1);
@@ -36,7 +36,7 @@ QMap<QChar, MappedDrive> mappedDrives(const QString &dataFolder)
             drives.insert(name.front(), {folder.filePath(name), {}});
     }
     char16_t next = u'F';
-    for (const Volume &volume : removableVolumes()) {
+    for (const Volume &volume : withVolumes ? removableVolumes() : QList<Volume>()) {
         while (drives.contains(next))
             ++next;
         if (next > u'Z')
@@ -86,17 +86,29 @@ HostPaths::HostPaths(const QString &dataFolder)
 {
 }
 
+HostPaths HostPaths::sealed(const QString &dataFolder)
+{
+    HostPaths paths(dataFolder);
+    paths.m_sealed = true;
+    return paths;
+}
+
+bool HostPaths::haveNativeDrives() const
+{
+    return hasNativeDrives() && !m_sealed;
+}
+
 QString HostPaths::toHost(const QString &path) const
 {
     if (path.isEmpty())
         throw FileError(ErrorNumber::PathNotFound);
-    if (hasNativeDrives())
+    if (haveNativeDrives())
         return QDir::fromNativeSeparators(path);
     if (path.startsWith("\\\\"_L1)) {
         const QStringList names = path.mid(2).replace(u'/', u'\\').split(u'\\', Qt::SkipEmptyParts);
         if (names.size() < 2 || names.contains(u".."_s))
             throw FileError(ErrorNumber::BadFileName);
-        QString root = mountedShare(names[0], names[1]);
+        QString root = m_sealed ? QString() : mountedShare(names[0], names[1]);
         if (root.isEmpty())
             root = anyCase(anyCase(m_dataFolder + "/network"_L1, names[0]), names[1]);
         return below(root, names.mid(2).join(u'\\'));
@@ -114,7 +126,7 @@ QString HostPaths::driveRoot(QChar letter) const
         QDir().mkpath(root);
         return root;
     }
-    const auto drives = mappedDrives(m_dataFolder);
+    const auto drives = mappedDrives(m_dataFolder, !m_sealed);
     const auto drive = drives.constFind(letter);
     if (drive == drives.constEnd())
         throw FileError(ErrorNumber::DeviceUnavailable);
@@ -124,12 +136,12 @@ QString HostPaths::driveRoot(QChar letter) const
 QList<Drive> HostPaths::drives() const
 {
     QList<Drive> list;
-    if (hasNativeDrives()) {
+    if (haveNativeDrives()) {
         for (const QFileInfo &info : QDir::drives())
             list.append({info.absolutePath().left(2), {}});
         return list;
     }
-    const auto drives = mappedDrives(m_dataFolder);
+    const auto drives = mappedDrives(m_dataFolder, !m_sealed);
     for (auto drive = drives.cbegin(); drive != drives.cend(); ++drive)
         list.append({QString(drive.key()) + u':', drive->label});
     return list;

@@ -21,6 +21,11 @@ public:
     // \a dataFolder is the folder that holds drives/ and network/; empty means the user's own.
     explicit HostPaths(const QString &dataFolder = {});
 
+    // Paths of which none leads out of \a dataFolder: neither removable volumes nor mounted shares
+    // can be reached, and drives are folders even where the computer has native ones.
+    static HostPaths sealed(const QString &dataFolder);
+    bool areSealed() const { return m_sealed; }
+
     // The host's path for a path in backslash form. Throws FileError: 76 for an empty path, 68 for
     // a drive that does not exist, 52 for a path that begins with neither a drive nor a computer.
     QString toHost(const QString &path) const;
@@ -34,5 +39,8 @@ public:
 private:
     QString driveRoot(QChar letter) const;
 
+    bool haveNativeDrives() const;
+
     QString m_dataFolder;
+    bool m_sealed = false;
 };

@@ -9,6 +9,16 @@ void Slip::addPageBreak()
     lines.append(SlipLine{});
 }
 
+Slip headed(const Slip &slip, const QString &line)
+{
+    Slip result = slip;
+    result.lines.prepend(SlipLine{{1, line}});
+    ++result.headingLines;
+    for (int &start : result.blockStarts)
+        ++start;
+    return result;
+}
+
 int nextPrintZone(int column)
 {
     return (column / zoneWidth + 1) * zoneWidth + 1;

@@ -39,6 +39,9 @@ struct Slip
     static bool isPageBreak(const SlipLine &line) { return line.isEmpty(); }
 };
 
+// The slip with a further line above it, on every page.
+Slip headed(const Slip &slip, const QString &line);
+
 // The column of the print zone after \a column characters: zones are 14 columns wide (1, 15, 29).
 int nextPrintZone(int column);
 

@@ -1,4 +1,4 @@
-#include "betting/placement.h"
+#include "common/event/placement.h"
 
 #include "common/event/cashstakes.h"
 #include "common/event/twinfiles.h"

@@ -1,6 +1,6 @@
 #include "common/event/cashjournal.h"
+#include "common/print/till.h"
 #include "kit/testkit.h"
-#include "reports/till.h"
 #include "reports/tillreport.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "betting/placement.h"
 #include "betting/priorbets.h"
 #include "betting/receipts.h"
 #include "common/event/cashanswers.h"
 #include "common/event/eventrecords.h"
+#include "common/event/placement.h"
 #include "kit/faultywrites.h"
 #include "kit/testkit.h"
 

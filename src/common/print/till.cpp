@@ -1,4 +1,4 @@
-#include "reports/till.h"
+#include "common/print/till.h"
 
 #include "common/event/cashstakes.h"
 #include "common/event/settledrace.h"
