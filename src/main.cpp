@@ -7,12 +7,55 @@
 
 #include <QApplication>
 
+#include <cstdio>
+#include <optional>
+#include <string_view>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+int refuse(std::string_view argument)
+{
+    std::fprintf(stderr, "trelawn: unknown option: %.*s\nTry: trelawn --help\n",
+                 int(argument.size()), argument.data());
+    return 1;
+}
+
+// What is answered before a display is needed, and the exit code. The toolkit's own options begin
+// with one dash and are left to it.
+std::optional<int> answerAlone(int argc, char *argv[])
+{
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (argument == "--help" || argument == "-h") {
+            std::puts("Usage: trelawn\n"
+                      "Runs the betting at a race night. Everything is set on its screens.\n\n"
+                      "  -h, --help     Show this text\n"
+                      "  -v, --version  Show the version");
+            return 0;
+        }
+        if (argument == "--version" || argument == "-v") {
+            std::puts("trelawn " TRELAWN_VERSION);
+            return 0;
+        }
+        if (argument.starts_with("--"))
+            return refuse(argument);
+    }
+    return {};
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
+    if (const auto answered = answerAlone(argc, argv))
+        return *answered;
     QApplication application(argc, argv);
+    if (argc > 1) // what the toolkit has not taken
+        return refuse(argv[1]);
     QApplication::setApplicationName(u"trelawn"_s);
+    QApplication::setApplicationVersion(QStringLiteral(TRELAWN_VERSION));
     applyLook(application);
 
     Session session;
