@@ -82,7 +82,7 @@ public:
 
     void clickCell(const QString &cell)
     {
-        auto *found = find<QLineEdit>(cell);
+        auto *found = find<QWidget>(cell);
         const QPointF middle = found->rect().center();
         for (const auto kind : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
             QMouseEvent click(kind, middle, found->mapToGlobal(middle), Qt::LeftButton,

@@ -89,10 +89,10 @@ QWidget *frmpaymulti::buildFigures()
     grid->setContentsMargins(10, 8, 10, 6);
     grid->setVerticalSpacing(10);
     grid->addWidget(cmdenterwin, 0, 0, 1, 2);
-    const std::pair<QString, QLineEdit *> figures[] = {{u"House Percent"_s, txtpercent},
-                                                       {u"Total Pool"_s, txtpool},
-                                                       {u"House Cut"_s, txthouse},
-                                                       {u"Total Paid"_s, txttpay}};
+    const std::pair<QString, QWidget *> figures[] = {{u"House Percent"_s, txtpercent},
+                                                     {u"Total Pool"_s, txtpool},
+                                                     {u"House Cut"_s, txthouse},
+                                                     {u"Total Paid"_s, txttpay}};
     int row = 1;
     for (const auto &[text, field] : figures) {
         field->setAccessibleName(text);
@@ -108,8 +108,8 @@ QWidget *frmpaymulti::buildFigures()
     enlarge(txtpay, 1.8);
     grid->addWidget(txttotal, row, 0);
     grid->addWidget(txtpay, row++, 1);
-    for (QLineEdit *field :
-         {static_cast<QLineEdit *>(txtpercent), txtpool, txthouse, txttpay, txtpay})
+    txtpercent->setAlignment(Qt::AlignRight);
+    for (QLineEdit *field : {txtpool, txthouse, txttpay, txtpay})
         field->setAlignment(Qt::AlignRight);
     grid->setRowStretch(row++, 1);
     grid->addWidget(lblhelp, row, 0, 1, 2);

@@ -57,6 +57,29 @@ private:
     ClickCell *m_cell;
 };
 
+// What a grid says in a place that nobody presses.
+class AccessibleText : public QAccessibleWidget
+{
+public:
+    explicit AccessibleText(TextCell *cell)
+        : QAccessibleWidget(cell, QAccessible::StaticText)
+        , m_cell(cell)
+    {
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name)
+            return QAccessibleWidget::text(kind);
+        QStringList name{m_cell->accessibleName(), m_cell->text()};
+        name.removeAll(QString());
+        return name.join(u", "_s);
+    }
+
+private:
+    TextCell *m_cell;
+};
+
 QAccessible::Role roleOf(const QAbstractButton *button)
 {
     if (qobject_cast<const QRadioButton *>(button))
@@ -116,6 +139,8 @@ QAccessibleInterface *accessibleOf(const QString &, QObject *object)
 {
     if (auto *cell = qobject_cast<ClickCell *>(object))
         return new AccessibleCell(cell);
+    if (auto *cell = qobject_cast<TextCell *>(object))
+        return new AccessibleText(cell);
     if (object->inherits("QPushButton") || object->inherits("QRadioButton")
         || object->inherits("QCheckBox"))
         return new AccessibleButton(static_cast<QAbstractButton *>(object));

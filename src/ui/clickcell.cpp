@@ -5,12 +5,13 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 ClickCell::ClickCell(QWidget *parent)
-    : QLineEdit(parent)
+    : TextCell(parent)
 {
-    setReadOnly(true);
-    setContextMenuPolicy(Qt::NoContextMenu);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void ClickCell::setMark(const Mark &mark)
@@ -32,29 +33,29 @@ void ClickCell::setHint(const QString &hint)
     update();
 }
 
-void ClickCell::paintEvent(QPaintEvent *event)
+void ClickCell::paintEvent(QPaintEvent *)
 {
-    QLineEdit::paintEvent(event);
-    const bool isMarked = m_mark.tone != Tone::None && m_mark.isFramed;
-    if (m_hint.isEmpty() && !isMarked && !hasFocus())
-        return;
     QPainter painter(this);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), palette().base());
+    QStyleOptionFrame frame;
+    frame.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameLineEdit, &frame, &painter, this);
+    drawText(painter);
+    const bool isMarked = m_mark.tone != Tone::None && m_mark.isFramed;
     painter.setPen(palette().color(QPalette::Text));
-    const int gap = fontMetrics().height() / 5;
-    const QRect inside = rect().adjusted(gap, 0, -gap, 0);
     if (!m_hint.isEmpty()) {
         QFont small = font();
         small.setPointSizeF(small.pointSizeF() * 0.7);
         small.setBold(false);
         painter.setFont(small);
-        painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, m_hint);
+        painter.drawText(inside(), Qt::AlignLeft | Qt::AlignTop, m_hint);
     }
     if (isMarked) {
         painter.setPen(QPen(toneColors(m_mark.tone).edge, 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
         painter.setFont(font());
-        painter.drawText(inside.adjusted(gap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
-                         m_mark.sign);
+        painter.drawText(inside().adjusted(inside().left(), 0, 0, 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, m_mark.sign);
     }
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Text), 2, Qt::DashLine));
@@ -88,9 +89,5 @@ void ClickCell::keyPressEvent(QKeyEvent *event)
 
 ClickCell *makeCell(QWidget *parent, const QString &name, const QString &toolTip)
 {
-    auto *cell = new ClickCell(parent);
-    cell->setObjectName(name);
-    if (!toolTip.isEmpty())
-        setTip(cell, toolTip);
-    return cell;
+    return named(new ClickCell(parent), name, toolTip);
 }

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "ui/colors.h"
+#include "ui/textcell.h"
 
-#include <QLineEdit>
-#include <QString>
-
-// A text cell that is clicked rather than typed into. Every press counts, the second one of a
+// A cell that is clicked. Every press counts, the second one of a
 // double click too; Space does what a click does.
-class ClickCell : public QLineEdit
+class ClickCell : public TextCell
 {
     Q_OBJECT
 

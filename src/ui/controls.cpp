@@ -68,15 +68,6 @@ bool takeAltLetter(QAbstractButton *button, QMap<QChar, QAbstractButton *> &owne
     return false;
 }
 
-template<typename Widget>
-Widget *named(Widget *widget, const QString &name, const QString &toolTip)
-{
-    widget->setObjectName(name);
-    if (!toolTip.isEmpty())
-        setTip(widget, toolTip);
-    return widget;
-}
-
 // Lets words that are wider than \a width be broken: a blank of no width after each character.
 QString breakable(const QString &text, const QFontMetrics &metrics, int width)
 {
@@ -109,12 +100,17 @@ QString memberName(const QString &array, int index)
     return array + u'_' + QString::number(index);
 }
 
-void setTip(QWidget *widget, const QString &toolTip)
+QString tipText(const QString &toolTip)
 {
     // Rich text only to wrap long tips; the tip's own characters stay what they are.
-    widget->setToolTip(toolTip.isEmpty() ? QString()
-                                         : QString("<span style='white-space: pre-wrap'>"_L1
-                                                   + toolTip.toHtmlEscaped() + "</span>"_L1));
+    return toolTip.isEmpty() ? QString()
+                             : QString("<span style='white-space: pre-wrap'>"_L1
+                                       + toolTip.toHtmlEscaped() + "</span>"_L1);
+}
+
+void setTip(QWidget *widget, const QString &toolTip)
+{
+    widget->setToolTip(tipText(toolTip));
     widget->setAccessibleDescription(toolTip);
 }
 

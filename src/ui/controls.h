@@ -20,8 +20,21 @@ class QPushButton;
 // Name of a member of a control array: "optrace_3".
 QString memberName(const QString &array, int index);
 
-// The tool tip and what a screen reader says: plain text whose blanks and line breaks stay.
+// Plain text as a tool tip takes it: its blanks and line breaks stay, long lines wrap.
+QString tipText(const QString &toolTip);
+
+// The tool tip and what a screen reader says.
 void setTip(QWidget *widget, const QString &toolTip);
+
+// Gives a control its name and, unless it is empty, its tip.
+template<typename Widget>
+Widget *named(Widget *widget, const QString &name, const QString &toolTip)
+{
+    widget->setObjectName(name);
+    if (!toolTip.isEmpty())
+        setTip(widget, toolTip);
+    return widget;
+}
 
 QPushButton *makeButton(QWidget *parent, const QString &name, const QString &caption,
                         const QString &toolTip = {});

@@ -3,7 +3,6 @@
 #include <QEvent>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -17,11 +16,14 @@ FittedArea::FittedArea(QWidget *screen, double letters, double likely, QWidget *
     : QScrollArea(parent)
     , m_scaling(this, screen)
     , m_letters(letters)
-    , m_likely(likely)
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
-    // Its size is what resizing this finds; the area needs none to begin with.
+    // Laid out and measured once only, as large as it probably becomes.
+    resize(parent->size());
+    screen->setParent(viewport());
+    if (likely > 0)
+        m_scaling.apply(Scaling::stepped(std::min(wish(), likely)));
     screen->setAttribute(Qt::WA_Resized);
     setWidget(screen);
 }
@@ -45,7 +47,7 @@ bool FittedArea::isLimited() const
 
 void FittedArea::fitScreen()
 {
-    m_scaling.fit(size(), wish(), std::exchange(m_likely, 0));
+    m_scaling.fit(size(), wish());
     widget()->resize(m_scaling.needed(size()).expandedTo(size()));
 }
 

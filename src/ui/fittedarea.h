@@ -40,5 +40,4 @@ private:
 
     Scaling m_scaling;
     double m_letters;
-    double m_likely;
 };

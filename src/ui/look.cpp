@@ -1,7 +1,6 @@
 #include "ui/look.h"
 
 #include "ui/accessible.h"
-#include "ui/clickcell.h"
 #include "ui/colors.h"
 #include "ui/controls.h"
 #include "ui/scaling.h"
@@ -50,13 +49,12 @@ bool goesWithLetters(QStyle::PixelMetric metric)
     }
 }
 
-// Whether nothing can be typed into the field now; cells are for pressing.
+// Whether nothing can be typed into the field now.
 bool isForReading(const QStyleOption *option, const QWidget *widget)
 {
     const bool takesText =
         (option->state & QStyle::State_Enabled) && !(option->state & QStyle::State_ReadOnly);
-    return !takesText && qobject_cast<const QLineEdit *>(widget)
-           && !qobject_cast<const ClickCell *>(widget);
+    return !takesText && qobject_cast<const QLineEdit *>(widget);
 }
 
 // The button that Space presses is seen also before the first key.

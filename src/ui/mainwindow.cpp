@@ -61,6 +61,7 @@ void MainWindow::showScreen(QWidget *screen)
         QWidget *left = m_stack->widget(0);
         m_stack->removeWidget(left);
         left->hide();
+        left->setGeometry({}); // what it stood on is painted again when it is deleted
         // Deleting takes time, and the next screen is to be seen first.
         QTimer::singleShot(
             0, left, [left] { Undisturbed::afterwards(left, [left] { left->deleteLater(); }); });

@@ -269,14 +269,14 @@ double Scaling::possible(const QSize &room) const
            * std::min(double(room.width()) / need.width(), double(room.height()) / need.height());
 }
 
-void Scaling::fit(const QSize &room, double wish, double likely)
+double Scaling::stepped(double factor)
 {
-    const auto stepped = [](double factor) {
-        return std::max(std::floor(factor * stepsOfFactor + 0.001) / stepsOfFactor, leastFactor);
-    };
+    return std::max(std::floor(factor * stepsOfFactor + 0.001) / stepsOfFactor, leastFactor);
+}
+
+void Scaling::fit(const QSize &room, double wish)
+{
     const double before = m_factor;
-    if (likely > 0)
-        apply(stepped(std::min(wish, likely)));
     // The estimate of what fits can be a step too low: for so little the letters are left alone.
     const double most = possible(room);
     const double estimate = stepped(std::min(wish, most));

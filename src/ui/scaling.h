@@ -26,8 +26,11 @@ public:
     void apply(double factor);
 
     // Makes it as large as fits into the room, at most \a wish times as large as drawn, and at
-    // least half of it. \a likely is a factor to begin with: a good guess saves time.
-    void fit(const QSize &room, double wish, double likely = 0);
+    // least half of it. Begins with the factor in force: a good guess saves time.
+    void fit(const QSize &room, double wish);
+
+    // The factor, or the next smaller one of those that are used.
+    static double stepped(double factor);
 
     // What the content needs to be shown whole, with every wrapping text as high as it is in the
     // room's width.

@@ -62,10 +62,7 @@ void setUniformLines(QListView *list, const QStringList &lines)
 QListWidget *makeList(QWidget *parent, const QString &name, const QString &accessibleName,
                       const QString &toolTip)
 {
-    auto *list = new QListWidget(parent);
-    list->setObjectName(name);
-    if (!toolTip.isEmpty())
-        setTip(list, toolTip);
+    auto *list = named(new QListWidget(parent), name, toolTip);
     list->setAccessibleName(accessibleName);
     list->setFont(fixedPitchFont());
     list->setUniformItemSizes(true);

@@ -312,7 +312,7 @@ void clickCell(QWidget *screen, const QString &name, int times)
 
 QString fieldText(QWidget *screen, const QString &name)
 {
-    return child<QLineEdit>(screen, name)->text();
+    return child<QWidget>(screen, name)->property("text").toString();
 }
 
 QString labelText(QWidget *screen, const QString &name)

@@ -11,7 +11,8 @@ std::pair<QPalette::ColorRole, QPalette::ColorRole> rolesOf(const QWidget *widge
 {
     if (qobject_cast<const QPushButton *>(widget))
         return {QPalette::ButtonText, QPalette::Button};
-    if (qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QAbstractItemView *>(widget))
+    if (qobject_cast<const QLineEdit *>(widget) || qobject_cast<const TextCell *>(widget)
+        || qobject_cast<const QAbstractItemView *>(widget))
         return {QPalette::Text, QPalette::Base};
     return {QPalette::WindowText, QPalette::Window};
 }

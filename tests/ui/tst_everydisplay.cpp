@@ -3,6 +3,7 @@
 #include "screens.h"
 #include "ui/controls.h"
 #include "ui/scaling.h"
+#include "ui/textcell.h"
 
 // Every screen on every display: whole, readable, and as large as there is room for.
 class tst_everydisplay : public QObject
@@ -58,7 +59,9 @@ QString clippedText(const QWidget *widget)
                 return u"heading "_s + text;
         }
     }
-    if (qobject_cast<const QLineEdit *>(widget) && widget->height() < metrics.height())
+    const bool isField =
+        qobject_cast<const QLineEdit *>(widget) || qobject_cast<const TextCell *>(widget);
+    if (isField && widget->height() < metrics.height())
         return u"too low"_s;
     return {};
 }

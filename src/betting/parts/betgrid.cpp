@@ -64,7 +64,7 @@ BetGrid::BetGrid(QWidget *parent)
     grid->addItem(new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
                   postCount + 2, 0);
     // Rows share the height there is, from their text's height to what can be hit in a hurry.
-    for (auto *field : findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)) {
+    for (auto *field : findChildren<TextCell *>(QString(), Qt::FindDirectChildrenOnly)) {
         field->setSizePolicy(field->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
         field->setMaximumHeight(40);
     }
@@ -100,12 +100,12 @@ void BetGrid::addHeadings(QGridLayout *grid)
 void BetGrid::addRow(QGridLayout *grid, int post)
 {
     const QString row = u"Post "_s + QString::number(post) + u' ';
-    QLineEdit *number = makeDisplay(this, memberName(u"txthorsenumber"_s, post),
+    TextCell *number = makeTextCell(this, memberName(u"txthorsenumber"_s, post),
                                     u"Number that the horse is wearing"_s);
     number->setAlignment(Qt::AlignCenter);
     fitCharacters(number, 3);
-    QLineEdit *horse =
-        makeDisplay(this, memberName(u"txthorse"_s, post - 1), u"Name of the horse"_s);
+    TextCell *horse =
+        makeTextCell(this, memberName(u"txthorse"_s, post - 1), u"Name of the horse"_s);
     grid->addWidget(number, post, 0);
     grid->addWidget(horse, post, 1);
     txthorsenumber[std::size_t(post)] = number;
@@ -113,14 +113,14 @@ void BetGrid::addRow(QGridLayout *grid, int post)
     int column = 0;
     for (const int base : columnBase) {
         const int index = base + post;
-        QLineEdit *field = nullptr;
+        TextCell *field = nullptr;
         if (column < betColumns) {
             ClickCell *cell = makeCell(this, memberName(u"txtnumber"_s, index));
             cell->setFocusPolicy(Qt::ClickFocus);
             connect(cell, &ClickCell::clicked, this, [this, index, cell] { enter(index, cell); });
             field = cell;
         } else {
-            field = makeDisplay(this, memberName(u"txtnumber"_s, index));
+            field = makeTextCell(this, memberName(u"txtnumber"_s, index));
         }
         field->setAlignment(column < 4 ? Qt::AlignRight : Qt::AlignCenter);
         field->setAccessibleName(row + QLatin1StringView(columnWords[column]));
@@ -144,7 +144,7 @@ void BetGrid::addTotals(QGridLayout *grid)
     grid->addWidget(makeHeading(this, u"lbltotals"_s, u"TOTALS"_s), row, 0, 1, 2);
     const auto makeTotal = [&](const QString &name, int column, int columns, double size,
                                const QString &meaning) {
-        QLineEdit *field = makeDisplay(this, name);
+        TextCell *field = makeTextCell(this, name);
         field->setAlignment(Qt::AlignRight);
         field->setAccessibleName(meaning);
         enlarge(field, size);
@@ -169,7 +169,6 @@ void BetGrid::setHorses(const HorseTable &horses)
         m_runs[post] = runs;
         txthorsenumber[post]->setText(runs ? horse.number : QString());
         txthorse[post - 1]->setText(runs ? horse.name : QString());
-        txthorse[post - 1]->setCursorPosition(0);
         txthorsenumber[post]->setVisible(runs);
         txthorse[post - 1]->setVisible(runs);
         for (const int base : columnBase)
@@ -210,7 +209,7 @@ void BetGrid::showEntries(const BetEntries &entries)
         txtnumber[std::size_t(rowTotalBase + post)]->setText(
             numberText(rowEntered, entries.rowTotal(post)));
     }
-    QLineEdit *const totals[] = {txtwintot, txtplacetot, txtshowtot};
+    TextCell *const totals[] = {txtwintot, txtplacetot, txtshowtot};
     for (std::size_t column = 0; column < betColumns; ++column)
         totals[column]->setText(
             numberText(columnEntered[column], entries.columnTotal(betTypes[column])));

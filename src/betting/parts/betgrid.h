@@ -9,7 +9,7 @@
 
 class ClickCell;
 class QGridLayout;
-class QLineEdit;
+class TextCell;
 
 // The grid of a bet sheet: a row a horse, with cells to click for win, place and show, totals and
 // win odds. Posts without a horse have no row. Arrow keys move between the cells. W, P or S and a
@@ -60,13 +60,13 @@ private:
     ClickCell *cellAt(int post, int column) const;
     int firstPost() const;
 
-    std::array<QLineEdit *, 126> txtnumber{}; // 20 + h win, 41 + h place ... 104 + h odds
-    std::array<QLineEdit *, postCount> txthorse{};
-    std::array<QLineEdit *, postCount + 1> txthorsenumber{};
-    QLineEdit *txtwintot;
-    QLineEdit *txtplacetot;
-    QLineEdit *txtshowtot;
-    QLineEdit *txttotaltot;
+    std::array<TextCell *, 126> txtnumber{}; // 20 + h win, 41 + h place ... 104 + h odds
+    std::array<TextCell *, postCount> txthorse{};
+    std::array<TextCell *, postCount + 1> txthorsenumber{};
+    TextCell *txtwintot;
+    TextCell *txtplacetot;
+    TextCell *txtshowtot;
+    TextCell *txttotaltot;
     std::array<bool, postCount + 1> m_runs{};
     ClickCell *m_tabStop = nullptr;
     std::optional<int> m_calledColumn; // of a bet that is being called
