@@ -13,6 +13,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -49,11 +50,24 @@ public:
 
     void open(const QString &screen, int race)
     {
+        show(screen, QSize(1016, 690));
+        press(u"optrace_"_s + QString::number(race));
+    }
+
+    void show(const QString &screen, const QSize &size)
+    {
         m_navigator.open(screen);
         QCoreApplication::processEvents(); // shown for the first time, the window takes its own
                                            // size
-        m_navigator.window()->resize(1016, 690);
-        press(u"optrace_"_s + QString::number(race));
+        m_navigator.window()->resize(size);
+    }
+
+    // Until what is looked for every second has been seen.
+    void wait()
+    {
+        QEventLoop loop;
+        QTimer::singleShot(1500, &loop, &QEventLoop::quit);
+        loop.exec();
     }
 
     void press(const QString &button)
@@ -161,6 +175,24 @@ private:
     Navigator m_navigator{m_session, m_printer, allScreens()};
 };
 
+void takePractice(Evening &evening)
+{
+    const QSize wide(1280, 690);
+    evening.show(u"frmpractice"_s, wide);
+    evening.press(u"cmdpractice"_s);
+    evening.show(u"frmhorsesb"_s, wide);
+    const QStringList horses{u"LUCKY CHARM"_s, u"PAPER MOON"_s, u"RED RIBBON"_s};
+    for (int row = 0; row < int(horses.size()); ++row) {
+        evening.type(u"txtnumber_"_s + QString::number(row), QString::number(row + 1));
+        evening.type(u"txthorse_"_s + QString::number(row), horses[row]);
+    }
+    evening.press(u"cmdupdatehorses"_s);
+    evening.show(u"frmbettorsb"_s, wide);
+    evening.type(u"txtbettorname"_s, u"NEWMAN-PAT"_s);
+    evening.wait();
+    evening.take(u"practice"_s);
+}
+
 void takePictures(Evening &evening)
 {
     evening.open(u"frmsheetb"_s, 2);
@@ -196,6 +228,7 @@ void takePictures(Evening &evening)
 
     evening.open(u"frmmenub"_s, 3);
     evening.take(u"menu"_s);
+    takePractice(evening);
 }
 
 } // namespace

@@ -108,8 +108,8 @@ QList<LessonStep> lessonSteps(Session &session)
          "Then press Place these Bets."_s,
          race.pupilHasBet()},
         {u"Take a bet back"_s,
-         u"On the bet sheet, choose your name, click a bet in the list PRIOR BETS and press the "
-         "red button below it. Its money is refunded."_s,
+         u"On the bet sheet, choose your name, click a bet in the list PRIOR BETS and press "
+         "Delete Selected Prior Bets. Its money is refunded."_s,
          race.hasTakenBack()},
         {u"Let the guests bet"_s,
          u"Press Play Guests, or take bets yourself, until race 1 has twenty bets."_s,
@@ -121,11 +121,11 @@ QList<LessonStep> lessonSteps(Session &session)
          race.isSettled()},
         {u"Pay every winner"_s,
          u"On Pay Winners, choose a name in the list of winners and press PAY WINNER, until nobody "
-         "is left."_s,
+         "is left. Each time it asks whether to print payoffs: No goes on."_s,
          race.isPaid()},
         {u"Count the till"_s,
-         u"Main menu, Print Reports: type the money in the till as Counted and press So far. By "
-         "the journal there are "_s
+         u"Main menu, Print Reports: choose Cash Report, type the money in the till as Counted and "
+         "press So far. By the journal there are "_s
              + race.expected() + u" in it."_s,
          race.tillAgrees()},
     };

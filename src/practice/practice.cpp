@@ -68,7 +68,7 @@ void makePractice(Session &session, const Progress &progress)
     if (QFileInfo::exists(folder))
         renameFolder(folder, old);
     renameFolder(fresh, folder);
-    removeFolder(old);
+    QDir(old).removeRecursively(); // what stays of it goes the next time
 }
 
 void turnTo(Session &session)

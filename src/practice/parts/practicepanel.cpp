@@ -67,10 +67,13 @@ PracticePanel::PracticePanel(const ScreenContext &context)
 void PracticePanel::build()
 {
     setObjectName(u"practicepanel"_s);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
     lblpractice = makeLabel(this, u"lblpractice"_s, practiceWord);
     enlarge(lblpractice, 1.3);
     lblpractice->setAlignment(Qt::AlignCenter);
     setTone(lblpractice, Tone::Banner);
+    lblpractice->setBackgroundRole(QPalette::Base); // the tone's ground
     lblpractice->setAutoFillBackground(true);
     lblpractice->setMargin(4);
     lblstep = makeLabel(this, u"lblstep"_s, {}, {}, true);
@@ -128,6 +131,8 @@ void PracticePanel::setUpright(bool upright)
 {
     m_layout->setDirection(upright ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     m_steps->setVisible(upright);
+    for (QLabel *label : {lblstep, lblguests})
+        label->setAlignment(Qt::AlignLeft | (upright ? Qt::AlignTop : Qt::AlignVCenter));
 }
 
 // The files say what was done. What cannot be read now is read the next time.
@@ -158,7 +163,7 @@ void PracticePanel::showLesson(const QList<LessonStep> &steps)
     setText(lblstep,
             next == int(steps.size())
                 ? u"All eight steps are done, and the till agrees. You can run a race."_s
-                : u"Step %1 of 8, %2. %3"_s.arg(next + 1).arg(steps[next].title, steps[next].how));
+                : u"Step %1 of 8: %2. %3"_s.arg(next + 1).arg(steps[next].title, steps[next].how));
 }
 
 void PracticePanel::startOrStop()
@@ -216,7 +221,7 @@ void PracticePanel::playSheet()
     const bool hasBet = sheet.turn == GuestTurn::Bet;
     if (hasBet)
         ++m_sheets;
-    setText(lblguests,
-            hasBet ? u"Sheets of guests: "_s + QString::number(m_sheets) : guestsNote(sheet.turn));
+    tellOfGuests(hasBet ? u"Sheets of guests: "_s + QString::number(m_sheets)
+                        : guestsNote(sheet.turn));
     wait(hasBet ? 0 : waitForRace);
 }
