@@ -54,6 +54,16 @@ void renameFolder(const QString &from, const QString &to)
         throw FileError(ErrorNumber::PathFileAccess);
 }
 
+// The club's own guide, and the address of its race cards, serve in practice too.
+void takeAlong(const Session &real, const Session &practice)
+{
+    const auto pathOf = [](const Session &session, const QString &name) {
+        return session.paths.toHost(defaultEventDirectory(session.settings) + name);
+    };
+    for (const QString &name : {u"Horsehelp.txt"_s, u"Download"_s})
+        QFile::copy(pathOf(real, name), pathOf(practice, name));
+}
+
 // The event bears its name once it is whole, and the old one is there until then: a power cut
 // leaves none that is half made.
 void makePractice(Session &session, const Progress &progress)
@@ -65,6 +75,7 @@ void makePractice(Session &session, const Progress &progress)
     removeFolder(old);
     Session making = sessionIn(fresh, session);
     makeEventOfGuests(making, lessonRace, progress);
+    takeAlong(realOf(session), making);
     if (QFileInfo::exists(folder))
         renameFolder(folder, old);
     renameFolder(fresh, folder);

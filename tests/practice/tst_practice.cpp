@@ -93,7 +93,9 @@ private slots:
         QVERIFY(QDir().mkpath(folder + u"/drives/C/Trelawn"_s)
                 && QDir().mkpath(folder + u"-new/drives"_s));
         QVERIFY(!isPracticeMade(event.session));
+        event.write(u"Horsehelp.txt"_s, "Our rules");
         enterPractice(event.session);
+        QCOMPARE(event.read(u"Horsehelp.txt"_s), "Our rules");
         QCOMPARE(event.session.settings.bannerAndRace(), u"PRACTICE Kentucky Derby Race1"_s);
         QCOMPARE(readBettors(event.session).sortedBettors().size(), 41);
         qsizetype bets = 0;
@@ -142,6 +144,7 @@ private slots:
         QCOMPARE(session.settings.banner, u"PRACTICE Another Name"_s);
         QVERIFY(loadInit(session));
         QCOMPARE(session.settings.banner, u"PRACTICE Another Name"_s);
+        QVERIFY(session.paths.areSealed());
         changeRace(session, 3);
         switchReceiptPrinting(session);
         place(session, u"FORD-GEORGE"_s, 3);
