@@ -81,7 +81,8 @@ QGroupBox *frmanyb::buildSlip()
     auto *grid = new QGridLayout(box);
     const QString headings[] = {u"HORSE"_s, u"WIN"_s, u"PLACE"_s, u"SHOW"_s, u"TOTAL$"_s};
     for (int column = 0; column < 5; ++column)
-        grid->addWidget(makeHeading(box, {}, headings[column]), 0, column);
+        grid->addWidget(makeHeading(box, {}, headings[column]), 0, column,
+                        column == 0 ? Qt::AlignLeft : Qt::AlignRight);
 
     const auto horse = [&](const QString &name, const QString &toolTip, const QString &meaning) {
         QLineEdit *field = makeDisplay(box, name, toolTip);
