@@ -63,7 +63,8 @@ private slots:
         rows("made by the amount of the next bet", u"w15"_s, u"1"_s);
         rows("an arrow takes it back", u"w1>"_s, {});
         rows("no such number", u"w0"_s, {});
-        rows("a letter of the number, not a bet", u"w1a"_s, u"1"_s);
+        rows("a letter of the number, not a bet", u"w1^a"_s, u"1"_s);
+        rows("Enter makes it once", u"w1\r\r"_s, u"1"_s);
         rows("Space makes it once", u"w1 "_s, u"1"_s);
         for (const auto &[row, keys, total] : rows) {
             open(u"frmsheetb"_s);
@@ -83,7 +84,7 @@ private slots:
     }
 
 private:
-    // > is an arrow down.
+    // > is an arrow down, ^ the Shift key.
     void play(const QString &keys)
     {
         for (const QChar key : keys) {
@@ -92,6 +93,8 @@ private:
                 QTest::keyClick(focused, Qt::Key_Return);
             else if (key == u'>')
                 QTest::keyClick(focused, Qt::Key_Down);
+            else if (key == u'^')
+                QTest::keyClick(focused, Qt::Key_Shift);
             else
                 QTest::keyClick(focused, key.toLatin1());
             ++m_keys;

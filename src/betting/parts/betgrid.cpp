@@ -46,6 +46,13 @@ ClickCell::Mark markOf(EntryFate fate)
     return {Tone::Placed, {}, true};
 }
 
+// Keys that only change what others mean.
+bool goesWithKeys(int key)
+{
+    return key == Qt::Key_Shift || key == Qt::Key_CapsLock || key == Qt::Key_NumLock
+           || key == Qt::Key_AltGr;
+}
+
 } // namespace
 
 BetGrid::BetGrid(QWidget *parent)
@@ -363,9 +370,12 @@ void BetGrid::keyPressEvent(QKeyEvent *event)
 {
     const bool isPlain = !(event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier));
     const QString typed = isPlain ? event->text().toUpper() : QString();
+    if (goesWithKeys(event->key()))
+        return event->ignore();
     if (extendCall(typed))
         return;
-    if (!typed.isEmpty() && typed.front().isLetterOrNumber())
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter || (!typed.isEmpty() && typed.front().isLetterOrNumber()))
         finishCall();
     m_calledColumn.reset();
     if (const auto column = QString(u"WPS"_s).indexOf(typed); column >= 0 && typed.size() == 1)

@@ -14,7 +14,7 @@ class TextCell;
 // The grid of a bet sheet: a row a horse, with cells to click for win, place and show, totals and
 // win odds. Posts without a horse have no row. Arrow keys move between the cells. W, P or S and a
 // horse's number call a bet as bettors do: "to win on number 3"; it is made as soon as no other
-// horse can be meant, else by the next key that does not belong to the number.
+// horse can be meant, else by Enter or the next key that does not belong to the number.
 class BetGrid : public QWidget
 {
     Q_OBJECT
