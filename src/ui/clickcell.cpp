@@ -58,8 +58,9 @@ void ClickCell::paintEvent(QPaintEvent *)
                          Qt::AlignLeft | Qt::AlignVCenter, m_mark.sign);
     }
     if (hasFocus()) {
+        const int gap = isMarked ? 4 : 1; // beside the mark's own frame
         painter.setPen(QPen(palette().color(QPalette::Text), 2, Qt::DashLine));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+        painter.drawRect(rect().adjusted(gap, gap, -gap, -gap));
     }
 }
 
