@@ -4,6 +4,7 @@
 #include "betting/frmlistb.h"
 #include "betting/frmsheetb.h"
 #include "betting/frmsheetbnw.h"
+#include "board/frmboard.h"
 #include "common/event/roles.h"
 #include "help/frmhelpb.h"
 #include "multibets/frmmulti.h"
@@ -58,6 +59,7 @@ std::vector<ScreenEntry> allScreens()
         screen<frmanyb>(u"frmanyb"_s, u"AnyBettor"_s, u"cmdreturn"_s),
         refusedBy(&bettorsRefusal,
                   screen<frmbettorsb>(u"frmbettorsb"_s, u"Bettor List"_s, u"cmdreturn"_s)),
+        screen<frmboard>(u"frmboard"_s, u"Odds Board"_s, u"cmdreturn"_s),
         notedBy(&directoryRefusal, screen<frmdirb>(u"frmdirb"_s, u"Directory"_s, u"cmdreturn"_s)),
         screen<frmdrive>(u"frmdrive"_s, u"Main Computer to Thumb Drive"_s, u"cmdreturn"_s),
         screen<frmfixb>(u"frmfixb"_s, u"File Viewer"_s, u"cmdreturn"_s),

@@ -108,9 +108,18 @@ public:
     void take(const QString &name)
     {
         QCoreApplication::processEvents();
-        const QString path = m_pictures + u'/' + name + u".png"_s;
-        if (!m_navigator.window()->grab().save(path))
-            qFatal("cannot write %s", qPrintable(path));
+        save(m_navigator.window()->grab(), name);
+    }
+
+    // The odds board once it has read the files.
+    void takeBoard(const QString &name)
+    {
+        QWidget *board = m_navigator.openBeside(u"frmboard"_s);
+        board->resize(1280, 820);
+        auto *view = board->findChild<QWidget *>(u"board"_s);
+        while (!view->accessibleDescription().contains(u"most backed"_s))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        save(view->grab(), name);
     }
 
 protected:
@@ -130,6 +139,13 @@ protected:
     }
 
 private:
+    void save(const QPixmap &picture, const QString &name) const
+    {
+        const QString path = m_pictures + u'/' + name + u".png"_s;
+        if (!picture.save(path))
+            qFatal("cannot write %s", qPrintable(path));
+    }
+
     template<typename Widget>
     Widget *find(const QString &name)
     {
@@ -228,6 +244,7 @@ void takePictures(Evening &evening)
 
     evening.open(u"frmmenub"_s, 3);
     evening.take(u"menu"_s);
+    evening.takeBoard(u"board"_s);
     takePractice(evening);
 }
 

@@ -228,6 +228,7 @@ void frmpaymulti::findWinners()
     });
     if (!read)
         return;
+    recordMultibetSettlement(session, *type, winners, settled);
     showSettlement(settled);
     lblnote->warn(missingWinners(*type));
     if (settled.outcome == MultibetSettlement::Outcome::NoBets)

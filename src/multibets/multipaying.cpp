@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+using namespace Qt::StringLiterals;
+
 QList<std::optional<PaidBefore>> paidBefore(const CashJournal &journal, int race,
                                             const QList<MultibetPayment> &payments)
 {
@@ -18,6 +20,24 @@ QList<std::optional<PaidBefore>> paidBefore(const CashJournal &journal, int race
             before.append(found->takeFirst());
     }
     return before;
+}
+
+void recordMultibetSettlement(Session &session, const MultibetType &type,
+                              const std::array<int, 3> &winners, const MultibetSettlement &settled)
+{
+    QStringList posts;
+    for (int line = 0; line < type.lines; ++line)
+        posts += QString::number(winners[std::size_t(line)]);
+    if (posts.contains(u"0"_s) || settled.outcome == MultibetSettlement::Outcome::NoBets)
+        return;
+    const bool hasWinners = settled.outcome == MultibetSettlement::Outcome::Winners;
+    CashEntry entry{CashKind::MultibetSettled, session.settings.currentRace};
+    entry.detail = type.code + u' ' + (hasWinners ? posts.join(u',') : QString(multibetRefund));
+    entry.owed = exactMoney(settled.payPerDollar);
+    const CashEntry *before =
+        lastMultibetSettlement(lookIntoCashJournal(session), entry.race, type.code);
+    if (!before || before->detail != entry.detail || before->owed != entry.owed)
+        recordCash(session, {entry});
 }
 
 void payTicket(Session &session, const MultibetPayment &payment)

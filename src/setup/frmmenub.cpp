@@ -180,6 +180,9 @@ QGroupBox *frmmenub::buildProgram()
     TaskGroup group(this, u"Program"_s);
     group.add(cmdsetup, u"cmdsetup"_s, u"Setup"_s, u"Add, change, scratch horses for this race"_s);
     group.explain(lblsetup, u"lblsetup"_s, u"Return to setup screen"_s);
+    group.add(cmdboard, u"cmdboard"_s, u"Odds Board"_s,
+              u"Show odds, pools and results to the guests, on a second display if there is one"_s);
+    group.explain(lblboard, u"lblboard"_s, u"For the guests: odds, pools, results"_s);
     group.add(cmdhelp, u"cmdhelp"_s, u"Help"_s, {});
     group.add(cmdexit, u"cmdexit"_s, u"Exit Program"_s, u"Sayonara, asta la vista, see ya"_s);
     group.explain(lblexit, u"lblexit"_s);
@@ -210,6 +213,8 @@ void frmmenub::connectScreens()
         connect(entry.button, &QPushButton::clicked, &navigator,
                 [&navigator, screen = entry.screen] { navigator.open(screen); });
     }
+    connect(cmdboard, &QPushButton::clicked, &navigator,
+            [&navigator] { navigator.showBeside(u"frmboard"_s); });
     connect(cmdexit, &QPushButton::clicked, &navigator, &Navigator::exitProgram);
 }
 

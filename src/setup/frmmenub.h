@@ -66,6 +66,7 @@ private:
     QPushButton *cmdendnw;
     QPushButton *cmdsetup;
     QPushButton *cmdreports;
+    QPushButton *cmdboard;
     QPushButton *cmdhelp;
     QPushButton *cmdexit;
     QLabel *lblhorses;
@@ -79,6 +80,7 @@ private:
     QLabel *lblmc;
     QLabel *lblnetwork;
     QLabel *lblsetup;
+    QLabel *lblboard;
     QLabel *lblexit;
     NoteLine *lblnote;
 };

@@ -261,6 +261,23 @@ ToneColors toneColors(Tone tone, const QPalette &palette)
     return found->second;
 }
 
+const BoardColors &boardColors()
+{
+    static const BoardColors colors{
+        .ground = QColor(0x0b, 0x12, 0x0e),
+        .otherGround = QColor(0x16, 0x21, 0x1b),
+        .head = QColor(0x1f, 0x4d, 0x34),
+        .text = Qt::white,
+        .aside = QColor(0xc4, 0xd2, 0xc9),
+        .odds = QColor(0xff, 0xe0, 0x66),
+        .rising = QColor(0xff, 0xb8, 0x80),
+        .falling = QColor(0x8c, 0xe8, 0xae),
+        .notice = QColor(0xff, 0xd0, 0x40),
+        .bars = {QColor(0x3f, 0xc0, 0x74), QColor(0x5a, 0xa8, 0xf0), QColor(0xe8, 0x8c, 0x3c)},
+    };
+    return colors;
+}
+
 void setTone(QWidget *widget, Tone tone)
 {
     widget->setProperty(toneProperty, int(tone));

@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include <array>
+
 class QApplication;
 class QWidget;
 
@@ -49,6 +51,23 @@ struct ToneColors
     QColor edge; // of a frame or sign on the fill or beside it
 };
 ToneColors toneColors(Tone tone, const QPalette &palette = QGuiApplication::palette());
+
+// The odds board for the guests: light on dark whatever the system's scheme, because it hangs in a
+// dim room.
+struct BoardColors
+{
+    QColor ground;
+    QColor otherGround; // of every second row
+    QColor head;        // the ground of the banner
+    QColor text;
+    QColor aside;  // words that explain
+    QColor odds;   // odds and payoffs, the largest letters
+    QColor rising; // words about odds
+    QColor falling;
+    QColor notice;
+    std::array<QColor, 3> bars; // win, place and show
+};
+const BoardColors &boardColors();
 
 // Gives the widget the colours of a tone, while it is enabled; they follow the system's scheme.
 void setTone(QWidget *widget, Tone tone);

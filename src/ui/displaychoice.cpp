@@ -39,7 +39,8 @@ public:
         const QSizeF drawn =
             QSizeF(hasSize ? m_window->size() : m_window->sizeHint()) / m_scaling.factor();
         m_scaling.fit(room, wish);
-        m_window->resize((drawn * m_scaling.factor()).toSize().boundedTo(room));
+        if (!m_window->isFullScreen())
+            m_window->resize((drawn * m_scaling.factor()).toSize().boundedTo(room));
     }
 
 private:

@@ -140,8 +140,18 @@ QWidget *Navigator::openBeside(const QString &name)
     screen->show();
     if (beside.entered)
         beside.entered(screen);
-    bringToFront(screen);
+    if (!screen->testAttribute(Qt::WA_ShowWithoutActivating))
+        bringToFront(screen);
     return screen;
+}
+
+void Navigator::showBeside(const QString &name)
+{
+    for (auto *beside : m_window->findChildren<QWidget *>(name, Qt::FindDirectChildrenOnly)) {
+        if (beside->isWindow() && beside->isVisible())
+            return bringToFront(beside);
+    }
+    openBeside(name);
 }
 
 void Navigator::bringToFront(QWidget *beside)

@@ -12,7 +12,7 @@ namespace {
 // The turn of the last clearing that ends what lines of this kind say about the race.
 int lastClearing(const CashJournal &journal, int race, CashKind kind)
 {
-    const bool isMultibet = kind == CashKind::MultibetPaid;
+    const bool isMultibet = kind == CashKind::MultibetPaid || kind == CashKind::MultibetSettled;
     int turn = 0;
     for (const CashEntry &line : journal.lines) {
         if (line.kind == CashKind::Refund && line.race == race
@@ -20,6 +20,20 @@ int lastClearing(const CashJournal &journal, int race, CashKind kind)
             turn = std::max(turn, line.turn);
     }
     return turn;
+}
+
+// The last line of a kind whose detail begins so, since the race was cleared; null for none.
+const CashEntry *lastTurn(const CashJournal &journal, int race, CashKind kind,
+                          const QString &detailStart)
+{
+    const int cleared = lastClearing(journal, race, kind);
+    const CashEntry *last = nullptr;
+    for (const CashEntry &line : journal.lines) {
+        if (line.kind == kind && line.race == race && line.turn > cleared
+            && line.detail.startsWith(detailStart) && (!last || line.turn >= last->turn))
+            last = &line;
+    }
+    return last;
 }
 
 // Each computer's payments that were taken back, told apart by their turn, bettor and kind.
@@ -102,14 +116,12 @@ QMap<int, PaidBefore> paidInRace(const CashJournal &journal, int race)
 
 const CashEntry *lastSettlement(const CashJournal &journal, int race)
 {
-    const int cleared = lastClearing(journal, race, CashKind::Settled);
-    const CashEntry *last = nullptr;
-    for (const CashEntry &line : journal.lines) {
-        if (line.kind == CashKind::Settled && line.race == race && line.turn > cleared
-            && (!last || line.turn >= last->turn))
-            last = &line;
-    }
-    return last;
+    return lastTurn(journal, race, CashKind::Settled, {});
+}
+
+const CashEntry *lastMultibetSettlement(const CashJournal &journal, int race, const QString &type)
+{
+    return lastTurn(journal, race, CashKind::MultibetSettled, type + u' ');
 }
 
 const CashEntry *lastPayment(const CashJournal &journal, const QString &computer)

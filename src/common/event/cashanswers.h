@@ -31,6 +31,10 @@ QMap<int, PaidBefore> paidInRace(const CashJournal &journal, int race);
 // How the race was settled last since its bets were cleared; null when it was not.
 const CashEntry *lastSettlement(const CashJournal &journal, int race);
 
+// What was found last for a type of the race's multibets since those were cleared; null for
+// nothing.
+const CashEntry *lastMultibetSettlement(const CashJournal &journal, int race, const QString &type);
+
 // The last payment of a computer that was not taken back; null when there is none.
 const CashEntry *lastPayment(const CashJournal &journal, const QString &computer);
 

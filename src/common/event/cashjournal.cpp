@@ -21,8 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array<const char *, cashKindCount> kindWords{
-    "bets", "multibets", "added",     "refund", "settled", "paid",
-    "slip", "multipaid", "takenback", "float",  "counted", "closed"};
+    "bets",      "multibets", "added", "refund",  "settled", "paid",        "slip",
+    "multipaid", "takenback", "float", "counted", "closed",  "multisettled"};
 constexpr std::array<const char *, 3> modeWords{"normal", "532", "track"};
 
 const QString fileStart = u"Cash "_s;
@@ -54,6 +54,7 @@ bool hasTurn(const CashEntry &line)
     case CashKind::Slip:
     case CashKind::MultibetPaid:
     case CashKind::TakenBack:
+    case CashKind::MultibetSettled:
         return true;
     case CashKind::Refund:
         return line.detail == refundRace || line.detail == refundRaceMultibets;
@@ -85,6 +86,12 @@ QByteArray settledRecord(const RaceSettled &settled)
     for (const float payoff : settled.payoffs.perDollar)
         fields += ',' + exactNumber(payoff);
     return fields + ',' + QByteArray::number(settled.roundingIndex);
+}
+
+// Whether a field with an amount comes after the common ones.
+bool hasOwed(CashKind kind)
+{
+    return isPayment(kind) || kind == CashKind::MultibetSettled;
 }
 
 std::optional<RaceSettled> parseSettled(const std::vector<RecordField> &fields, int race)
@@ -300,7 +307,7 @@ QByteArray cashRecord(const CashEntry &line)
                         + QByteArray::number(line.turn) + ',' + quotedField(detail);
     if (line.settled)
         record += settledRecord(*line.settled);
-    else if (isPayment(line.kind))
+    else if (hasOwed(line.kind))
         record += ',' + recordDollars(line.owed);
     else if (line.kind == CashKind::TakenBack)
         record += ',' + QByteArray::number(line.takesBack);
@@ -334,13 +341,13 @@ std::optional<CashEntry> parseCash(std::string_view record, std::vector<RecordFi
         line.settled = parseSettled(fields, *race);
         return line.settled && *race != 0 ? std::optional(line) : std::nullopt;
     }
-    if (!isPayment(line.kind) && line.kind != CashKind::TakenBack)
+    if (!hasOwed(line.kind) && line.kind != CashKind::TakenBack)
         return line;
     if (fields.size() == commonFields)
         return {};
     const RecordField &last = fields[commonFields];
     const auto owed = fieldNumber(last);
-    line.owed = isPayment(line.kind) ? exactMoney(owed.value_or(0)) : 0;
-    line.takesBack = isPayment(line.kind) ? 0 : fieldInteger(last, 1, anyNumber).value_or(0);
+    line.owed = hasOwed(line.kind) ? exactMoney(owed.value_or(0)) : 0;
+    line.takesBack = hasOwed(line.kind) ? 0 : fieldInteger(last, 1, anyNumber).value_or(0);
     return owed ? std::optional(line) : std::nullopt;
 }

@@ -14,20 +14,21 @@
 // appends to a file of its own, `Cash NAME`, which needs no lock, and reads those of all.
 
 enum class CashKind {
-    Bets,         // a sheet was placed
-    Multibets,    // multibets were placed
-    Added,        // bets came from another computer's files; the money is in that one's till
-    Refund,       // bets left the files and their stakes went back
-    Settled,      // a calculation listed winners
-    Paid,         // a winner of win, place and show was paid
-    Slip,         // somebody was paid for slips of AnyBettor
-    MultibetPaid, // a winning multibet was paid, or one of a pool that nobody won was paid back
-    TakenBack,    // a payment was undone: its money is in the till again
-    Float,        // what was in the till at the start; the last one counts
-    Counted,      // what is in the till by hand count; the last one counts
-    Closed,       // the till was closed; the dollars are what was expected in it
+    Bets,            // a sheet was placed
+    Multibets,       // multibets were placed
+    Added,           // bets came from another computer's files; the money is in that one's till
+    Refund,          // bets left the files and their stakes went back
+    Settled,         // a calculation listed winners
+    Paid,            // a winner of win, place and show was paid
+    Slip,            // somebody was paid for slips of AnyBettor
+    MultibetPaid,    // a winning multibet was paid, or one of a pool that nobody won was paid back
+    TakenBack,       // a payment was undone: its money is in the till again
+    Float,           // what was in the till at the start; the last one counts
+    Counted,         // what is in the till by hand count; the last one counts
+    Closed,          // the till was closed; the dollars are what was expected in it
+    MultibetSettled, // the winners of a type of multibets were found, or that there are none
 };
-inline constexpr int cashKindCount = 12;
+inline constexpr int cashKindCount = 13;
 
 // Whether money goes out by it to somebody who won.
 bool isPayment(CashKind kind);
@@ -46,6 +47,9 @@ inline constexpr QLatin1StringView refundBettor("bettor deleted");
 inline constexpr QLatin1StringView refundRace("race cleared");
 inline constexpr QLatin1StringView refundMultibets("multibets deleted");
 inline constexpr QLatin1StringView refundRaceMultibets("multibets cleared");
+
+// What stands behind the type of a multibet that nobody won: "EX refund".
+inline constexpr QLatin1StringView multibetRefund("refund");
 
 // How a race was settled: with it everybody's payoff can be worked out again.
 struct RaceSettled
@@ -66,7 +70,7 @@ struct CashEntry
     QString name = {};
     ExactMoney dollars = 0; // that moved
     QString detail = {};    // number of bets, reason of a refund, text of a ticket
-    ExactMoney owed = 0;    // of payments: before rounding
+    ExactMoney owed = 0;    // of payments: before rounding; MultibetSettled: what $1 pays
     std::optional<RaceSettled> settled = {};
     int takesBack = 0; // TakenBack: the turn of the payment; the detail is its kind
 

@@ -222,6 +222,7 @@ void addEntry(Till &till, const CashEntry &entry)
         return;
     case CashKind::Added:
     case CashKind::Settled:
+    case CashKind::MultibetSettled:
         return;
     case CashKind::Paid:
     case CashKind::Slip:

@@ -50,10 +50,12 @@ private slots:
         TestEvent event;
         CashEntry back{CashKind::TakenBack, 12, 7, u"O'NEIL, \"BO\"\nÅ"_s, -12345, u"paid"_s};
         back.takesBack = 2;
-        const std::vector<CashEntry> lines{payment(2, u"ANNA"_s, 1234567.8901),
-                                           settlement(3, 12.5),
-                                           back,
-                                           {CashKind::Float, 0, 0, {}, exactMoney(0.25), {}}};
+        const std::vector<CashEntry> lines{
+            payment(2, u"ANNA"_s, 1234567.8901),
+            settlement(3, 12.5),
+            back,
+            {CashKind::MultibetSettled, 1, 0, {}, 0, u"EX 4,7"_s, exactMoney(4.5)},
+            {CashKind::Float, 0, 0, {}, exactMoney(0.25), {}}};
         QVERIFY(recordCash(event.session, lines));
         const CashJournal journal = readCashJournal(event.session);
         QCOMPARE(journal.lines.size(), lines.size());

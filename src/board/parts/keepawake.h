@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QObject>
+
+#include <optional>
+
+// While one lives, the system does not darken or lock the display, where it has a service to ask.
+class KeepAwake : public QObject
+{
+    Q_OBJECT
+
+public:
+    KeepAwake();
+    ~KeepAwake() override;
+
+private:
+    std::optional<uint> m_cookie; // of the request that was granted
+};
