@@ -61,6 +61,7 @@ struct BoardPayoff
 
 struct BoardPicture
 {
+    QString folder; // of the event, this computer's path
     QString banner;
     int race = 0;
     QList<BoardRow> rows;         // in the order of the posts
@@ -74,8 +75,8 @@ struct BoardPicture
     bool operator==(const BoardPicture &) const = default;
 };
 
-// The race's picture without its banner. \a scratched are the horses that ran before; \a cards are
-// those of the races around it, for bets that run over several.
+// The race's picture without folder and banner. \a scratched are the horses that ran before; \a
+// cards are those of the races around it, for bets that run over several.
 BoardPicture boardPicture(const RaceRecords &race, const QList<Horse> &scratched,
                           const CashJournal &journal, const std::map<int, HorseTable> &cards);
 

@@ -32,11 +32,6 @@ bool runs(const HorseTable &horses, const QString &name)
 
 } // namespace
 
-BoardReader::BoardReader(const HostPaths &paths)
-{
-    m_session.paths = paths;
-}
-
 std::optional<BoardPicture> BoardReader::look(const BoardWish &wish)
 {
     BoardPicture picture;
@@ -48,6 +43,7 @@ std::optional<BoardPicture> BoardReader::look(const BoardWish &wish)
     } catch (const FileError &) {
         picture = waiting();
     }
+    picture.folder = m_folder;
     picture.banner = wish.banner;
     if (picture == m_shown)
         return {};
@@ -57,11 +53,12 @@ std::optional<BoardPicture> BoardReader::look(const BoardWish &wish)
 
 void BoardReader::begin(const BoardWish &wish)
 {
-    if (wish.eventDirectory != m_wish.eventDirectory) {
-        m_races.clear();
+    if (wish.paths != m_wish.paths || wish.eventDirectory != m_wish.eventDirectory) {
+        m_races.clear(); // another event
         m_race = 0;
     }
     m_wish = wish;
+    m_session.paths = wish.paths;
     m_session.settings.eventDirectory = wish.eventDirectory;
     m_folder = eventFolder(m_session);
     if (!QFileInfo(m_folder).isDir())

@@ -14,6 +14,7 @@ struct BoardWish
         OneRace,
         Settled, // the settled races in turn; the followed one as long as none is settled
     };
+    HostPaths paths = HostPaths();
     QString eventDirectory = {}; // backslash form
     QString banner = {};
     QString computer = {}; // this computer's name in the event
@@ -30,8 +31,6 @@ struct BoardWish
 class BoardReader
 {
 public:
-    explicit BoardReader(const HostPaths &paths);
-
     // The picture, when it is another than that of the last look.
     std::optional<BoardPicture> look(const BoardWish &wish);
 

@@ -13,9 +13,8 @@ constexpr auto longestEnd = 2s; // that a closing board waits for a look under w
 
 } // namespace
 
-BoardLooker::BoardLooker(const HostPaths &paths)
-    : m_reader(paths)
-    , m_watcher(this)
+BoardLooker::BoardLooker()
+    : m_watcher(this)
     , m_every(this)
     , m_soon(this)
 {
@@ -62,9 +61,9 @@ void BoardLooker::watchFiles()
     }
 }
 
-BoardWatch::BoardWatch(const HostPaths &paths)
+BoardWatch::BoardWatch()
     : m_thread(std::make_unique<QThread>())
-    , m_looker(new BoardLooker(paths))
+    , m_looker(new BoardLooker)
     , m_silence(this)
 {
     m_looker->moveToThread(m_thread.get());

@@ -16,7 +16,7 @@ class BoardLooker : public QObject
     Q_OBJECT
 
 public:
-    explicit BoardLooker(const HostPaths &paths);
+    BoardLooker();
 
     // From now on this is what is looked for.
     void follow(const BoardWish &wish);
@@ -42,7 +42,7 @@ class BoardWatch : public QObject
     Q_OBJECT
 
 public:
-    explicit BoardWatch(const HostPaths &paths);
+    BoardWatch();
     ~BoardWatch() override;
 
     void follow(const BoardWish &wish);

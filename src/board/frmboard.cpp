@@ -48,7 +48,6 @@ int raceOfKey(int key)
 
 frmboard::frmboard(const ScreenContext &context)
     : m_context(context)
-    , m_watch(context.session.paths)
 {
     m_clock.start();
     build();
@@ -139,8 +138,9 @@ void frmboard::follow()
 {
     const Session &session = m_context.session;
     const int chosen = std::max(1, session.settings.currentRace);
-    m_watch.follow({session.settings.eventDirectory, session.settings.banner, computerName(session),
-                    m_shows, m_shows == BoardWish::Shows::OneRace ? m_race : chosen, m_turn});
+    m_watch.follow({session.paths, session.settings.eventDirectory, session.settings.banner,
+                    computerName(session), m_shows,
+                    m_shows == BoardWish::Shows::OneRace ? m_race : chosen, m_turn});
     refresh();
 }
 
@@ -178,8 +178,6 @@ void frmboard::stepRace(int by)
 void frmboard::entered()
 {
     lblnote->setText(u"F11 full screen, Escape back; 1 to 9, 0 - = a race; F follow; T results"_s);
-    if (isWindow() && otherDisplay())
-        enterFullScreen();
 }
 
 // The display that the operator's window is not on; null where there is only one.
@@ -293,8 +291,12 @@ void frmboard::mouseMoveEvent(QMouseEvent *event)
 void frmboard::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    if (!m_awake)
-        m_awake = std::make_unique<KeepAwake>();
+    if (m_awake)
+        return;
+    m_awake = std::make_unique<KeepAwake>();
+    // Before the system shows it: a window of the operator's that is shown there gets the keys.
+    if (isWindow() && !event->spontaneous() && otherDisplay())
+        enterFullScreen();
 }
 
 void frmboard::hideEvent(QHideEvent *event)

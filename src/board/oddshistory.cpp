@@ -14,7 +14,7 @@ double oddsToOne(const QString &odds)
 void OddsHistory::mark(BoardPicture &picture, qint64 now)
 {
     for (BoardRow &row : picture.rows) {
-        Times &times = m_seen[{picture.race, row.post}];
+        Times &times = m_seen[{picture.folder, picture.race, row.post}];
         row.move = OddsMove::None;
         if (row.odds.isEmpty()) {
             times.clear(); // its bets went back

@@ -24,5 +24,5 @@ private:
     };
     using Times = std::vector<Seen>; // when the odds became these, in order
 
-    std::map<std::pair<int, int>, Times> m_seen; // by race and post
+    std::map<std::tuple<QString, int, int>, Times> m_seen; // by event, race and post
 };

@@ -140,8 +140,7 @@ QWidget *Navigator::openBeside(const QString &name)
     screen->show();
     if (beside.entered)
         beside.entered(screen);
-    if (!screen->testAttribute(Qt::WA_ShowWithoutActivating))
-        bringToFront(screen);
+    bringToFront(screen);
     return screen;
 }
 
@@ -159,7 +158,8 @@ void Navigator::bringToFront(QWidget *beside)
     const auto bring = [beside] {
         beside->setWindowState(beside->windowState() & ~Qt::WindowMinimized);
         beside->raise();
-        beside->activateWindow();
+        if (!beside->testAttribute(Qt::WA_ShowWithoutActivating))
+            beside->activateWindow();
     };
     bring();
     Undisturbed::afterwards(beside, bring); // boxes give the front back to whom they took it from

@@ -60,14 +60,14 @@ public:
 
     // Makes the screen as a window of its own beside the one shown; both stay usable. It comes to
     // the front, and closes when the main window does.
-    // A window that shows without activating itself leaves the front and the keys to the others.
     QWidget *openBeside(const QString &name);
 
     // Brings the window of this name to the front that stands beside already; else opens it.
     void showBeside(const QString &name);
 
     // Brings a window beside to the front and makes it the one that is typed into, once the boxes
-    // of the handler at work are answered.
+    // of the handler at work are answered. One that shows without activating itself leaves the keys
+    // where they are.
     static void bringToFront(QWidget *beside);
 
     // Closes the windows beside; false when one refuses, which then stays.

@@ -86,8 +86,8 @@ private slots:
             TestEvent event;
             event.writeTwins(u"Horses Race1"_s, card);
             event.writeTwins(u"Bets Race1"_s, bets);
-            const BoardWish wish{event.session.settings.eventDirectory};
-            BoardReader reader(event.session.paths);
+            const BoardWish wish{event.session.paths, event.session.settings.eventDirectory};
+            BoardReader reader;
             const BoardPicture before = *reader.look(wish);
             QVERIFY(!reader.look(wish));
             harm(event);
@@ -109,9 +109,10 @@ private slots:
         recordCash(event.session, {lineOf(CashKind::Settled, 2)});
         const QStringList before = treeOf(event.path(u"C:\\"_s));
         allowWriting(event.path({}), false);
-        BoardReader reader(event.session.paths);
+        BoardReader reader;
         for (int race = 1; race <= raceCount; ++race)
-            QVERIFY(reader.look({event.session.settings.eventDirectory,
+            QVERIFY(reader.look({event.session.paths,
+                                 event.session.settings.eventDirectory,
                                  u"Cup"_s,
                                  {},
                                  BoardWish::Shows::OneRace,
@@ -126,8 +127,8 @@ private slots:
     {
         TestEvent event;
         Session &session = event.session;
-        BoardReader reader(session.paths);
-        BoardWish wish{session.settings.eventDirectory, {}, u"BOARD"_s};
+        BoardReader reader;
+        BoardWish wish{session.paths, session.settings.eventDirectory, {}, u"BOARD"_s};
         wish.race = 9;
         QCOMPARE(reader.look(wish)->race, 9);
         session.files.computer = u"DESK"_s;

@@ -89,11 +89,20 @@ private slots:
         clickButton(m_board, u"chkfollow"_s);
         event->session.settings.currentRace = 4;
         QTRY_COMPARE(race(), 4);
+
+        // Another event, as a night to practise is one.
+        QVERIFY(QDir().mkpath(event->path(u"D:\\Other"_s)));
+        event->write(u"D:\\Other\\Horses Race4"_s,
+                     horseRecords(cardOf({{1, 0, u"1"_s, u"ELSEWHERE"_s}})));
+        event->session.settings.eventDirectory = u"D:\\Other\\"_s;
+        QTRY_VERIFY(words().contains(u"ELSEWHERE"_s));
     }
 
-    // F11 and Escape are the board's own, and the operator's window keeps the focus.
+    // F11 and Escape are the board's own.
     void fullScreen()
     {
+        if (QGuiApplication::screens().size() > 1)
+            QSKIP("the board is full screen on the other display");
         for (const auto leave : {Qt::Key_F11, Qt::Key_Escape}) {
             QTest::keyClick(m_board, Qt::Key_F11);
             QVERIFY(m_board->isFullScreen() && !screen()->window()->isFullScreen());
@@ -104,6 +113,19 @@ private slots:
         }
         QTest::keyClick(m_board, Qt::Key_Escape);
         QVERIFY(!m_board->isVisible());
+    }
+
+    // The board fills the display that the operator's window is not on, and stays there.
+    void secondDisplay()
+    {
+        if (QGuiApplication::screens().size() == 1)
+            QSKIP("there is one display");
+        QVERIFY(m_board->isFullScreen());
+        QVERIFY(m_board->screen() != screen()->screen());
+        QCOMPARE(m_board->geometry(), m_board->screen()->geometry());
+        QVERIFY(!m_board->windowHandle()->transientParent()); // it stays where that is minimized
+        screen()->window()->resize(900, 600);                 // letters there become smaller
+        QCOMPARE(m_board->geometry(), m_board->screen()->geometry());
     }
 
 private:

@@ -26,6 +26,8 @@ public:
     static HostPaths sealed(const QString &dataFolder);
     bool areSealed() const { return m_sealed; }
 
+    bool operator==(const HostPaths &) const = default;
+
     // The host's path for a path in backslash form. Throws FileError: 76 for an empty path, 68 for
     // a drive that does not exist, 52 for a path that begins with neither a drive nor a computer.
     QString toHost(const QString &path) const;
