@@ -84,8 +84,8 @@ private slots:
         QCOMPARE(readBettors(event->session).sortedNames().size(), 41);
         open(u"frmpractice"_s);
         press(u"cmdleave"_s,
-              u"Leave practice and go back to the real event? What is not yet saved on this "
-              "screen is lost."_s,
+              u"Leave practice and go back to the real event? What is not yet saved on this screen "
+              "is lost."_s,
               u"Practice"_s, Answer::Yes);
         QVERIFY(event->isOpen(u"frminitb"_s));
         QCOMPARE(text(u"txtbanner"_s), u"Kentucky Derby Race1"_s);

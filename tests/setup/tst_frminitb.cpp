@@ -132,6 +132,7 @@ private slots:
                                                     {u"cmdok"_s, u"frmmenub"_s},
                                                     {u"Command1"_s, u"frmdirb"_s},
                                                     {u"cmdimpext"_s, u"frmimportb"_s},
+                                                    {u"cmdpractice"_s, u"frmpractice"_s},
                                                     {u"cmdhelp"_s, u"frmhelpb"_s}};
         for (const auto &[button, next] : ways) {
             for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {

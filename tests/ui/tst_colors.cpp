@@ -1,4 +1,5 @@
 #include "kit/screentest.h"
+#include "practice/parts/practicepanel.h"
 #include "screens.h"
 #include "ui/clickcell.h"
 #include "ui/colors.h"
@@ -14,7 +15,7 @@ std::pair<QPalette::ColorRole, QPalette::ColorRole> rolesOf(const QWidget *widge
     if (qobject_cast<const QLineEdit *>(widget) || qobject_cast<const TextCell *>(widget)
         || qobject_cast<const QAbstractItemView *>(widget))
         return {QPalette::Text, QPalette::Base};
-    return {QPalette::WindowText, QPalette::Window};
+    return {QPalette::WindowText, widget->backgroundRole()};
 }
 
 // What cannot be read well enough on the screen.
@@ -103,6 +104,9 @@ private slots:
         QApplication::setPalette(house);
         QCoreApplication::processEvents();
         QCOMPARE(faint(screen()).join(u' '), QString());
+        MainWindow *window = event->navigator().window();
+        window->setStrip(new PracticePanel({event->session, event->navigator(), event->printer}));
+        QCOMPARE(faint(window->strip()).join(u' '), QString());
         BoxRobot robot;
         for (const ScreenEntry &entry : allScreens()) {
             open(entry.name);
