@@ -128,12 +128,10 @@ private slots:
     // It is taken as Enter takes it, or dropped on purpose; Cancel goes nowhere.
     void bannerTypedWithoutEnter()
     {
-        const std::pair<QString, QString> ways[] = {{u"optrace_2"_s, u"frminitb"_s},
-                                                    {u"cmdok"_s, u"frmmenub"_s},
-                                                    {u"Command1"_s, u"frmdirb"_s},
-                                                    {u"cmdimpext"_s, u"frmimportb"_s},
-                                                    {u"cmdpractice"_s, u"frmpractice"_s},
-                                                    {u"cmdhelp"_s, u"frmhelpb"_s}};
+        const std::pair<QString, QString> ways[] = {
+            {u"optrace_2"_s, u"frminitb"_s},      {u"cmdok"_s, u"frmmenub"_s},
+            {u"Command1"_s, u"frmdirb"_s},        {u"cmdimpext"_s, u"frmimportb"_s},
+            {u"cmdpractice"_s, u"frmpractice"_s}, {u"cmdhelp"_s, u"frmhelpb"_s}};
         for (const auto &[button, next] : ways) {
             for (const Answer answer : {Answer::Cancel, Answer::No, Answer::Yes}) {
                 begin();
