@@ -107,7 +107,7 @@ BoardPicture BoardReader::read()
     if (!m_isTorn)
         rememberCard(race.horses);
     BoardPicture picture =
-        boardPicture(race, known.scratched, m_journals.journal(), cards(race.horses));
+        boardPicture(race, scratchedFrom(race.horses), m_journals.journal(), cards(race.horses));
     if (m_isTorn) {
         m_state.clear();
         picture.note = waitingForFiles();
@@ -146,20 +146,36 @@ QByteArray BoardReader::bytesOf(RecordFile file)
     return *bytes + end.missing;
 }
 
-// A horse that leaves a card on which others go on was scratched.
+// A horse that leaves a card on which others go on was scratched, however that was done.
 void BoardReader::rememberCard(const HorseTable &horses)
 {
     Known &known = m_races[m_race];
-    bool goesOn = false;
-    for (const Horse &before : known.card) {
-        goesOn |= !isUnused(before) && runs(horses, before.name);
-        if (!isUnused(before) && isUnused(horses.post(before.post)))
-            known.scratched.append(before);
-    }
-    known.scratched.removeIf([&](const Horse &horse) {
-        return !goesOn || !isUnused(horses.post(horse.post)) || runs(horses, horse.name);
+    const bool goesOn = std::ranges::any_of(known.card, [&](const Horse &before) {
+        return !isUnused(before) && runs(horses, before.name);
     });
+    if (!goesOn)
+        known.gone.clear();
+    for (const Horse &before : known.card) {
+        if (goesOn && !isUnused(before) && isUnused(horses.post(before.post)))
+            known.gone.append(before);
+    }
     known.card = horses;
+}
+
+// The horses that left the card while the board was shown, and those that the journals name.
+QList<Horse> BoardReader::scratchedFrom(const HorseTable &horses)
+{
+    QList<Horse> scratched = m_races[m_race].gone;
+    for (const CashEntry &line : m_journals.journal().lines) {
+        if (line.kind == CashKind::Scratched && line.race == m_race)
+            scratched.prepend({line.detail.section(u',', 0, 0).toInt(), 0,
+                               line.detail.section(u',', 1), line.name});
+    }
+    scratched.removeIf([&](const Horse &horse) {
+        return horse.post < 1 || horse.post > postCount || !isUnused(horses.post(horse.post))
+               || runs(horses, horse.name);
+    });
+    return scratched;
 }
 
 // The cards that the settled multibets of this race and of those before it need.

@@ -45,6 +45,7 @@ private:
     BoardPicture waiting();
     QByteArray bytesOf(RecordFile file);
     void rememberCard(const HorseTable &horses);
+    QList<Horse> scratchedFrom(const HorseTable &horses);
     std::map<int, HorseTable> cards(const HorseTable &horses);
 
     Session m_session; // the paths and the event directory alone
@@ -63,7 +64,7 @@ private:
     {
         std::optional<BoardPicture> picture; // the last one that was whole
         HorseTable card;
-        QList<Horse> scratched;
+        QList<Horse> gone; // horses that left it
     };
     std::map<int, Known> m_races;
 };

@@ -261,7 +261,7 @@ void frmboard::changeEvent(QEvent *event)
 void frmboard::keyPressEvent(QKeyEvent *event)
 {
     const int key = event->key();
-    if (event->modifiers() & ~Qt::KeypadModifier)
+    if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier))
         return QWidget::keyPressEvent(event);
     if (const int race = raceOfKey(key); race != 0)
         showRaces(BoardWish::Shows::OneRace, race);

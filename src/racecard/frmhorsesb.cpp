@@ -173,7 +173,7 @@ void frmhorsesb::scratchHorse()
     }
     if (askOkCancel(this, "Scratch "_L1 + horse.name, u"Horses"_s) && poolsAreValid()
         && mayReplaceCard())
-        lblnote->warn(scratchPost(answer.post, horse.name));
+        lblnote->warn(scratchPost(horse));
 }
 
 // Another computer may have written the card since it was loaded: a horse scratched there comes
@@ -201,12 +201,13 @@ bool frmhorsesb::mayReplaceCard()
 }
 
 // Refunds and removes the bets on the post and empties its row; returns what is left to know.
-QString frmhorsesb::scratchPost(int post, const QString &name)
+QString frmhorsesb::scratchPost(const Horse &horse)
 {
+    const int post = horse.post;
     Session &session = m_context.session;
     QStringList notes;
     if (!trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
-            const Scratch scratch = prepareScratch(session, post, name);
+            const Scratch scratch = prepareScratch(session, post, horse.name);
             const PrintTask task{u"Print Refunds"_s, ErrorStyle::DescriptionAndLabel};
             const Printed list =
                 printOrList(this, m_context, task, scratch.refunds, u"The refund list"_s);
@@ -218,13 +219,14 @@ QString frmhorsesb::scratchPost(int post, const QString &name)
                 notes.append(later + " that came meanwhile and are not refunded."_L1);
         }))
         return notes.join(u' ');
-    showMessage(this, name + "Scratched"_L1, u"Horses"_s);
+    showMessage(this, horse.name + "Scratched"_L1, u"Horses"_s);
 
     CardRows card = rows();
     card[std::size_t(post - 1)] = CardRow();
     showRows(card);
     trapErrors(this, ErrorStyle::DescriptionAndLabel, [&] {
         save();
+        recordScratch(session, post, horse.number, horse.name);
         const MultibetCount multibets = multibetsOn(session, post);
         if (multibets.bets > 0)
             notes.append(u"Multibets on post %1, not refunded: %2 (%3)"_s.arg(post)

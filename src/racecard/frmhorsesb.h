@@ -36,7 +36,7 @@ private:
     bool poolsAreValid();
     bool mayReplaceCard();
     void save();
-    QString scratchPost(int post, const QString &name);
+    QString scratchPost(const Horse &horse);
     QString unsavedNote() const;
 
     ScreenContext m_context;

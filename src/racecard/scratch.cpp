@@ -77,6 +77,13 @@ void removeScratchedBets(Session &session, const Scratch &scratch)
     removeBets(session, choose, refundScratch);
 }
 
+void recordScratch(Session &session, int post, const QString &number, const QString &name)
+{
+    CashEntry line{CashKind::Scratched, session.settings.currentRace, 0, name};
+    line.detail = QString::number(post) + u',' + number;
+    recordCash(session, {line});
+}
+
 QString betsNote(const PoolTable &pools, int post)
 {
     const float amount = pools.amount(post, totalColumn);

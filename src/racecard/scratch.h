@@ -30,6 +30,10 @@ Scratch prepareScratch(Session &session, int post, const QString &horseName);
 // computer added after the list was made stays.
 void removeScratchedBets(Session &session, const Scratch &scratch);
 
+// The horse has left the current race's card: the cash journal names it, so that every computer's
+// odds board can say so.
+void recordScratch(Session &session, int post, const QString &number, const QString &name);
+
 // "Post 3 has bets of $12.00", or an empty text when the loaded pools hold no money on the post.
 QString betsNote(const PoolTable &pools, int post);
 

@@ -1,6 +1,7 @@
 #include "board/boardreader.h"
 #include "board/oddshistory.h"
 #include "kit/testkit.h"
+#include "racecard/scratch.h"
 
 namespace {
 
@@ -142,6 +143,38 @@ private slots:
             QCOMPARE(reader.look(wish)->race, race);
             ++wish.turn;
         }
+    }
+
+    // A board that is opened after a scratch knows it from the journals, one that stood there saw
+    // it; a horse that runs again is not scratched, nor are those of another card.
+    void scratched()
+    {
+        TestEvent event;
+        const Horse silver{9, 0, u"7"_s, u"SILVER"_s};
+        const HorseTable before = cardOf({{1, 0, u"1"_s, u"A"_s}, {2, 0, u"2"_s, u"B"_s}, silver});
+        const HorseTable after = cardOf({{1, 0, u"1"_s, u"A"_s}, {2, 0, u"2"_s, u"B"_s}});
+        const auto gone = [](BoardReader &reader, const TestEvent &of) {
+            const auto picture =
+                reader.look({of.session.paths, of.session.settings.eventDirectory});
+            QStringList names;
+            for (const BoardRow &row : picture ? picture->rows : QList<BoardRow>())
+                names += row.isScratched ? row.number + row.name() : QString();
+            return names.join(QString());
+        };
+        BoardReader standing;
+        saveHorses(event.session, before);
+        QCOMPARE(gone(standing, event), QString());
+        saveHorses(event.session, after);
+        QCOMPARE(gone(standing, event), u"7SILVER"_s);
+        saveHorses(event.session, cardOf({{4, 0, u"4"_s, u"OTHER"_s}}));
+        QCOMPARE(gone(standing, event), QString());
+        saveHorses(event.session, after);
+        BoardReader opened;
+        QCOMPARE(gone(opened, event), QString());
+        recordScratch(event.session, 9, silver.number, silver.name);
+        QCOMPARE(gone(opened, event), u"7SILVER"_s);
+        saveHorses(event.session, before);
+        QCOMPARE(gone(opened, event), QString());
     }
 
     // Against the odds of three minutes ago, or the first that were seen.

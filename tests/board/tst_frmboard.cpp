@@ -1,3 +1,4 @@
+#include "board/parts/boardview.h"
 #include "common/event/cashjournal.h"
 #include "common/event/multibetrecords.h"
 #include "common/event/placement.h"
@@ -96,6 +97,25 @@ private slots:
                      horseRecords(cardOf({{1, 0, u"1"_s, u"ELSEWHERE"_s}})));
         event->session.settings.eventDirectory = u"D:\\Other\\"_s;
         QTRY_VERIFY(words().contains(u"ELSEWHERE"_s));
+    }
+
+    // The last row is on the picture too, whatever its size.
+    void lastRow()
+    {
+        for (const QSize &size : {QSize(1024, 768), QSize(1280, 720), QSize(1920, 1080)}) {
+            for (const int horses : {1, 5, 12, postCount}) {
+                BoardPicture picture;
+                for (int post = 1; post <= horses; ++post)
+                    picture.rows.append({.post = post, .names = {QString(post * 4, u'W')}});
+                BoardView view(nullptr);
+                view.resize(size);
+                view.setPicture(picture);
+                const QImage before = view.grab().toImage();
+                picture.rows.back().odds = u"5/2"_s;
+                view.setPicture(picture);
+                QVERIFY2(view.grab().toImage() != before, qPrintable(QString::number(horses)));
+            }
+        }
     }
 
     // F11 and Escape are the board's own.

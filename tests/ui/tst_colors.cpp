@@ -128,6 +128,20 @@ private slots:
         QVERIFY(frameContrast(std::make_unique<QRadioButton>().get(), house.window().color()) >= 3);
     }
 
+    // The board hangs where nobody can step nearer.
+    void board()
+    {
+        const BoardColors &colors = boardColors();
+        for (const QColor &ground : {colors.ground, colors.otherGround}) {
+            for (const QColor &words : {colors.text, colors.aside, colors.odds, colors.rising,
+                                        colors.falling, colors.notice})
+                QVERIFY2(contrast(words, ground) >= 7, qPrintable(words.name()));
+            for (const QColor &bar : colors.bars)
+                QVERIFY2(contrast(bar, ground) >= 3, qPrintable(bar.name()));
+        }
+        QVERIFY(contrast(colors.text, colors.head) >= 7);
+    }
+
     void cleanupTestCase() { QApplication::setPalette(QPalette()); }
 };
 

@@ -21,8 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array<const char *, cashKindCount> kindWords{
-    "bets",      "multibets", "added", "refund",  "settled", "paid",        "slip",
-    "multipaid", "takenback", "float", "counted", "closed",  "multisettled"};
+    "bets",      "multibets", "added", "refund",  "settled", "paid",         "slip",
+    "multipaid", "takenback", "float", "counted", "closed",  "multisettled", "scratched"};
 constexpr std::array<const char *, 3> modeWords{"normal", "532", "track"};
 
 const QString fileStart = u"Cash "_s;

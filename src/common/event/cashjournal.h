@@ -27,8 +27,9 @@ enum class CashKind {
     Counted,         // what is in the till by hand count; the last one counts
     Closed,          // the till was closed; the dollars are what was expected in it
     MultibetSettled, // the winners of a type of multibets were found, or that there are none
+    Scratched,       // a horse left the card; what goes back for it is a refund
 };
-inline constexpr int cashKindCount = 13;
+inline constexpr int cashKindCount = 14;
 
 // Whether money goes out by it to somebody who won.
 bool isPayment(CashKind kind);
@@ -69,7 +70,7 @@ struct CashEntry
     int bettor = 0;
     QString name = {};
     ExactMoney dollars = 0; // that moved
-    QString detail = {};    // number of bets, reason of a refund, text of a ticket
+    QString detail = {};    // number of bets, reason of a refund, text of a ticket, post and number
     ExactMoney owed = 0;    // of payments: before rounding; MultibetSettled: what $1 pays
     std::optional<RaceSettled> settled = {};
     int takesBack = 0; // TakenBack: the turn of the payment; the detail is its kind

@@ -223,6 +223,7 @@ void addEntry(Till &till, const CashEntry &entry)
     case CashKind::Added:
     case CashKind::Settled:
     case CashKind::MultibetSettled:
+    case CashKind::Scratched:
         return;
     case CashKind::Paid:
     case CashKind::Slip:
