@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs by apt what the named groups of packages lack; nothing when all is there.
-# Usage: install-packages.sh GROUP..., with the groups run, display, test, bench and share.
+# Usage: install-packages.sh GROUP..., with the groups run, display, test, windows, bench and share.
 set -euo pipefail
 
 declare -A groups=(
     [run]="g++ cmake ninja-build qt6-base-dev libqt6printsupport6 fonts-liberation"
     [display]="tigervnc-standalone-server openbox"
     [test]="git clang-format clang-tidy poppler-utils cups-daemon cups-client xvfb at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
+    [windows]="g++-mingw-w64-x86-64-posix"
     [bench]="libbenchmark-dev mawk sqlite3"
     [share]="samba smbclient cifs-utils"
 )

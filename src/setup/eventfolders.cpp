@@ -8,9 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <cerrno>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,15 +15,6 @@ namespace {
 QString withBackslash(const QString &folder)
 {
     return folder.endsWith(u'\\') ? folder : folder + u'\\';
-}
-
-// Names that some system of the room cannot have would strand the event on this computer.
-bool isFolderName(const QString &name)
-{
-    const bool forbidden = std::any_of(name.cbegin(), name.cend(), [](QChar character) {
-        return character < u' ' || u"\\/:*?\"<>|"_s.contains(character);
-    });
-    return !forbidden && !name.trimmed().isEmpty() && name != "."_L1 && name != ".."_L1;
 }
 
 void demandReady(const Session &session, const QString &folder, ErrorNumber otherwise)
@@ -74,15 +62,15 @@ void chooseFolder(Session &session, const QString &folder)
 void createFolder(Session &session, const QString &parent, const QString &name)
 {
     labelled(session, u"Directory-New"_s, [&] {
-        if (!isFolderName(name))
+        if (!isPortableName(name))
             throw FileError(ErrorNumber::BadFileName);
         const QString path = session.paths.toHost(withBackslash(parent) + name);
         if (QFileInfo::exists(path))
             throw FileError(ErrorNumber::PathFileAccess);
         demandReady(session, parent, ErrorNumber::PathNotFound);
-        errno = 0;
+        forgetSystemError();
         if (!QDir().mkdir(path))
-            throw FileError(errorFromSystem(lastSystemError()));
+            throw FileError(systemError());
     });
     saveInit(session, InitWriter::Directory, u"Init output-Directory"_s,
              u"Init output-Directory"_s);

@@ -12,6 +12,7 @@
 #include "ui/noteline.h"
 #include "ui/progressbox.h"
 #include "ui/prompts.h"
+#include "ui/undisturbed.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -285,7 +286,10 @@ void frminitb::startRun()
     settings.betsCleared = false;
     settings.banner.clear();
     settings.eventDirectory.clear();
-    askInitDrive();
+    if (!askInitDrive()) {
+        Undisturbed::afterwards(this, [this] { m_context.navigator.exitProgram(); });
+        return;
+    }
     bool whole = false;
     if (trap([&] { whole = readOrCreateInit(session); }) && !whole) {
         showMessage(this, u"Init is damaged - defaults are used for what cannot be read"_s,
@@ -302,7 +306,8 @@ void frminitb::startRun()
     showSettings();
 }
 
-void frminitb::askInitDrive()
+// False when there is no drive to work on, and the operator gave up.
+bool frminitb::askInitDrive()
 {
     Session &session = m_context.session;
     QString &drive = session.settings.initDrive;
@@ -317,9 +322,22 @@ void frminitb::askInitDrive()
             }
             drive = answer + u':';
         }
-        if (trap([&] { makeInitFolder(session); }))
-            return;
+        bool isMistyped = false;
+        const auto makeFolder = [&] {
+            try {
+                makeInitFolder(session);
+            } catch (const FileError &error) {
+                isMistyped = error.number() == ErrorNumber::BadFileName;
+                throw;
+            }
+        };
+        if (trap(makeFolder))
+            return true;
         drive.clear();
+        if (!isMistyped
+            && askYesNoCarefully(this, u"No files can be kept on this drive. Leave the program?"_s,
+                                 u"Init Drive"_s))
+            return false;
     }
 }
 

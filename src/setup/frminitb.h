@@ -34,7 +34,7 @@ private:
 
     void showSettings();
     void startRun();
-    void askInitDrive();
+    bool askInitDrive();
     bool isTooNarrow() const;
 
     void changeRaceTo(int race);

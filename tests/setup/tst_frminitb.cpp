@@ -39,11 +39,19 @@ private slots:
         // Accepted, but its folder cannot be made.
         expectInput(drivePrompt, u"Init Drive"_s, u"CD"_s);
         expect(u"Bad file name or number Init directory-Setup"_s, u"Init directory-Setup"_s);
+        // Nothing can be made there, but elsewhere.
+        expectBlockedDrive(Answer::No);
         expectInput(drivePrompt, u"Init Drive"_s, u"E"_s);
         expectPrinter(Answer::Yes);
         open(u"frminitb"_s);
         QCOMPARE(event->session.settings.eventDirectory, u"E:\\Trelawn\\"_s);
         QVERIFY(event->exists(u"Init"_s));
+
+        beginRun();
+        expectBlockedDrive(Answer::Yes);
+        open(u"frminitb"_s);
+        QCoreApplication::processEvents();
+        QVERIFY(!screen()->window()->isVisible());
     }
 
     void laterStart()
@@ -249,6 +257,17 @@ private:
 
     // Answers the drive prompt with its default.
     void expectDrive() { event->boxes.expectInputKept(drivePrompt, u"Init Drive"_s); }
+
+    // The drive D:, where nothing can be made, and whether the operator gives up.
+    void expectBlockedDrive(Answer givesUp)
+    {
+        const QDir drives(event->session.paths.dataFolder() + u"/drives"_s);
+        QVERIFY(drives.mkpath(u"."_s) && QFile(drives.filePath(u"D"_s)).open(QFile::WriteOnly));
+        expectInput(drivePrompt, u"Init Drive"_s, u"D"_s);
+        expect(u"Path not found Init directory-Setup"_s, u"Init directory-Setup"_s);
+        expect(u"No files can be kept on this drive. Leave the program?"_s, u"Init Drive"_s,
+               givesUp);
+    }
 
     void expectPrinter(Answer answer)
     {

@@ -7,12 +7,13 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <optional>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <sys/stat.h>
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
 #include <unistd.h>
 #endif
 
@@ -20,53 +21,108 @@ namespace {
 
 enum class Opening { Read, Append, Create };
 
+struct FileStatus
+{
+    qint64 size = 0; // in bytes
+    bool isOrdinary = false;
+};
+
+constexpr qintptr notOpen = -1;
+
 #ifdef Q_OS_WIN
-int openFile(const QString &path, Opening mode, Links links)
+HANDLE native(qintptr handle)
 {
-    int flags = _O_BINARY | _O_NOINHERIT;
-    flags |= mode == Opening::Read ? _O_RDONLY : _O_RDWR | _O_APPEND;
-    if (mode == Opening::Create)
-        flags |= _O_CREAT | _O_EXCL;
+    return reinterpret_cast<HANDLE>(handle);
+}
+
+// Others may read, write, replace and delete it meanwhile, as elsewhere.
+constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+qintptr openFile(const QString &path, Opening mode, Links links)
+{
+    const QString name = QDir::toNativeSeparators(path);
+    const DWORD access = mode == Opening::Read ? GENERIC_READ : GENERIC_READ | FILE_APPEND_DATA;
+    const DWORD creation = mode == Opening::Create ? CREATE_NEW : OPEN_EXISTING;
     if (links == Links::Refused && QFileInfo(path).isSymLink()) {
-        errno = EEXIST;
-        return -1;
+        SetLastError(ERROR_FILE_EXISTS);
+        return notOpen;
     }
-    return _wopen(reinterpret_cast<const wchar_t *>(path.utf16()), flags, _S_IREAD | _S_IWRITE);
+    return reinterpret_cast<qintptr>(CreateFileW(reinterpret_cast<const wchar_t *>(name.utf16()),
+                                                 access, shared, nullptr, creation,
+                                                 FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-using FileStatus = struct _stat64;
-
-int statusOf(int handle, FileStatus &status)
+std::optional<FileStatus> statusOf(qintptr handle)
 {
-    return _fstat64(handle, &status);
+    LARGE_INTEGER size = {};
+    if (GetFileType(native(handle)) != FILE_TYPE_DISK)
+        return FileStatus();
+    if (!GetFileSizeEx(native(handle), &size))
+        return {};
+    return FileStatus{size.QuadPart, true};
 }
 
-qint64 readAt(int handle, char *bytes, qint64 count, qint64 offset)
+qint64 readAt(qintptr handle, char *bytes, qint64 count, qint64 offset)
 {
-    return _lseeki64(handle, offset, SEEK_SET) < 0 ? -1 : _read(handle, bytes, unsigned(count));
+    OVERLAPPED place = {};
+    place.Offset = DWORD(offset);
+    place.OffsetHigh = DWORD(offset >> 32);
+    DWORD done = 0;
+    if (ReadFile(native(handle), bytes, DWORD(count), &done, &place))
+        return done;
+    return GetLastError() == ERROR_HANDLE_EOF ? 0 : -1;
 }
 
-qint64 writeOn(int handle, const char *bytes, qint64 count)
+qint64 writeOn(qintptr handle, const char *bytes, qint64 count)
 {
-    return _write(handle, bytes, unsigned(count));
+    DWORD done = 0;
+    return WriteFile(native(handle), bytes, DWORD(count), &done, nullptr) ? qint64(done) : -1;
 }
 
-int cutFile(int handle, qint64 size)
+// Whoever may only append needs another handle for it.
+int cutFile(qintptr handle, qint64 size)
 {
-    return _chsize_s(handle, size);
+    const HANDLE writing = ReOpenFile(native(handle), GENERIC_WRITE, shared, 0);
+    if (writing == INVALID_HANDLE_VALUE)
+        return -1;
+    LARGE_INTEGER end = {};
+    end.QuadPart = size;
+    const bool isCut = SetFilePointerEx(writing, end, nullptr, FILE_BEGIN) && SetEndOfFile(writing);
+    CloseHandle(writing);
+    return isCut ? 0 : -1;
 }
 
-int flushFile(int handle)
+int flushFile(qintptr handle)
 {
-    return _commit(handle);
+    return FlushFileBuffers(native(handle)) ? 0 : -1;
 }
 
-void closeFile(int handle)
+void closeFile(qintptr handle)
 {
-    _close(handle);
+    CloseHandle(native(handle));
+}
+
+bool isInterrupted()
+{
+    return false;
+}
+
+bool existsAlready()
+{
+    return GetLastError() == ERROR_FILE_EXISTS || GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+bool hasNoPlaces()
+{
+    return false;
+}
+
+bool cannotFlush()
+{
+    return GetLastError() == ERROR_INVALID_FUNCTION || GetLastError() == ERROR_NOT_SUPPORTED;
 }
 #else
-int openFile(const QString &path, Opening mode, Links links)
+qintptr openFile(const QString &path, Opening mode, Links links)
 {
     // A pipe that nobody writes to would stop the program here; it is refused once it is open.
     int flags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
@@ -78,83 +134,110 @@ int openFile(const QString &path, Opening mode, Links links)
     return open(QFile::encodeName(path).constData(), flags, 0666);
 }
 
-using FileStatus = struct stat;
-
-int statusOf(int handle, FileStatus &status)
+std::optional<FileStatus> statusOf(qintptr handle)
 {
-    return fstat(handle, &status);
+    struct stat status = {};
+    if (fstat(int(handle), &status) != 0)
+        return {};
+    return FileStatus{status.st_size, S_ISREG(status.st_mode)};
 }
 
-qint64 readAt(int handle, char *bytes, qint64 count, qint64 offset)
+qint64 readAt(qintptr handle, char *bytes, qint64 count, qint64 offset)
 {
-    return pread(handle, bytes, size_t(count), offset);
+    return pread(int(handle), bytes, size_t(count), offset);
 }
 
-qint64 writeOn(int handle, const char *bytes, qint64 count)
+qint64 writeOn(qintptr handle, const char *bytes, qint64 count)
 {
-    return write(handle, bytes, size_t(count));
+    return write(int(handle), bytes, size_t(count));
 }
 
-int cutFile(int handle, qint64 size)
+int cutFile(qintptr handle, qint64 size)
 {
-    return ftruncate(handle, size);
+    return ftruncate(int(handle), size);
 }
 
-int flushFile(int handle)
+int flushFile(qintptr handle)
 {
-    return fsync(handle);
+#ifdef Q_OS_DARWIN
+    // There fsync leaves the bytes in the drive's own memory.
+    if (fcntl(int(handle), F_FULLFSYNC) == 0)
+        return 0;
+#endif
+    return fsync(int(handle));
 }
 
-void closeFile(int handle)
+void closeFile(qintptr handle)
 {
-    close(handle);
+    close(int(handle));
+}
+
+bool isInterrupted()
+{
+    return errno == EINTR;
+}
+
+bool existsAlready()
+{
+    return errno == EEXIST;
+}
+
+bool hasNoPlaces()
+{
+    return errno == ESPIPE;
+}
+
+bool cannotFlush()
+{
+    return errno == EINVAL || errno == ENOTSUP;
 }
 #endif
-
-[[noreturn]] void throwSystemError()
-{
-    throw FileError(errno != 0 ? errorFromSystem(errno) : ErrorNumber::DeviceIoError);
-}
 
 // Repeats a system call that a signal interrupted.
 qint64 uninterrupted(const auto &call)
 {
     qint64 result;
     do {
-        errno = 0;
+        forgetSystemError();
         result = call();
-    } while (result < 0 && errno == EINTR);
+    } while (result < 0 && isInterrupted());
     return result;
+}
+
+// What cannot flush (a pipe, some network shares) says so; nothing is lost by that.
+bool isFlushed(qintptr handle)
+{
+    return uninterrupted([handle] { return flushFile(handle); }) == 0 || cannotFlush();
 }
 
 } // namespace
 
-FileError openError(const QString &path, int systemError)
+FileError openError(const QString &path, ErrorNumber reason)
 {
     const QFileInfo info(path);
     if (!info.dir().exists())
         return FileError(ErrorNumber::PathNotFound);
     if (info.exists() && !info.isFile())
         return FileError(ErrorNumber::PathFileAccess);
-    return FileError(systemError != 0 ? errorFromSystem(systemError) : ErrorNumber::DeviceIoError);
+    return FileError(reason);
 }
 
 HostFile::HostFile(const QString &path, Mode mode, Links links)
 {
     const Opening opening = mode == Mode::Read ? Opening::Read : Opening::Append;
-    m_handle = int(uninterrupted([&] { return openFile(path, opening, links); }));
-    if (m_handle < 0)
-        throw openError(path, errno);
+    m_handle = qintptr(uninterrupted([&] { return openFile(path, opening, links); }));
+    if (m_handle == notOpen)
+        throw openError(path, systemError());
 }
 
 std::unique_ptr<HostFile> HostFile::createNew(const QString &path)
 {
-    const int handle =
-        int(uninterrupted([&] { return openFile(path, Opening::Create, Links::Followed); }));
-    if (handle < 0 && errno == EEXIST)
+    const auto handle =
+        qintptr(uninterrupted([&] { return openFile(path, Opening::Create, Links::Followed); }));
+    if (handle == notOpen && existsAlready())
         return {};
-    if (handle < 0)
-        throw openError(path, errno);
+    if (handle == notOpen)
+        throw openError(path, systemError());
     return std::unique_ptr<HostFile>(new HostFile(handle));
 }
 
@@ -165,12 +248,13 @@ HostFile::~HostFile()
 
 qint64 HostFile::size() const
 {
-    FileStatus status = {};
-    if (statusOf(m_handle, status) != 0)
-        throwSystemError();
-    if ((status.st_mode & S_IFMT) != S_IFREG)
+    forgetSystemError();
+    const auto status = statusOf(m_handle);
+    if (!status)
+        throw FileError(systemError());
+    if (!status->isOrdinary)
         throw FileError(ErrorNumber::PathFileAccess);
-    return status.st_size;
+    return status->size;
 }
 
 QByteArray HostFile::read(qint64 offset, qint64 count) const
@@ -178,10 +262,8 @@ QByteArray HostFile::read(qint64 offset, qint64 count) const
     QByteArray bytes(count, Qt::Uninitialized);
     const qint64 result =
         uninterrupted([&] { return readAt(m_handle, bytes.data(), count, offset); });
-    if (result < 0 && errno == ESPIPE)
-        throw FileError(ErrorNumber::PathFileAccess);
     if (result < 0)
-        throwSystemError();
+        throw FileError(hasNoPlaces() ? ErrorNumber::PathFileAccess : systemError());
     bytes.truncate(result);
     return bytes;
 }
@@ -209,20 +291,18 @@ void HostFile::append(const QByteArray &bytes)
         const qint64 written = uninterrupted(
             [&] { return writeOn(m_handle, bytes.constData() + done, bytes.size() - done); });
         if (written <= 0)
-            throwSystemError();
+            throw FileError(systemError());
         done += written;
     }
 }
 
 void HostFile::flush()
 {
-    // What cannot flush (some network shares) says EINVAL; nothing is lost by that.
-    if (uninterrupted([this] { return flushFile(m_handle); }) != 0 && errno != EINVAL)
-        throwSystemError();
+    if (!isFlushed(m_handle))
+        throw FileError(systemError());
 }
 
 bool HostFile::cutTo(qint64 size)
 {
-    return uninterrupted([&] { return cutFile(m_handle, size); }) == 0
-           && (uninterrupted([this] { return flushFile(m_handle); }) == 0 || errno == EINVAL);
+    return uninterrupted([&] { return cutFile(m_handle, size); }) == 0 && isFlushed(m_handle);
 }

@@ -49,13 +49,14 @@ public:
     bool cutTo(qint64 size);
 
 private:
-    explicit HostFile(int handle)
+    explicit HostFile(qintptr handle)
         : m_handle(handle)
     {
     }
 
-    int m_handle = -1;
+    qintptr m_handle = -1;
 };
 
-// The error of a file that could not be opened with \a systemError (errno).
-FileError openError(const QString &path, int systemError);
+// The error of a file that could not be opened for this reason, as far as nothing else is wrong
+// with the path.
+FileError openError(const QString &path, ErrorNumber reason);

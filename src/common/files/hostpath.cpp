@@ -4,7 +4,9 @@
 #include "common/files/hostsystem.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QMap>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -60,23 +62,35 @@ QString anyCase(const QString &folder, const QString &name)
     return dir.filePath(name);
 }
 
-// A path below the root of a drive. The folder above a root is the root itself, so that no path
-// leads out of its drive. Throws 52 for a second colon.
-QString below(const QString &root, const QString &rest)
+// The names on a path below a root. The folder above a root is the root itself, so that no path
+// leads out of its drive. Throws 52 for a name that is not portable.
+QStringList namesOn(const QString &path)
 {
-    if (rest.contains(u':'))
-        throw FileError(ErrorNumber::BadFileName);
     QStringList names;
-    for (const QString &name : QString(rest).replace(u'\\', u'/').split(u'/')) {
+    for (const QString &name : QString(path).replace(u'\\', u'/').split(u'/')) {
         if (name == ".."_L1)
             names.resize(std::max<qsizetype>(0, names.size() - 1));
         else if (!name.isEmpty() && name != "."_L1)
             names.append(name);
     }
-    return QDir::cleanPath(root + u'/' + names.join(u'/'));
+    if (!std::ranges::all_of(names, isPortableName))
+        throw FileError(ErrorNumber::BadFileName);
+    return names;
 }
 
 } // namespace
+
+bool isPortableName(const QString &name)
+{
+    const auto isForbidden = [](QChar character) {
+        return character < u' ' || u"\\/:*?\"<>|"_s.contains(character);
+    };
+    static const QRegularExpression device(
+        u"^(CON|PRN|AUX|NUL|CONIN\\$|CONOUT\\$|(COM|LPT)[0-9\u00b9\u00b2\u00b3])(\\.|$)"_s,
+        QRegularExpression::CaseInsensitiveOption);
+    return !name.isEmpty() && std::ranges::none_of(name, isForbidden) && !name.endsWith(u'.')
+           && !name.endsWith(u' ') && !device.match(name).hasMatch();
+}
 
 HostPaths::HostPaths(const QString &dataFolder)
     : m_dataFolder(!dataFolder.isEmpty()
@@ -102,24 +116,42 @@ QString HostPaths::toHost(const QString &path) const
 {
     if (path.isEmpty())
         throw FileError(ErrorNumber::PathNotFound);
-    if (haveNativeDrives())
-        return QDir::fromNativeSeparators(path);
-    if (path.startsWith("\\\\"_L1)) {
-        const QStringList names = path.mid(2).replace(u'/', u'\\').split(u'\\', Qt::SkipEmptyParts);
+    const auto below = [](const QString &root, const QStringList &names) {
+        return QDir::cleanPath(root + u'/' + names.join(u'/'));
+    };
+    const QString slashed = QString(path).replace(u'/', u'\\');
+    if (slashed.startsWith("\\\\"_L1)) {
+        const QStringList names = slashed.mid(2).split(u'\\', Qt::SkipEmptyParts);
         if (names.size() < 2 || names.contains(u".."_s))
             throw FileError(ErrorNumber::BadFileName);
-        QString root = m_sealed ? QString() : mountedShare(names[0], names[1]);
-        if (root.isEmpty())
-            root = anyCase(anyCase(m_dataFolder + "/network"_L1, names[0]), names[1]);
-        return below(root, names.mid(2).join(u'\\'));
+        return below(shareRoot(names[0], names[1]), namesOn(names.mid(2).join(u'\\')));
     }
-    if (path.size() < 2 || path[1] != u':' || !isDriveLetter(path[0].toUpper()))
+    const bool hasRoot = slashed.size() >= 2 && isDriveLetter(slashed[0].toUpper())
+                         && slashed[1] == u':' && (slashed.size() == 2 || slashed[2] == u'\\');
+    if (!hasRoot)
         throw FileError(ErrorNumber::BadFileName);
-    return below(driveRoot(path[0].toUpper()), path.mid(2));
+    return below(driveRoot(slashed[0].toUpper()), namesOn(slashed.mid(2)));
+}
+
+QString HostPaths::shareRoot(const QString &computer, const QString &share) const
+{
+    if (haveNativeDrives())
+        return "//"_L1 + computer + u'/' + share;
+    const QString root = m_sealed ? QString() : mountedShare(computer, share);
+    return root.isEmpty() ? anyCase(anyCase(m_dataFolder + "/network"_L1, computer), share) : root;
 }
 
 QString HostPaths::driveRoot(QChar letter) const
 {
+    if (haveNativeDrives()) {
+        const QString root = QString(letter) + ":/"_L1;
+        const auto isDrive = [&](const QFileInfo &drive) {
+            return drive.absolutePath().compare(root, Qt::CaseInsensitive) == 0;
+        };
+        if (!std::ranges::any_of(QDir::drives(), isDrive))
+            throw FileError(ErrorNumber::DeviceUnavailable);
+        return root;
+    }
     // C:, D: and E: always exist: they are made on first use.
     if (letter >= u'C' && letter <= u'E') {
         const QString root = m_dataFolder + "/drives/"_L1 + letter;

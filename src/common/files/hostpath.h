@@ -10,6 +10,10 @@ struct Drive
     QString label; // the volume's name, empty when it has none
 };
 
+// Whether a folder or file may have the name on every system. Events travel: one whose name some
+// computer of the room cannot open would be stranded.
+bool isPortableName(const QString &name);
+
 // Where the paths of settings, Init and screens (C:\Trelawn\, \\NAME\Tshare\) are on this computer.
 //
 // Without native drives, C:, D: and E: are folders below <data folder>/drives; further single
@@ -29,7 +33,8 @@ public:
     bool operator==(const HostPaths &) const = default;
 
     // The host's path for a path in backslash form. Throws FileError: 76 for an empty path, 68 for
-    // a drive that does not exist, 52 for a path that begins with neither a drive nor a computer.
+    // a drive that does not exist, 52 for a path that begins with neither a drive's root nor a
+    // computer, or holds a name that is not portable.
     QString toHost(const QString &path) const;
 
     // The folder that holds drives/ and network/.
@@ -40,6 +45,7 @@ public:
 
 private:
     QString driveRoot(QChar letter) const;
+    QString shareRoot(const QString &computer, const QString &share) const;
 
     bool haveNativeDrives() const;
 

@@ -1,15 +1,23 @@
 #include "common/files/hostsystem.h"
 
+#include "common/files/networkmounts.h"
+
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QHash>
+#include <QHostAddress>
+#include <QHostInfo>
 #include <QLibrary>
 #include <QStorageInfo>
+#include <QThread>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
 #ifdef Q_OS_WIN
-#include <io.h>
+#include <windows.h>
 #else
 #include <fcntl.h>
 #include <signal.h>
@@ -21,15 +29,92 @@
 
 using namespace Qt::StringLiterals;
 
-ErrorNumber errorFromSystem(int systemError)
+namespace {
+
+// What a share says whose computer went away.
+bool isDeadShare(int code)
 {
-    switch (systemError) {
+#ifdef Q_OS_WIN
+    Q_UNUSED(code);
+    return false;
+#else
+    constexpr int dead[] = {EHOSTDOWN, EHOSTUNREACH, ENETDOWN,     ENETUNREACH,  ETIMEDOUT,
+                            ESTALE,    ENOTCONN,     ECONNREFUSED, ECONNABORTED, ECONNRESET};
+    return std::ranges::find(dead, code) != std::end(dead);
+#endif
+}
+
+bool isHeldByAnother()
+{
+#ifdef Q_OS_WIN
+    const DWORD code = GetLastError();
+    return code == ERROR_ACCESS_DENIED || code == ERROR_SHARING_VIOLATION
+           || code == ERROR_LOCK_VIOLATION;
+#else
+    return errno == EBUSY || errno == ETXTBSY;
+#endif
+}
+
+#ifdef Q_OS_WIN
+const wchar_t *nativeName(const QString &path)
+{
+    return reinterpret_cast<const wchar_t *>(path.utf16());
+}
+#endif
+
+// The shares mounted now. Where the system has a list of its mounts it is read alone: QStorageInfo
+// asks every volume about itself, and a share may take its time.
+QList<NetworkMount> networkMounts()
+{
+    QList<NetworkMount> mounts;
+    const auto add = [&mounts](const std::optional<NetworkMount> &mount) {
+        if (mount)
+            mounts.append(*mount);
+    };
+#ifdef Q_OS_LINUX
+    FILE *list = setmntent("/proc/self/mounts", "re");
+    while (const mntent *mount = list ? getmntent(list) : nullptr)
+        add(networkMount(QString::fromLocal8Bit(mount->mnt_fsname),
+                         QString::fromLocal8Bit(mount->mnt_dir),
+                         QString::fromLocal8Bit(mount->mnt_opts)));
+    if (list)
+        endmntent(list);
+    const QDir shown("/run/user/"_L1 + QString::number(getuid()) + "/gvfs"_L1);
+    for (const QString &name : shown.entryList({u"smb-share:*"_s}, QDir::Dirs))
+        add(fileManagerMount(shown.filePath(name)));
+#else
+    for (const QStorageInfo &info : QStorageInfo::mountedVolumes())
+        add(networkMount(QString::fromLocal8Bit(info.device()), info.rootPath()));
+#endif
+    return mounts;
+}
+
+// Asked once for each name: the answer may take its time.
+QStringList addressesOf(const QString &computer)
+{
+    static QHash<QString, QStringList> known;
+    if (!known.contains(computer)) {
+        QStringList addresses;
+        for (const QHostAddress &address : QHostInfo::fromName(computer).addresses())
+            addresses.append(address.toString());
+        known.insert(computer, addresses);
+    }
+    return known.value(computer);
+}
+
+} // namespace
+
+ErrorNumber errorFromErrno(int code)
+{
+    switch (code) {
     case ENOENT:
         return ErrorNumber::FileNotFound;
     case ENOTDIR:
         return ErrorNumber::PathNotFound;
     case EACCES:
     case EPERM:
+    case EBUSY: // another computer holds it
+    case ETXTBSY:
         return ErrorNumber::PermissionDenied;
     case EISDIR:
     case EEXIST:
@@ -54,31 +139,81 @@ ErrorNumber errorFromSystem(int systemError)
         return ErrorNumber::DiskNotReady;
 #endif
     default:
+        return isDeadShare(code) ? ErrorNumber::DeviceUnavailable : ErrorNumber::DeviceIoError;
+    }
+}
+
+ErrorNumber errorFromWindows(unsigned long code)
+{
+    switch (code) {
+    case 2: // file not found
+        return ErrorNumber::FileNotFound;
+    case 3:  // path not found
+    case 53: // network path not found
+    case 64: // network name no longer available
+    case 67: // network name not found
+        return ErrorNumber::PathNotFound;
+    case 5:  // access denied
+    case 32: // sharing violation
+    case 33: // lock violation
+        return ErrorNumber::PermissionDenied;
+    case 15: // no such drive
+        return ErrorNumber::DeviceUnavailable;
+    case 19:  // write protected
+    case 80:  // file exists
+    case 183: // already exists
+        return ErrorNumber::PathFileAccess;
+    case 21: // not ready
+        return ErrorNumber::DiskNotReady;
+    case 39: // disk full
+    case 112:
+        return ErrorNumber::DiskFull;
+    case 123: // bad name
+    case 206: // name too long
+        return ErrorNumber::BadFileName;
+    default:
         return ErrorNumber::DeviceIoError;
     }
 }
 
-int lastSystemError()
+void forgetSystemError()
 {
-    return errno;
+    errno = 0;
+#ifdef Q_OS_WIN
+    SetLastError(0);
+#endif
 }
 
-void flushToDisk(QFileDevice &file)
+ErrorNumber systemError(ErrorNumber unsaid)
 {
 #ifdef Q_OS_WIN
-    const int result = _commit(file.handle());
+    const DWORD code = GetLastError();
+    return code == 0 ? unsaid : errorFromWindows(code);
 #else
-    const int result = fsync(file.handle());
+    return errno == 0 ? unsaid : errorFromErrno(errno);
 #endif
-    // Devices that cannot flush (a pipe, some network shares) say EINVAL; nothing is lost by that.
-    if (result != 0 && errno != EINVAL)
-        throw FileError(errorFromSystem(errno));
+}
+
+bool patiently(const std::function<bool()> &work)
+{
+    constexpr qint64 patience = 2000; // milliseconds
+    constexpr unsigned long pause = 50;
+    QElapsedTimer waiting;
+    waiting.start();
+    for (;;) {
+        forgetSystemError();
+        if (work())
+            return true;
+        if (!isHeldByAnother() || waiting.hasExpired(patience))
+            return false;
+        QThread::msleep(pause);
+    }
 }
 
 void flushFolder(const QString &folder)
 {
 #ifdef Q_OS_WIN
-    Q_UNUSED(folder);
+    Q_UNUSED(folder); // renaming writes through
 #else
     const int handle = open(folder.toLocal8Bit().constData(), O_RDONLY | O_CLOEXEC);
     if (handle >= 0) {
@@ -88,34 +223,38 @@ void flushFolder(const QString &folder)
 #endif
 }
 
-int moveToNewName(const QString &from, const QString &to)
+std::optional<ErrorNumber> moveToNewName(const QString &from, const QString &to)
 {
-    errno = 0;
+    forgetSystemError();
 #ifdef Q_OS_WIN
-    const auto name = [](const QString &path) {
-        return reinterpret_cast<const wchar_t *>(path.utf16());
-    };
-    return _wrename(name(from), name(to)) == 0 ? 0 : errno; // never replaces here
+    if (MoveFileExW(nativeName(from), nativeName(to), MOVEFILE_WRITE_THROUGH)) // never replaces
+        return {};
+    return systemError();
 #else
     const QByteArray old = QFile::encodeName(from);
     const QByteArray wanted = QFile::encodeName(to);
     if (link(old.constData(), wanted.constData()) == 0) {
         unlink(old.constData());
-        return 0;
+        return {};
     }
-    if (errno == EEXIST)
-        return errno;
     // A volume without second names for a file; there the event's lock keeps others away.
-    if (access(wanted.constData(), F_OK) == 0)
-        return EEXIST;
-    errno = 0;
-    return rename(old.constData(), wanted.constData()) == 0 ? 0 : errno;
+    if (errno == EEXIST || access(wanted.constData(), F_OK) == 0)
+        return ErrorNumber::PathFileAccess;
+    forgetSystemError();
+    if (rename(old.constData(), wanted.constData()) == 0)
+        return {};
+    return systemError();
 #endif
 }
 
 bool renameFile(const QString &from, const QString &to)
 {
+#ifdef Q_OS_WIN
+    return MoveFileExW(nativeName(from), nativeName(to),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+#else
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+#endif
 }
 
 QString thisMachine()
@@ -155,25 +294,8 @@ QList<Volume> removableVolumes()
 
 QString mountedShare(const QString &computer, const QString &share)
 {
-    const QString wanted = "//"_L1 + computer + u'/' + share;
-#ifdef Q_OS_LINUX
-    // The list alone: QStorageInfo asks every volume about itself, and a share may take its time.
-    FILE *mounts = setmntent("/proc/self/mounts", "re");
-    QString root;
-    while (const mntent *mount = mounts ? getmntent(mounts) : nullptr) {
-        if (QString::fromLocal8Bit(mount->mnt_fsname).compare(wanted, Qt::CaseInsensitive) == 0)
-            root = QString::fromLocal8Bit(mount->mnt_dir);
-    }
-    if (mounts)
-        endmntent(mounts);
-    return root;
-#else
-    for (const QStorageInfo &info : QStorageInfo::mountedVolumes()) {
-        if (QString::fromLocal8Bit(info.device()).compare(wanted, Qt::CaseInsensitive) == 0)
-            return info.rootPath();
-    }
-    return {};
-#endif
+    const auto mount = mountOfShare(networkMounts(), computer, share, addressesOf);
+    return mount ? mount->root : QString();
 }
 
 bool hasNativeDrives()

@@ -2,29 +2,38 @@
 
 #include "common/files/fileerror.h"
 
-#include <QFileDevice>
 #include <QList>
 #include <QString>
 
+#include <functional>
+#include <optional>
+
 // Everything that differs between operating systems stands behind these functions and HostFile.
 
-// The error number for the operating system's own error code (errno).
-ErrorNumber errorFromSystem(int systemError);
+// The error number for an error code of the C library (errno), and for one of Windows
+// (GetLastError). 57 for a code that says nothing special.
+ErrorNumber errorFromErrno(int code);
+ErrorNumber errorFromWindows(unsigned long code);
 
-// The error code of the system call that failed last in this thread.
-int lastSystemError();
+// Before a call, whatever makes it: forgets which calls failed earlier.
+void forgetSystemError();
 
-// Hands what was written to \a file to the disk itself; throws FileError when that fails.
-void flushToDisk(QFileDevice &file);
+// Why the call after that failed; \a unsaid when the system gave no reason.
+ErrorNumber systemError(ErrorNumber unsaid = ErrorNumber::DeviceIoError);
+
+// Does what fails as long as another program holds the file: another computer, a virus scanner, a
+// sync client. Tries again for about 2 s; false when it failed, for the reason systemError gives.
+bool patiently(const std::function<bool()> &work);
 
 // Makes a rename or a new name in \a folder survive a power loss, where the system offers it.
 void flushFolder(const QString &folder);
 
-// Gives a file the name \a to in the same folder, unless there is one by that name. Returns 0, or
-// the operating system's error code.
-int moveToNewName(const QString &from, const QString &to);
+// Gives a file the name \a to in the same folder, unless there is one by that name. Returns why
+// not, if so: 75 when there is one.
+std::optional<ErrorNumber> moveToNewName(const QString &from, const QString &to);
 
-// Gives a file another name, which no other file may have. False when that fails.
+// Gives a file another name in its folder; one that has the name is replaced. False when that
+// fails.
 bool renameFile(const QString &from, const QString &to);
 
 // What tells this running system from every other, also from one that bears the same name.
@@ -44,7 +53,8 @@ struct Volume
 // The removable volumes mounted now, in the order of their root folders.
 QList<Volume> removableVolumes();
 
-// The root folder of the mounted network share //computer/share (any case), or empty.
+// The root folder of the mounted network share //computer/share (any case), or empty. The share may
+// have been mounted for a user, by the computer's full name or address, or in a file manager.
 QString mountedShare(const QString &computer, const QString &share);
 
 // True where C:\ and \\NAME\ paths are the system's own and need no mapping.

@@ -8,11 +8,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 #include <algorithm>
-#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +19,40 @@ namespace {
 QString otherName(const QString &path)
 {
     return path + u'.' + QString::number(QRandomGenerator::global()->generate(), 36);
+}
+
+// A link is kept: what it leads to is replaced.
+QString targetOf(const QString &path)
+{
+    constexpr int mostLinks = 40;
+    QString target = path;
+    for (int links = 0; links < mostLinks && QFileInfo(target).isSymLink(); ++links)
+        target = QFileInfo(target).symLinkTarget();
+    return target;
+}
+
+// The bytes on the disk in a file of their own, next to the path; returns its name.
+QString writeBeside(const QString &path, const QByteArray &bytes)
+{
+    const QString made = otherName(path);
+    try {
+        const auto file = HostFile::createNew(made);
+        if (!file)
+            throw FileError(ErrorNumber::PathFileAccess);
+        file->append(bytes);
+        file->flush();
+    } catch (const FileError &) {
+        QFile::remove(made);
+        throw;
+    }
+    return made;
+}
+
+void renameOver(const QString &made, const QString &path)
+{
+    if (!patiently([&] { return renameFile(made, path); }))
+        throw openError(path, systemError());
+    flushFolder(QFileInfo(path).path());
 }
 
 // What the bytes 0x80 to 0x9F mean in Windows-1252; five of them mean nothing.
@@ -53,47 +85,41 @@ void replaceRecordFile(const QString &path, const QByteArray &bytes)
     Replacement(path, bytes).commit();
 }
 
+// A rename that others hold up is tried again, which QSaveFile does not offer.
 Replacement::Replacement(const QString &path, const QByteArray &bytes)
-    : m_file(path)
+    : m_path(targetOf(path))
 {
-    if (QFileInfo(path).isDir())
+    const QFileInfo old(m_path);
+    if (old.isDir())
         throw FileError(ErrorNumber::PathFileAccess);
-    errno = 0;
-    if (!m_file.open(QIODevice::WriteOnly))
-        throw openError(path, lastSystemError());
-    errno = 0;
-    if (m_file.write(bytes) != bytes.size() || !m_file.flush()) {
-        const int systemError = lastSystemError();
-        m_file.cancelWriting();
-        throw FileError(errorFromSystem(systemError));
-    }
-    try {
-        flushToDisk(m_file);
-    } catch (const FileError &) {
-        m_file.cancelWriting();
-        throw;
-    }
+    if (old.exists() && !old.isWritable())
+        throw FileError(ErrorNumber::PermissionDenied);
+    m_made = writeBeside(m_path, bytes);
+    if (old.exists())
+        QFile::setPermissions(m_made, old.permissions());
+}
+
+Replacement::~Replacement()
+{
+    if (!m_made.isEmpty())
+        QFile::remove(m_made);
 }
 
 void Replacement::commit()
 {
-    errno = 0;
-    if (!m_file.commit())
-        throw FileError(errorFromSystem(lastSystemError()));
-    flushFolder(QFileInfo(m_file.fileName()).path());
+    renameOver(m_made, m_path);
+    m_made.clear();
 }
 
 void replaceUnreadable(const QString &path, const QByteArray &bytes)
 {
-    const QString made = otherName(path);
-    createRecordFile(made, bytes);
-    errno = 0;
-    if (!renameFile(made, path)) {
-        const int systemError = lastSystemError();
+    const QString made = writeBeside(path, bytes);
+    try {
+        renameOver(made, path);
+    } catch (const FileError &) {
         QFile::remove(made);
-        throw openError(path, systemError);
+        throw;
     }
-    flushFolder(QFileInfo(path).path());
 }
 
 void appendSafely(HostFile &file, qint64 size, const QByteArray &lines)
@@ -112,48 +138,38 @@ void appendSafely(HostFile &file, qint64 size, const QByteArray &lines)
 
 bool createRecordFile(const QString &path, const QByteArray &bytes)
 {
-    int systemError = EEXIST;
+    std::optional<ErrorNumber> failed = ErrorNumber::PathFileAccess;
     if (bytes.isEmpty()) {
-        systemError = HostFile::createNew(path) ? 0 : EEXIST;
+        if (HostFile::createNew(path))
+            failed.reset();
     } else if (!QFileInfo::exists(path)) {
         // The bytes are on the disk under another name before the file has its own.
-        const QString made = otherName(path);
-        try {
-            const auto file = HostFile::createNew(made);
-            if (!file)
-                throw FileError(ErrorNumber::PathFileAccess);
-            file->append(bytes);
-            file->flush();
-        } catch (const FileError &) {
-            QFile::remove(made);
-            throw;
-        }
-        systemError = moveToNewName(made, path);
-        if (systemError != 0)
+        const QString made = writeBeside(path, bytes);
+        failed = moveToNewName(made, path);
+        if (failed)
             QFile::remove(made);
         flushFolder(QFileInfo(path).path());
     }
-    if (systemError != 0 && !QFileInfo(path).isFile())
-        throw openError(path, systemError);
-    return systemError == 0;
+    if (failed && !QFileInfo(path).isFile())
+        throw openError(path, *failed);
+    return !failed;
 }
 
 void deleteRecordFile(const QString &path)
 {
-    errno = 0;
-    if (QFile::remove(path) || !QFileInfo::exists(path)) {
-        flushFolder(QFileInfo(path).path());
-        return;
+    if (!patiently([&] { return QFile::remove(path); })) {
+        const ErrorNumber reason = systemError(ErrorNumber::PathFileAccess);
+        if (QFileInfo::exists(path))
+            throw FileError(reason);
     }
-    const int systemError = lastSystemError();
-    throw FileError(systemError ? errorFromSystem(systemError) : ErrorNumber::PathFileAccess);
+    flushFolder(QFileInfo(path).path());
 }
 
 void makeFolder(const QString &path)
 {
-    errno = 0;
+    forgetSystemError();
     if (!QDir().mkpath(path))
-        throw FileError(errorFromSystem(lastSystemError()));
+        throw FileError(systemError());
 }
 
 QString storableText(const QString &text)

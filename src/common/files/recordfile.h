@@ -4,7 +4,6 @@
 #include "common/files/recordlines.h"
 
 #include <QByteArray>
-#include <QSaveFile>
 #include <QString>
 
 #include <optional>
@@ -31,10 +30,13 @@ class Replacement
 {
 public:
     Replacement(const QString &path, const QByteArray &bytes);
+    ~Replacement();
+    Q_DISABLE_COPY_MOVE(Replacement)
     void commit();
 
 private:
-    QSaveFile m_file;
+    QString m_path; // of the file itself, when a link leads to it
+    QString m_made; // the new content; empty once it is committed
 };
 
 // Replaces a file that cannot be read, whoever may write it.

@@ -3,6 +3,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#ifndef __cpp_lib_to_chars
+#include <locale>
+#include <sstream>
+#endif
 
 namespace {
 
@@ -16,6 +20,30 @@ std::string_view trimmed(std::string_view text)
         return {};
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
+
+#ifdef __cpp_lib_to_chars
+std::optional<double> decimalNumber(std::string_view text)
+{
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size())
+        return {};
+    return value;
+}
+#else
+// Some standard libraries read floating numbers from streams alone.
+std::optional<double> decimalNumber(std::string_view text)
+{
+    double value = 0;
+    std::istringstream stream{std::string(text)};
+    stream.imbue(std::locale::classic());
+    const bool isDecimal = text.find_first_not_of("0123456789.eE+-") == std::string_view::npos
+                           && !text.starts_with('+');
+    if (!isDecimal || !(stream >> value) || stream.peek() != std::istringstream::traits_type::eof())
+        return {};
+    return value;
+}
+#endif
 
 } // namespace
 
@@ -95,11 +123,8 @@ std::optional<double> fieldNumber(const RecordField &field)
     std::string_view text = trimmed(field.text);
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size() || !std::isfinite(value))
-        return {};
-    return value;
+    const std::optional<double> value = decimalNumber(text);
+    return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
 std::optional<int> fieldInteger(const RecordField &field, int lowest, int highest)

@@ -21,7 +21,14 @@ private slots:
             {u"\\\\DESK-PC\\Tshare/../x"_s, {}, 52},
             {u"\\\\DESK-PC\\"_s, {}, 52}, // a computer without a share
             {u"W:\\x"_s, {}, 68},
-            {u"Trelawn\\Bets"_s, {}, 52}};
+            {u"Trelawn\\Bets"_s, {}, 52},
+            {u"C:Trelawn"_s, {}, 52},
+            {u"C:"_s, u"/drives/C"_s, 0},
+            {u"C:\\CONCERT\\com10"_s, u"/drives/C/CONCERT/com10"_s, 0},
+            {u"C:\\con\\Bets"_s, {}, 52}, // names that some system cannot open
+            {u"C:\\Lpt1.old"_s, {}, 52},
+            {u"C:\\Party.\\Bets"_s, {}, 52},
+            {u"C:\\Party \\Bets"_s, {}, 52}};
         for (const auto &[path, below, error] : cases) {
             QString found;
             QCOMPARE(errorOf([&, &path = path] {
