@@ -21,10 +21,11 @@ build() { # $1 is a preset
     cmake --build --preset "$1" -- --quiet
 }
 
-scripts/install-packages.sh run test
+scripts/install-packages.sh run test windows
 step "Style and structure" style
 step "Build as released, warnings are errors" build release
 step "clang-tidy" scripts/check-tidy.sh build/release
+step "Read by a compiler for Windows" scripts/check-windows.sh build/release
 step "Build with the address and undefined behaviour sanitizers" build asan
 
 echo "== Tests under the sanitizers"

@@ -23,14 +23,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Where a step is taken.
-enum class Place { Main, Satellite, All };
+enum class Role { Main, Satellite, All };
 
 // A step that is only told has no button; a transfer's button opens its drive choice.
 struct Step
 {
     QString name;
     QString text;
-    Place place = Place::All;
+    Role role = Role::All;
     QString screen = {};
 };
 
@@ -39,18 +39,18 @@ QList<Step> steps()
 {
     return {
         {{}, u"Before the races"_s},
-        {u"lblstep_1"_s, u"1. Enter Horses and Bettor names on the main computer"_s, Place::Main},
-        {u"lblstep_2"_s, u"2. Insert a thumb drive in the main computer"_s, Place::Main},
+        {u"lblstep_1"_s, u"1. Enter Horses and Bettor names on the main computer"_s, Role::Main},
+        {u"lblstep_2"_s, u"2. Insert a thumb drive in the main computer"_s, Role::Main},
         {u"cmdsavebh"_s,
-         u"3. Click here  to Save Bettors, Horses from main computer to thumb drive"_s, Place::Main,
+         u"3. Click here  to Save Bettors, Horses from main computer to thumb drive"_s, Role::Main,
          u"frmdrive"_s},
         {u"lblstep_4"_s,
          u"4. Insert the thumb drive from the main computer  in a satellite computer"_s,
-         Place::Satellite},
+         Role::Satellite},
         {u"cmdloadbh"_s,
          u"5. Click here to Load Bettors, Horses on satellite computers from thumb drive. Repeat "
          "this step for each satellite computer"_s,
-         Place::Satellite, u"frmsatdrv"_s},
+         Role::Satellite, u"frmsatdrv"_s},
         {{}, u"During the races"_s},
         {u"cmdreturn"_s, u"6. Click here to return to Menu in Multiple Computer mode"_s},
         {u"lblstep_7"_s, u"7. Bets are entered on all computers"_s},
@@ -60,16 +60,16 @@ QList<Step> steps()
          "A thumb drive will only hold bets for one computer. If you only have one "
          "thumb drive, be sure to load the bets to the main computer after each load "
          "of bets to a thumb drive."_s,
-         Place::Satellite},
+         Role::Satellite},
         {u"cmdsavebets"_s,
-         u"9. Click here to Save Bets from satellite computers to a thumb drive"_s,
-         Place::Satellite, u"frmsatun"_s},
+         u"9. Click here to Save Bets from satellite computers to a thumb drive"_s, Role::Satellite,
+         u"frmsatun"_s},
         {u"lblstep_10"_s, u"10. Insert the thumb drive with bets into the main computer"_s,
-         Place::Main},
+         Role::Main},
         {u"cmdaddbets"_s,
          u"11. Click here to Add New Bets to the main computer from a thumb drive. Repeat steps "
          "10. and 11. for each satellite computer."_s,
-         Place::Main, u"frmmainld"_s},
+         Role::Main, u"frmmainld"_s},
     };
 }
 
@@ -122,11 +122,11 @@ void frmmc::build()
             continue;
         }
         QWidget *made = makeStep(step.name, step.text, step.screen);
-        const int column = step.place == Place::Satellite ? 1 : 0;
+        const int column = step.role == Role::Satellite ? 1 : 0;
         int row = 0;
         while (group->itemAtPosition(row, column))
             ++row;
-        group->addWidget(made, row, column, 1, step.place == Place::All ? 2 : 1);
+        group->addWidget(made, row, column, 1, step.role == Role::All ? 2 : 1);
     }
     setTip(cmdreturn, roleIsNotSaved);
     layout->addWidget(makeHeading(this, u"lblimportant"_s, roleIsNotSaved));

@@ -29,7 +29,8 @@ public:
         , m_picture(picture)
     {
         // The payoffs of multibets stand in two columns below the finish.
-        const double below = double((picture.payoffs.size() + 1) / 2);
+        const qsizetype lines = (picture.payoffs.size() + 1) / 2;
+        const auto below = double(lines);
         const double rows = double(picture.finish.size());
         const double free = room.height() * (1 - finishHead);
         m_payoffHeight = std::min(highestPayoff * room.height(), free / (2 * rows + below));
@@ -44,8 +45,10 @@ public:
         for (qsizetype place = 0; place < m_picture.finish.size(); ++place, y += m_rowHeight)
             paintFinisher(place, y);
         y += m_payoffHeight * 0.2;
-        for (qsizetype i = 0; i < m_picture.payoffs.size(); ++i)
-            paintPayoff(m_picture.payoffs[i], i % 2, y + double(i / 2) * m_payoffHeight);
+        for (qsizetype i = 0; i < m_picture.payoffs.size(); ++i) {
+            const qsizetype line = i / 2;
+            paintPayoff(m_picture.payoffs[i], i % 2, y + double(line) * m_payoffHeight);
+        }
     }
 
 private:
