@@ -213,7 +213,7 @@ void frmbettorsb::showPlaceOf(const QString &typed)
 
 void frmbettorsb::add()
 {
-    if (txtbettorname->text().isEmpty())
+    if (txtbettorname->text().trimmed().isEmpty())
         return;
     lblnote->warn(standingNote());
     Session &session = m_context.session;
@@ -358,7 +358,7 @@ QString frmbettorsb::lostChanges() const
 
 bool frmbettorsb::isNameTyped() const
 {
-    const QString typed = txtbettorname->text();
+    const QString typed = txtbettorname->text().trimmed();
     return m_loaded && !typed.isEmpty()
            && m_context.session.bettors.slotOf(bettorNameFor(typed)) == 0;
 }

@@ -99,9 +99,10 @@ private:
     // room for them.
     void shareWidth(double width)
     {
+        constexpr double slack = 1.04; // letters of another size are not as wide as that would be
         double fixed = 0;
-        for (const double each : m_widths)
-            fixed += each;
+        for (double &each : m_widths)
+            fixed += each *= slack;
         const double most = width * (1 - nameShare);
         const double scale = std::min(1.0, most / fixed);
         for (const int column : {Number, Odds, Move, Win, Place, Show}) {
