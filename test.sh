@@ -14,6 +14,7 @@ step() { # $1 names the step, the rest is its command
 style() {
     scripts/check-format.sh
     scripts/check-includes.sh
+    scripts/check-guide.sh
 }
 
 build() { # $1 is a preset

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Takes the README's pictures anew from the program as it is released.
+# Takes the pictures of the README and the guide anew from the program as it is released.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

@@ -1,10 +1,10 @@
-// Takes the pictures of the README from the real program: an evening in a temporary folder, clicked
-// through as an operator does. Usage: pictures FOLDER
+// Takes the pictures of the README and the guide from the real program: the night of the practice
+// event in a temporary folder, clicked through as an operator does. Usage: pictures FOLDER
 
-#include "common/event/eventfiles.h"
 #include "common/event/init.h"
-#include "common/event/racefiles.h"
-#include "common/files/recordfile.h"
+#include "practice/madeevent.h"
+#include "practice/practice.h"
+#include "reports/eventreports.h"
 #include "screens.h"
 #include "ui/look.h"
 #include "ui/mainwindow.h"
@@ -38,14 +38,9 @@ public:
         m_session.settings.started = true;
         setFirstInit(m_session);
         m_session.settings.eventDirectory = defaultEventDirectory(m_session.settings);
-        m_session.settings.banner = u"Harbour Club Race Night"_s;
-        m_session.settings.roundingIndex = 3;
-        makeInitFolder(m_session);
-        CreateEventFiles(m_session);
-        saveInit(m_session);
+        makeFiles();
         m_printer.setDestination([](const Slip &) {});
         qApp->installEventFilter(this);
-        fill();
     }
 
     void open(const QString &screen, int race)
@@ -152,36 +147,15 @@ private:
         return m_navigator.current()->findChild<Widget *>(name);
     }
 
-    void write(RecordFile file, int race, const QByteArray &bytes)
+    // The made-up guests bet in practice alone; then it is a real night's event.
+    void makeFiles()
     {
-        replaceRecordFile(mainFile(m_session, file, race), bytes);
-        replaceRecordFile(twinFile(m_session, file, race), bytes);
-    }
-
-    void fill()
-    {
-        const QStringList names{u"SECOND WIND"_s,  u"LUCKY CHARM"_s,  u"MISTY MORNING"_s,
-                                u"THUNDER ROAD"_s, u"PAPER MOON"_s,   u"RED RIBBON"_s,
-                                u"BLUE MONDAY"_s,  u"WHISKY CHASER"_s};
-        HorseTable horses;
-        for (int post = 1; post <= names.size(); ++post)
-            horses.post(post) = {post, post <= 2 ? 1 : 0,
-                                 post == 2 ? u"1A"_s : QString::number(std::max(1, post - 1)),
-                                 names[post - 1]};
-        QByteArray bettors = "1,\"AnyBettor\"\r\n";
-        int number = 1;
-        for (const char *name : {"ADAMS-JOHN", "BAKER-ANN", "BAKER-TOM", "CARTER-SUE", "DAVIS-PAT",
-                                 "EVANS-KATE", "FOSTER-JIM", "GRAY-MARIA", "HILL-BOB", "IRWIN-LEE"})
-            bettors += QByteArray::number(++number) + ",\"" + name + "\"\r\n";
-        write(RecordFile::Bettors, 0, bettors);
-        for (int race = 1; race <= 4; ++race) {
-            write(RecordFile::Horses, race, horseRecords(horses));
-            QByteArray bets;
-            for (int n = 0; n < 60; ++n)
-                bets += betLine({float(2 + n * 7 % 10), float(1 + n * 5 % 8), float(1 + n % 3),
-                                 float(2 + n * n % 9)});
-            write(RecordFile::Bets, race, bets);
-        }
+        m_session.realEvent = std::make_shared<const Session>(m_session);
+        makeEventOfGuests(m_session, lessonRace, {});
+        m_session.realEvent.reset();
+        m_session.settings.banner = u"Harbour Club Race Night"_s;
+        m_session.settings.roundingIndex = 3;
+        saveInit(m_session);
     }
 
     const QString m_pictures;
@@ -209,10 +183,24 @@ void takePractice(Evening &evening)
     evening.take(u"practice"_s);
 }
 
+// What the organiser meets: the event, several computers, the till.
+void takeSetting(Evening &evening)
+{
+    evening.open(u"frminitb"_s, 3);
+    evening.take(u"setup"_s);
+    evening.open(u"frmmc"_s, 3);
+    evening.take(u"computers"_s);
+    evening.open(u"frmreportb"_s, 3);
+    evening.press(u"optreport_"_s + QString::number(int(ReportKind::Cash)));
+    evening.type(u"txtfloat"_s, u"200"_s);
+    evening.press(u"cmdsofar"_s);
+    evening.take(u"till"_s);
+}
+
 void takePictures(Evening &evening)
 {
     evening.open(u"frmsheetb"_s, 2);
-    evening.choose(u"lstentries"_s, u"BAKER-ANN"_s);
+    evening.choose(u"lstentries"_s, u"CHANDLER-MAY"_s);
     evening.clickCell(u"txtone_4"_s);
     evening.clickCell(u"txtnumber_21"_s);
     evening.clickCell(u"txtone_3"_s);
@@ -223,25 +211,26 @@ void takePictures(Evening &evening)
 
     evening.open(u"frmpaywinnersb"_s, 2);
     const std::pair<QString, QString> finish[] = {
-        {u"cmdwinner"_s, u"1 "_s}, {u"cmdplace"_s, u"3 "_s}, {u"cmdshow"_s, u"5 "_s}};
+        {u"cmdwinner"_s, u"1 "_s}, {u"cmdplace"_s, u"3 "_s}, {u"cmdshow"_s, u"2 "_s}};
     for (const auto &[button, horse] : finish) {
         evening.choose(u"lsthorses"_s, horse);
         evening.press(button);
     }
     evening.type(u"txthousepct"_s, u"10"_s);
     evening.press(u"cmdpayoff"_s);
-    evening.choose(u"lstwinners"_s, u"BAKER-ANN"_s);
+    evening.choose(u"lstwinners"_s, {});
     evening.press(u"cmdpay"_s);
     evening.take(u"paywinners"_s);
 
     evening.open(u"frmmulti"_s, 3);
-    evening.choose(u"lstentries"_s, u"GRAY-MARIA"_s);
+    evening.choose(u"lstentries"_s, u"GROVE-HELEN"_s);
     evening.press(u"cmdtrifecta"_s);
     for (const int cell : {2, 21 + 4, 21 + 5, 42 + 6})
         evening.clickCell(u"txtnum_"_s + QString::number(cell));
     evening.clickCell(u"txtbetamt"_s);
     evening.take(u"multibets"_s);
 
+    takeSetting(evening);
     evening.open(u"frmmenub"_s, 3);
     evening.take(u"menu"_s);
     evening.takeBoard(u"board"_s);
