@@ -4,7 +4,6 @@
 #include <QNetworkAccessManager>
 #include <QNetworkProxyFactory>
 #include <QNetworkReply>
-#include <QTimer>
 #include <QUrl>
 
 #include <memory>
@@ -15,15 +14,6 @@ namespace {
 
 constexpr int longestPart = 255;  // of scheme, host, user name and password
 constexpr int longestPath = 1024; // of path and query
-
-class SystemProxy : public QNetworkProxyFactory
-{
-public:
-    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &query) override
-    {
-        return systemProxyForQuery(query);
-    }
-};
 
 // True for an address that HTTP can serve and whose parts are not absurdly long.
 bool isServable(const QUrl &url)
@@ -72,8 +62,9 @@ QByteArray FetchUrl(const QString &address, QString &contentType, const QString 
         return {};
 
     QNetworkAccessManager manager;
-    manager.setProxyFactory(new SystemProxy);
+    QNetworkProxyFactory::setUseSystemConfiguration(true);
     QNetworkRequest request = requestFor(url);
+    request.setTransferTimeout(int(rules.silence.count()));
     std::unique_ptr<QNetworkReply> reply;
     if (hasData && mode == fetchPost) {
         request.setHeader(QNetworkRequest::ContentTypeHeader,
@@ -86,15 +77,11 @@ QByteArray FetchUrl(const QString &address, QString &contentType, const QString 
 
     QByteArray body;
     bool failed = false;
-    QTimer silence;
-    silence.setSingleShot(true);
-    silence.setInterval(rules.silence);
     const auto giveUp = [&] {
         failed = true;
         reply->abort();
     };
     const auto readPieces = [&] {
-        silence.start();
         while (!failed && reply->bytesAvailable() > 0) {
             const QByteArray piece = reply->read(chunkSize);
             if (piece.isEmpty())
@@ -105,12 +92,10 @@ QByteArray FetchUrl(const QString &address, QString &contentType, const QString 
         }
     };
     QEventLoop loop;
-    QObject::connect(&silence, &QTimer::timeout, &loop, giveUp);
     QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, readPieces);
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     if (rules.started)
         rules.started(giveUp);
-    silence.start();
     if (!reply->isFinished())
         loop.exec();
     readPieces();
