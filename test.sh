@@ -18,15 +18,16 @@ style() {
 }
 
 build() { # $1 is a preset
-    cmake --preset "$1" >/dev/null
+    cmake --preset "$1" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON >/dev/null
     cmake --build --preset "$1" -- --quiet
 }
 
-scripts/install-packages.sh run test windows
+scripts/install-packages.sh run test windows package
 step "Style and structure" style
 step "Build as released, warnings are errors" build release
 step "clang-tidy" scripts/check-tidy.sh build/release
 step "Read by a compiler for Windows" scripts/check-windows.sh build/release
+step "Package for Debian" scripts/make-package.sh
 step "Build with the address and undefined behaviour sanitizers" build asan
 
 echo "== Tests under the sanitizers"

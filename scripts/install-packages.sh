@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs by apt what the named groups of packages lack; nothing when all is there.
-# Usage: install-packages.sh GROUP..., with the groups run, display, test, windows, bench and share.
+# Usage: install-packages.sh GROUP..., with the groups run, display, test, windows, package, root, icons,
+# bench and share.
 set -euo pipefail
 
 declare -A groups=(
@@ -9,6 +10,9 @@ declare -A groups=(
     [test]="git clang-format clang-tidy poppler-utils cups-daemon cups-client xvfb at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
     [windows]="g++-mingw-w64-x86-64-posix"
     [bench]="libbenchmark-dev mawk sqlite3"
+    [package]="lintian desktop-file-utils appstream man-db dpkg-dev"
+    [root]="debootstrap xvfb openbox xdotool imagemagick cups-daemon cups-client poppler-utils"
+    [icons]="librsvg2-bin"
     [share]="samba smbclient cifs-utils"
 )
 

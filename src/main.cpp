@@ -6,6 +6,7 @@
 #include "ui/slipprinter.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 #include <optional>
@@ -45,6 +46,19 @@ std::optional<int> answerAlone(int argc, char *argv[])
     return {};
 }
 
+// What the desktop knows the program by.
+void introduce()
+{
+    QApplication::setApplicationName(u"trelawn"_s);
+    QApplication::setApplicationVersion(QStringLiteral(TRELAWN_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral(TRELAWN_ID));
+    QIcon icon;
+    for (const auto *file :
+         {":/icons/trelawn-48.png", ":/icons/trelawn-128.png", ":/icons/trelawn-256.png"})
+        icon.addFile(QString::fromLatin1(file));
+    QApplication::setWindowIcon(icon);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -54,8 +68,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     if (argc > 1) // what the toolkit has not taken
         return refuse(argv[1]);
-    QApplication::setApplicationName(u"trelawn"_s);
-    QApplication::setApplicationVersion(QStringLiteral(TRELAWN_VERSION));
+    introduce();
     applyLook(application);
 
     Session session;
