@@ -2,7 +2,7 @@
 # Everything that must hold before a change lands: style, checks, the product as it is released, and
 # all tests under the sanitizers. Tells how long each step took; ends with the test runner's summary.
 set -euo pipefail
-cd "$(dirname "$0")"
+cd "$(dirname "$(readlink -f "$0")")"
 
 step() { # $1 names the step, the rest is its command
     local began=$SECONDS
@@ -18,12 +18,13 @@ style() {
 }
 
 build() { # $1 is a preset
-    cmake --preset "$1" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON >/dev/null
+    scripts/configure.sh "$1" "$PWD/build/$1" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
     cmake --build --preset "$1" -- --quiet
 }
 
-scripts/install-packages.sh run test windows package
+scripts/install-packages.sh run display test windows package
 step "Style and structure" style
+step "./run.sh in odd places" scripts/try-run.sh
 step "Build as released, warnings are errors" build release
 step "clang-tidy" scripts/check-tidy.sh build/release
 step "Read by a compiler for Windows" scripts/check-windows.sh build/release

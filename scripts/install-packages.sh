@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
 # Installs by apt what the named groups of packages lack; nothing when all is there.
-# Usage: install-packages.sh GROUP..., with the groups run, display, test, windows, package, root, icons,
-# bench and share.
+# Usage: install-packages.sh GROUP..., with the groups run, wayland, display, test, windows, package, root,
+# icons, bench and share.
 set -euo pipefail
 
 declare -A groups=(
-    [run]="g++ cmake ninja-build qt6-base-dev libqt6printsupport6 fonts-liberation"
+    [run]="g++ cmake ninja-build qt6-base-dev fonts-liberation ca-certificates"
+    [wayland]="qt6-wayland"
     [display]="tigervnc-standalone-server openbox"
     [test]="git clang-format clang-tidy poppler-utils cups-daemon cups-client xvfb at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
     [windows]="g++-mingw-w64-x86-64-posix"
@@ -16,6 +17,24 @@ declare -A groups=(
     [share]="samba smbclient cifs-utils"
 )
 
+# Where there is no apt, what builds and runs the program may be there under other names.
+without_apt() {
+    local runs="^( (run|wayland))+ $"
+    if [[ " $* " =~ $runs ]] && command -v c++ && command -v cmake && command -v ninja; then
+        exit 0
+    fi >/dev/null
+    echo "This system has no apt. Please install what these packages of Debian hold, and try again:"
+    for group in "$@"; do
+        echo "    ${groups[$group]}"
+    done
+    echo "What builds and runs the program is called elsewhere:
+    Fedora    gcc-c++ cmake ninja-build qt6-qtbase-devel qt6-qtwayland liberation-fonts
+    openSUSE  gcc-c++ cmake ninja qt6-base-devel qt6-wayland liberation-fonts
+    Arch      gcc cmake ninja qt6-base qt6-wayland ttf-liberation"
+    exit 1
+} >&2
+command -v apt-get >/dev/null && command -v dpkg-query >/dev/null || without_apt "$@"
+
 missing=()
 for group in "$@"; do
     for package in ${groups[$group]}; do
@@ -25,9 +44,24 @@ for group in "$@"; do
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
-echo "Installing ${missing[*]}"
 as_root=()
-[ "$(id -u)" -eq 0 ] || as_root=(sudo)
-"${as_root[@]}" apt-get update -qq
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+if [ "$(id -u)" -ne 0 ]; then
+    as_root=(sudo)
+    if ! command -v sudo >/dev/null || { [ ! -t 0 ] && ! sudo -n true 2>/dev/null; }; then
+        echo "Packages are missing that only an administrator can install:" >&2
+        echo "    apt-get install --no-install-recommends ${missing[*]}" >&2
+        exit 1
+    fi
+fi
+echo "Installing ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+{
+    "${as_root[@]}" apt-get update -qq || true # without a network the known lists may do
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+} >"$log" 2>&1 || {
+    cat "$log" >&2
+    echo "These packages could not be installed: ${missing[*]}" >&2
+    exit 1
+}

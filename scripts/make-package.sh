@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh run package
-cmake --preset release >/dev/null
+scripts/configure.sh release
 cmake --build --preset release -- --quiet
 folder=build/release/package
 rm -rf "$folder"

@@ -4,6 +4,6 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh run
-cmake --preset release >/dev/null
+scripts/configure.sh release
 cmake --build --preset release --target pictures -- --quiet
 QT_QPA_PLATFORM=offscreen build/release/docs/pictures/pictures docs/pictures
