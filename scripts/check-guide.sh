@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # The pages for people stay true to the program: what stands in bold in docs/guide is a caption of a
 # screen, what stands in quotes is said by one, and a chapter that is named is in the program's own
-# guide, which alone tells what each button does. Links lead to files.
+# guide, which alone tells what each button does. Links and backticked paths lead to files.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 pages=(docs/guide/*.md)
-linking=(README.md CHANGELOG.md docs/*.md "${pages[@]}")
+linking=(README.md CONTRIBUTING.md CHANGELOG.md docs/*.md "${pages[@]}")
 bad=0
 
 complain() { # $1 says what is wrong; standard input lists it
@@ -46,7 +46,11 @@ complain "Links to nowhere" < <(
         done
     done
 )
+complain "Named in CONTRIBUTING.md, but not there" < <(
+    grep -oE '`[A-Za-z0-9_./-]+/[A-Za-z0-9_./-]*`' CONTRIBUTING.md | tr -d '`' | sort -u |
+        while read -r path; do [ -e "$path" ] || [ -e "src/$path" ] || echo "$path"; done
+)
 complain "Longer than 100 columns" < <(
-    grep -nE '^.{101}' CHANGELOG.md "${pages[@]}"
+    grep -nE '^[^|].{100}' CONTRIBUTING.md CHANGELOG.md "${pages[@]}"
 )
 exit $bad
