@@ -30,7 +30,8 @@ complain "Bold in docs/guide, but no caption" < <(
 )
 complain "In quotes in docs/guide, but said by no screen" < <(
     for page in "${pages[@]}"; do
-        joined "$page" | sed 's/\*Chapter "[^"]*"/ /g' | grep -oE '"[^"]+"' | tr -d '"' || true
+        joined "$page" | sed -E 's/\*Chapter "[^"]*"|<[^>]*>/ /g' | grep -oE '"[^"]+"' | tr -d '"' ||
+            true
     done | sort -u | while read -r text; do
         grep -qF -- "$text" <<<"$literals" || echo "$text"
     done
@@ -41,9 +42,10 @@ complain "No such chapter in Horsehelp.txt" < <(
 )
 complain "Links to nowhere" < <(
     for page in "${linking[@]}"; do
-        grep -oE '\]\([^):#]+' "$page" | cut -c3- | while read -r target; do
-            [ -e "$(dirname "$page")/$target" ] || echo "$page: $target"
-        done
+        grep -oE '(\]\(|src=")[^):#"]+' "$page" | sed -E 's/^(\]\(|src=")//' |
+            while read -r target; do
+                [ -e "$(dirname "$page")/$target" ] || echo "$page: $target"
+            done
     done
 )
 complain "Named in CONTRIBUTING.md, but not there" < <(
