@@ -3,7 +3,7 @@
 # is thrown away, since it points to where it was.
 # Usage: configure.sh PRESET [FOLDER [CMAKE_OPTION...]]   (default: build/PRESET)
 set -euo pipefail
-cd "$(dirname "$0")/.."
+cd -P "$(dirname "$0")/.."
 preset=$1
 build=${2:-$PWD/build/$preset}
 

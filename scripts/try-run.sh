@@ -77,6 +77,9 @@ expect 0 STARTED "two words"
 ln -s "$folder/run.sh" "$work/link"
 run "from elsewhere, by a link" bash -c "cd / && '$work/link'"
 expect 0 STARTED
+ln -s "$folder" "$work/way"
+run "a link to the folder" "$work/way/scripts/configure.sh" release
+expect 0 "no:anew"
 
 mv "$folder" "$work/It's moved"
 folder="$work/It's moved"
