@@ -5,6 +5,7 @@ cd "$(dirname "$(readlink -f "$0")")"
 
 groups=(run)
 [ -z "${WAYLAND_DISPLAY:-}" ] || groups+=(wayland)
+[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || groups+=(display)
 scripts/install-packages.sh "${groups[@]}"
 
 build=$PWD/build/release

@@ -17,12 +17,19 @@ declare -A groups=(
     [share]="samba smbclient cifs-utils"
 )
 
-# Where there is no apt, what builds and runs the program may be there under other names.
+# Where there is no apt, what these groups are for may be there under other names.
+declare -A commands=([run]="c++ cmake ninja" [wayland]="" [display]="Xvnc openbox")
+all_there() {
+    local group tool
+    for group in "$@"; do
+        [ -v "commands[$group]" ] || return 1
+        for tool in ${commands[$group]}; do
+            command -v "$tool" >/dev/null || return 1
+        done
+    done
+}
 without_apt() {
-    local runs="^( (run|wayland))+ $"
-    if [[ " $* " =~ $runs ]] && command -v c++ && command -v cmake && command -v ninja; then
-        exit 0
-    fi >/dev/null
+    all_there "$@" && exit
     echo "This system has no apt. Please install what these packages of Debian hold, and try again:"
     for group in "$@"; do
         echo "    ${groups[$group]}"
@@ -30,7 +37,8 @@ without_apt() {
     echo "What builds and runs the program is called elsewhere:
     Fedora    gcc-c++ cmake ninja-build qt6-qtbase-devel qt6-qtwayland liberation-fonts
     openSUSE  gcc-c++ cmake ninja qt6-base-devel qt6-wayland liberation-fonts
-    Arch      gcc cmake ninja qt6-base qt6-wayland ttf-liberation"
+    Arch      gcc cmake ninja qt6-base qt6-wayland ttf-liberation
+and for a virtual display: tigervnc-server (Arch: tigervnc) openbox"
     exit 1
 } >&2
 command -v apt-get >/dev/null && command -v dpkg-query >/dev/null || without_apt "$@"

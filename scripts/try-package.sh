@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the package into a bare system of its own, starts it there as a plain user by the command of
 # its desktop entry, takes a bet with the keyboard alone, and prints the receipt.
-# Usage: try-package.sh [BASE.tar]   (default: debootstrap fetches the bare system, about two minutes)
+# Usage: try-package.sh [BASE.tar]   (default: debootstrap fetches the bare system, a few minutes)
 # Nothing is left but the receipt and a picture of the screen, in build/try-package.
 set -euo pipefail
 cd "$(dirname "$0")/.."

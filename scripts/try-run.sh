@@ -126,6 +126,9 @@ expect 1 "fonts-liberation qt6-wayland"
 rm "$tools/apt-get" "$tools/dpkg-query"
 run "without apt, with all there" env PATH="$tools" "$folder/run.sh"
 expect 0 STARTED
+rm "$tools/Xvnc"
+run "without apt and display" env -u DISPLAY PATH="$tools" "$folder/run.sh"
+expect 1 "no apt" tigervnc no:STARTED
 rm "$tools/cmake"
 run "without apt and CMake" env PATH="$tools" "$folder/run.sh"
 expect 1 "no apt" qt6-base-dev Fedora no:STARTED
