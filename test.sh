@@ -11,6 +11,24 @@ step() { # $1 names the step, the rest is its command
     echo "   took $((SECONDS - began)) s"
 }
 
+# Steps that are done at the same time, each as "name: command".
+together() {
+    local began=$SECONDS failed=0 logs index=0 step waiting=()
+    logs=$(mktemp -d)
+    for step in "$@"; do
+        ${step#*: } >"$logs/${#waiting[@]}" 2>&1 &
+        waiting+=($!)
+    done
+    for step in "$@"; do
+        echo "== ${step%%: *}"
+        wait "${waiting[index]}" || failed=1
+        cat "$logs/$((index++))"
+    done
+    rm -r "$logs"
+    echo "   took $((SECONDS - began)) s together"
+    return $failed
+}
+
 style() {
     scripts/check-format.sh
     scripts/check-includes.sh
@@ -24,11 +42,11 @@ build() { # $1 is a preset
 
 scripts/install-packages.sh run display test windows package
 step "Style and structure" style
-step "./run.sh in odd places" scripts/try-run.sh
 step "Build as released, warnings are errors" build release
-step "clang-tidy" scripts/check-tidy.sh build/release
-step "Read by a compiler for Windows" scripts/check-windows.sh build/release
-step "Package for Debian" scripts/make-package.sh
+together "./run.sh in odd places: scripts/try-run.sh" \
+    "clang-tidy: scripts/check-tidy.sh build/release" \
+    "Read by a compiler for Windows: scripts/check-windows.sh build/release" \
+    "Package for Debian: scripts/make-package.sh"
 step "Build with the address and undefined behaviour sanitizers" build asan
 
 echo "== Tests under the sanitizers"
