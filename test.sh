@@ -37,7 +37,7 @@ style() {
 
 build() { # $1 is a preset
     scripts/configure.sh "$1" "$PWD/build/$1" -DCMAKE_COMPILE_WARNING_AS_ERROR=ON
-    cmake --build --preset "$1" -- --quiet
+    cmake --build --preset "$1" --parallel "$(nproc)" -- --quiet
 }
 
 scripts/install-packages.sh run display test windows package
@@ -50,5 +50,5 @@ together "./run.sh in odd places: scripts/try-run.sh" \
 step "Build with the address and undefined behaviour sanitizers" build asan
 
 echo "== Tests under the sanitizers"
-export ASAN_OPTIONS=detect_leaks=0
+export ASAN_OPTIONS=detect_leaks=0:malloc_context_size=5
 ctest --preset asan -j "$(nproc)"
