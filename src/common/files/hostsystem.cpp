@@ -9,10 +9,12 @@
 #include <QHostAddress>
 #include <QHostInfo>
 #include <QLibrary>
+#include <QMutex>
 #include <QStorageInfo>
 #include <QThread>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 
@@ -73,10 +75,12 @@ QList<NetworkMount> networkMounts()
     };
 #ifdef Q_OS_LINUX
     FILE *list = setmntent("/proc/self/mounts", "re");
-    while (const mntent *mount = list ? getmntent(list) : nullptr)
-        add(networkMount(QString::fromLocal8Bit(mount->mnt_fsname),
-                         QString::fromLocal8Bit(mount->mnt_dir),
-                         QString::fromLocal8Bit(mount->mnt_opts)));
+    mntent mount = {};
+    std::array<char, 16384> texts; // of one line: the odds board looks from a thread of its own
+    while (list && getmntent_r(list, &mount, texts.data(), int(texts.size())))
+        add(networkMount(QString::fromLocal8Bit(mount.mnt_fsname),
+                         QString::fromLocal8Bit(mount.mnt_dir),
+                         QString::fromLocal8Bit(mount.mnt_opts)));
     if (list)
         endmntent(list);
     const QDir shown("/run/user/"_L1 + QString::number(getuid()) + "/gvfs"_L1);
@@ -92,14 +96,18 @@ QList<NetworkMount> networkMounts()
 // Asked once for each name: the answer may take its time.
 QStringList addressesOf(const QString &computer)
 {
+    static QMutex mutex; // any thread may ask
     static QHash<QString, QStringList> known;
-    if (!known.contains(computer)) {
-        QStringList addresses;
-        for (const QHostAddress &address : QHostInfo::fromName(computer).addresses())
-            addresses.append(address.toString());
-        known.insert(computer, addresses);
+    {
+        const QMutexLocker lock(&mutex);
+        if (const auto found = known.constFind(computer); found != known.constEnd())
+            return *found;
     }
-    return known.value(computer);
+    QStringList addresses;
+    for (const QHostAddress &address : QHostInfo::fromName(computer).addresses())
+        addresses.append(address.toString());
+    const QMutexLocker lock(&mutex);
+    return *known.insert(computer, addresses);
 }
 
 } // namespace
