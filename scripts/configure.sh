@@ -20,8 +20,13 @@ if ! mkdir -p "$build" 2>/dev/null || [ ! -w "$build" ]; then
     echo "The folder $build cannot be written to." >&2
     exit 1
 fi
-cmake --preset "$preset" -B "$build" "${@:3}" >"$build/configure.log" 2>&1 || {
-    cat "$build/configure.log" >&2
-    echo "The build could not be prepared; the reason is above." >&2
-    exit 1
+configure() {
+    cmake --preset "$preset" -B "$build" "$@" >"$build/configure.log" 2>&1 || {
+        cat "$build/configure.log" >&2
+        echo "The build could not be prepared; the reason is above." >&2
+        exit 1
+    }
 }
+configure "${@:3}"
+# With another compiler than the last time CMake forgets all settings, those of the preset too.
+! grep -q "require your cache to be deleted" "$build/configure.log" || configure "${@:3}"

@@ -111,7 +111,7 @@ private:
     }
     void open(const QString &name)
     {
-        m_desks[m_desk]->open(name);
+        m_desks[std::size_t(m_desk)]->open(name);
         QCoreApplication::processEvents();
     }
     void openRace(const QString &name, int race)

@@ -60,8 +60,9 @@ QByteArray page(const QByteArray &body, const QByteArray &status = "200 OK")
            + QByteArray::number(body.size()) + "\r\n\r\n" + body;
 }
 
-const QByteArray card = "\"1\",\"1\",\"ALPHA\"\r\n\"2\",\"1A\",\"BETA\"\r\n\"0\",\"9\",\"ZERO\"\r\n"
-                        "\"22\",\"9\",\"HIGH\"\r\n\"END\"\r\n\"3\",\"3\",\"GAMMA\"\r\n\"END\"\r\n";
+const QByteArray published =
+    "\"1\",\"1\",\"ALPHA\"\r\n\"2\",\"1A\",\"BETA\"\r\n\"0\",\"9\",\"ZERO\"\r\n"
+    "\"22\",\"9\",\"HIGH\"\r\n\"END\"\r\n\"3\",\"3\",\"GAMMA\"\r\n\"END\"\r\n";
 
 // Everything that is in the event directory, Saved included, but for the address.
 QMap<QString, QByteArray> allFiles(const TestEvent &event)
@@ -152,7 +153,7 @@ private slots:
     {
         TestEvent event;
         for (const QByteArray &answer :
-             {page(card, "404 Not Found"),
+             {page(published, "404 Not Found"),
               page("\xef\xbb\xbf \n<html>\n1,2,\"sign in\"\nEND\n</html>"),
               page("\"0\",\"1\",\"ZERO\"\r\n\"END\""), page("5 servers are down"),
               page("1,1,\"sign in\"\r\n")}) {
@@ -170,7 +171,7 @@ private slots:
     {
         TestEvent event;
         const WebServer server(
-            page(card + QByteArray("\"22\",\"9\",\"HIGH\"\r\n").repeated(21) + "\"END\"\r\n"));
+            page(published + QByteArray("\"22\",\"9\",\"HIGH\"\r\n").repeated(21) + "\"END\"\r\n"));
         QWidget *screen = openScreen(event, server);
         event.boxes.expect(u"Invalid post position - download error"_s, u"Horses"_s);
         for (int told = 1; told < 20; ++told)
@@ -189,7 +190,7 @@ private slots:
         event.writeTwins(u"Horses Race1"_s, old);
         event.writeTwins(u"Bets Race1"_s, "1,5,1,2\r\n");
         event.write(u"Multibets Race4"_s, "1,2,0,\"EX\",2,1\r\n");
-        const WebServer server(page(card));
+        const WebServer server(page(published));
         QWidget *screen = openScreen(event, server);
         QTRY_COMPARE(fieldText(screen, u"txthorse_4"_s), u"OLD HORSE"_s);
         event.boxes.expect(u"Invalid post position - download error"_s, u"Horses"_s);
@@ -197,7 +198,7 @@ private slots:
         event.boxes.expect(u"Download successful. Check track program for last minute changes."_s,
                            u"TRELAWN"_s);
         clickButton(screen, u"cmdGo"_s);
-        QCOMPARE(event.read(u"postboard"_s), '"' + card + "\"\r\n");
+        QCOMPARE(event.read(u"postboard"_s), '"' + published + "\"\r\n");
         QVERIFY(event.read(u"Horses Race1"_s)
                     .startsWith("1,1,\"1 \",\"ALPHA\"\r\n2,1,\"1A\",\"BETA\"\r\n"
                                 "3,0,\"  \",\"zzz\"\r\n"));
@@ -211,7 +212,7 @@ private slots:
                  u"Bets are already placed on Race1, Race4: check the horses there"_s);
         // The same card again replaces nothing, so that nothing more goes to Saved.
         const auto files = allFiles(event);
-        saveDownload(event.session, card);
+        saveDownload(event.session, published);
         QCOMPARE(allFiles(event), files);
     }
 

@@ -150,10 +150,10 @@ private:
                 QCoreApplication::applicationFilePath(),
                 {u"part"_s, share.path(), QString::number(placer), QString::number(int(isShare))});
         }
-        for (const auto &part : parts) {
-            QVERIFY(part->waitForFinished(100'000));
-            QCOMPARE(part->exitStatus(), QProcess::NormalExit);
-            QCOMPARE(part->exitCode(), 0);
+        for (const auto &placing : parts) {
+            QVERIFY(placing->waitForFinished(100'000));
+            QCOMPARE(placing->exitStatus(), QProcess::NormalExit);
+            QCOMPARE(placing->exitCode(), 0);
         }
 
         if (isShare)

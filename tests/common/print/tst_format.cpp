@@ -22,7 +22,7 @@ private slots:
         rows("half cent away from zero", -2.675, false, "$#,##0.00", u"-$2.68"_s);
         rows("half a cent", 0.005, false, "$#,##0.00", u"$0.01"_s);
         rows("carry", 999.995, false, "$#,##0.00", u"$1,000.00"_s);
-        rows("single noise is no cent", 0.1F * 3, true, "$#,##0.00", u"$0.30"_s);
+        rows("single noise is no cent", double(0.1F * 3), true, "$#,##0.00", u"$0.30"_s);
         rows("beyond seven digits", 16777216, true, "$#,##0.00", u"$16,777,220.00"_s);
         rows("no number", qQNaN(), false, "$#,##0.00", u"$0.00"_s);
         for (const auto &[row, value, single, pattern, text] : rows) {
