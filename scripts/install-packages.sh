@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs by apt what the named groups of packages lack; nothing when all is there.
 # Usage: install-packages.sh GROUP..., with the groups run, wayland, display, test, windows, package, root,
-# icons, bench and share.
+# icons, guide, bench and share.
 set -euo pipefail
 
 declare -A groups=(
@@ -14,6 +14,7 @@ declare -A groups=(
     [package]="lintian desktop-file-utils appstream man-db dpkg-dev"
     [root]="debootstrap xvfb openbox xdotool imagemagick cups-daemon cups-client poppler-utils"
     [icons]="librsvg2-bin"
+    [guide]="librsvg2-bin poppler-utils"
     [share]="samba smbclient cifs-utils"
 )
 

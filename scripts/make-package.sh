@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 scripts/install-packages.sh run package
 scripts/configure.sh release
 cmake --build --preset release -- --quiet
+scripts/make-guide.sh
 folder=build/release/package
 rm -rf "$folder"
 cpack --config build/release/CPackConfig.cmake -B "$folder" >"build/release/cpack.log" 2>&1 ||
