@@ -1,6 +1,7 @@
 #include "ui/controls.h"
 
 #include "ui/colors.h"
+#include "ui/displayfield.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -294,10 +295,7 @@ QLineEdit *makeField(QWidget *parent, const QString &name, const QString &toolTi
 
 QLineEdit *makeDisplay(QWidget *parent, const QString &name, const QString &toolTip)
 {
-    QLineEdit *field = makeField(parent, name, toolTip);
-    field->setReadOnly(true);
-    field->setFocusPolicy(Qt::ClickFocus);
-    return field;
+    return named(new DisplayField(parent), name, toolTip);
 }
 
 QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,

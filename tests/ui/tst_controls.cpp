@@ -65,6 +65,19 @@ private slots:
         QVERIFY(!line->isWarning() && !line->font().bold() && line->contentsRect().left() == 0);
     }
 
+    // The first letter of an amount that is too long for its field can still be seen.
+    void longAmounts()
+    {
+        QWidget form;
+        QLineEdit *field = makeDisplay(&form, u"txtbet"_s);
+        field->setAlignment(Qt::AlignRight);
+        field->resize(field->fontMetrics().horizontalAdvance(u"$3,456.00"_s), 24);
+        field->setText(u"$123,456.00"_s);
+        const QImage image = field->grab().toImage();
+        field->setText(u"$923,456.00"_s);
+        QVERIFY(field->grab().toImage() != image);
+    }
+
     // Letters are handed on so that each button with a letter gets one of its own.
     void altLetters()
     {

@@ -1,12 +1,29 @@
 #include "board/parts/keepawake.h"
 
+#include "common/files/hostsystem.h"
+
+#ifdef QT_DBUS_LIB
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#endif
 
 using namespace Qt::StringLiterals;
 
+KeepAwake::KeepAwake()
+{
+    keepDisplayOn(true);
+    askDesktop();
+}
+
+KeepAwake::~KeepAwake()
+{
+    releaseDesktop();
+    keepDisplayOn(false);
+}
+
+#ifdef QT_DBUS_LIB
 namespace {
 
 QDBusMessage callOf(const QString &method, const QVariantList &arguments)
@@ -27,7 +44,7 @@ bool hasSessionBus()
 
 } // namespace
 
-KeepAwake::KeepAwake()
+void KeepAwake::askDesktop()
 {
     if (!hasSessionBus())
         return;
@@ -42,8 +59,12 @@ KeepAwake::KeepAwake()
     });
 }
 
-KeepAwake::~KeepAwake()
+void KeepAwake::releaseDesktop()
 {
     if (m_cookie)
         QDBusConnection::sessionBus().send(callOf(u"UnInhibit"_s, {*m_cookie}));
 }
+#else
+void KeepAwake::askDesktop() {}
+void KeepAwake::releaseDesktop() {}
+#endif

@@ -4,7 +4,8 @@
 
 #include <optional>
 
-// While one lives, the system does not darken or lock the display, where it has a service to ask.
+// While one lives, the system does not darken or lock the display, where it or its desktop has a
+// service to ask.
 class KeepAwake : public QObject
 {
     Q_OBJECT
@@ -14,5 +15,8 @@ public:
     ~KeepAwake() override;
 
 private:
-    std::optional<uint> m_cookie; // of the request that was granted
+    void askDesktop();
+    void releaseDesktop();
+
+    std::optional<uint> m_cookie; // of the desktop's promise
 };

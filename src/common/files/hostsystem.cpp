@@ -315,6 +315,16 @@ bool hasNativeDrives()
 #endif
 }
 
+void keepDisplayOn(bool on)
+{
+#ifdef Q_OS_WIN
+    constexpr EXECUTION_STATE wanted = ES_DISPLAY_REQUIRED | ES_SYSTEM_REQUIRED;
+    SetThreadExecutionState(on ? ES_CONTINUOUS | wanted : ES_CONTINUOUS);
+#else
+    Q_UNUSED(on);
+#endif
+}
+
 bool printSystemTookJob()
 {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)

@@ -60,6 +60,10 @@ QString mountedShare(const QString &computer, const QString &share);
 // True where C:\ and \\NAME\ paths are the system's own and need no mapping.
 bool hasNativeDrives();
 
+// Asks the system itself to leave the display on, or not to care any more. Nothing happens where
+// only the desktop can be asked.
+void keepDisplayOn(bool on);
+
 // Whether the print system accepted the job that this thread handed it last. True where the system
 // has no answer to ask for.
 bool printSystemTookJob();
