@@ -25,7 +25,7 @@ void DisplayField::paintEvent(QPaintEvent *event)
     if (needed <= inside.width() || hasFocus())
         return QLineEdit::paintEvent(event);
 
-    constexpr double smallest = 0.6; // of the field's letters
+    constexpr double smallest = 0.5; // of the field's letters
     QFont smaller = font();
     smaller.setPointSizeF(font().pointSizeF() * std::max(smallest, 0.99 * inside.width() / needed));
     QPainter painter(this);
