@@ -65,13 +65,6 @@ QString noPlaceReason(const BettorTable &bettors, int bettorLimit)
                           : QString(numbered + " has no place: it is taken by "_L1 + owner);
 }
 
-int addBettor(BettorTable &bettors, const QString &name)
-{
-    const int number = bettors.nextNumber++;
-    bettors.setSlot(number, {number, name});
-    return number;
-}
-
 void markBettorDeleted(BettorTable &bettors, const QString &name)
 {
     if (const int slot = bettors.slotOf(name))

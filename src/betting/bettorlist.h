@@ -13,10 +13,6 @@ QString bettorNameFor(const QString &typed);
 // belongs to another bettor. Empty when there is a place.
 QString noPlaceReason(const BettorTable &bettors, int bettorLimit);
 
-// Stores a new bettor under the next number, in the slot of that number; the place must be free.
-// Returns the number.
-int addBettor(BettorTable &bettors, const QString &name);
-
 // Marks the slot of the name as deleted: number 999, no name.
 void markBettorDeleted(BettorTable &bettors, const QString &name);
 

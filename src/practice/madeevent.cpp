@@ -50,10 +50,8 @@ void addGuests(Session &session)
         session, RecordFile::Bettors, 0,
         [&](const QByteArray &onFile) {
             BettorTable bettors = BettorTable::parse(onFile, session.settings.bettorLimit);
-            for (const QString &name : guestNames()) {
-                const int number = bettors.nextNumber++;
-                bettors.setSlot(number, {number, name});
-            }
+            for (const QString &name : guestNames())
+                addBettor(bettors, name);
             return std::optional(TwinRecords(bettors.records()));
         },
         u"Bettors input"_s, u"Bettors output"_s, u"Bettorsbackup output"_s);

@@ -163,6 +163,13 @@ QByteArray newBettorRecords()
     return record({anyBettorNumber, anyBettorName()});
 }
 
+int addBettor(BettorTable &bettors, const QString &name)
+{
+    const int number = bettors.nextNumber++;
+    bettors.setSlot(number, {number, name});
+    return number;
+}
+
 QString badBettorNumber(const QString &number)
 {
     return number + u" Bad Bettor Number"_s;

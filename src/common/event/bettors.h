@@ -76,6 +76,10 @@ private:
     QList<QByteArray> m_damaged;
 };
 
+// Stores a new bettor under the next number, in the slot of that number; the place must be free.
+// Returns the number.
+int addBettor(BettorTable &bettors, const QString &name);
+
 // What stands for the name of a number that no bettor carries: "12 Bad Bettor Number".
 QString badBettorNumber(const QString &number);
 
