@@ -14,8 +14,7 @@ constexpr auto longestEnd = 2s; // that a closing board waits for a look under w
 } // namespace
 
 BoardLooker::BoardLooker()
-    : m_watcher(this)
-    , m_every(this)
+    : m_every(this)
     , m_soon(this)
 {
     m_every.setInterval(betweenLooks);
@@ -23,16 +22,25 @@ BoardLooker::BoardLooker()
     m_soon.setSingleShot(true);
     connect(&m_every, &QTimer::timeout, this, &BoardLooker::look);
     connect(&m_soon, &QTimer::timeout, this, &BoardLooker::look);
+}
+
+// Windows tells the thread in which a watcher was made, and goes on to do so when it ends in
+// another.
+void BoardLooker::begin()
+{
+    m_watcher = new QFileSystemWatcher(this);
     const auto lookSoon = [this] {
         if (!m_soon.isActive())
             m_soon.start();
     };
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, lookSoon);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, lookSoon);
+    connect(m_watcher, &QFileSystemWatcher::fileChanged, this, lookSoon);
+    connect(m_watcher, &QFileSystemWatcher::directoryChanged, this, lookSoon);
 }
 
 void BoardLooker::follow(const BoardWish &wish)
 {
+    if (!m_watcher)
+        begin();
     m_wish = wish;
     look();
     m_every.start();
@@ -49,15 +57,15 @@ void BoardLooker::look()
 
 void BoardLooker::watchFiles()
 {
-    const QStringList watched = m_watcher.files() + m_watcher.directories();
+    const QStringList watched = m_watcher->files() + m_watcher->directories();
     const QSet<QString> before(watched.begin(), watched.end());
     const QStringList paths = m_reader.watched();
     const QSet<QString> now(paths.begin(), paths.end());
     if (const auto left = before - now; !left.isEmpty())
-        m_watcher.removePaths(left.values());
+        m_watcher->removePaths(left.values());
     for (const QString &path : now - before) {
         if (QFileInfo::exists(path))
-            m_watcher.addPath(path);
+            m_watcher->addPath(path);
     }
 }
 

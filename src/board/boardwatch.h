@@ -26,13 +26,14 @@ signals:
     void looked(); // each time, changed or not
 
 private:
+    void begin();
     void look();
     void watchFiles();
 
     BoardReader m_reader;
     BoardWish m_wish;
-    QFileSystemWatcher m_watcher; // tells at once where the system can tell
-    QTimer m_every;               // where it cannot
+    QFileSystemWatcher *m_watcher = nullptr; // tells at once where the system can tell
+    QTimer m_every;                          // where it cannot
     QTimer m_soon;
 };
 
