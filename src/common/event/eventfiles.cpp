@@ -222,12 +222,13 @@ void thinCopies(const QString &folder, const QString &file, const QDate &today)
 
 QString keepInSaved(Session &session, const QString &path)
 {
-    if (QFileInfo(path).size() == 0)
+    const QFileInfo info(path);
+    if (!info.exists() || (info.isFile() && info.size() == 0))
         return {};
     const QByteArray bytes = readRecordFile(path);
     const QString folder = savedFolder(session);
     makeFolder(folder);
-    const QString file = QFileInfo(path).fileName();
+    const QString file = info.fileName();
     const QDateTime now = QDateTime::currentDateTime();
     const QString stem = file + u' ' + now.toString(u"yyyy-MM-dd HH.mm.ss.zzz"_s);
     QString name = stem;
