@@ -127,7 +127,7 @@ FolderLock::~FolderLock()
     m_ends.notify_all();
     m_life.join();
     if (!m_lost && (!wasQuietFor(m_times.stale / 2) || isOurs()))
-        QFile::remove(m_path);
+        patiently([this] { return QFile::remove(m_path); });
 }
 
 // False when somebody else has the lock.

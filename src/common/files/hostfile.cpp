@@ -225,20 +225,26 @@ FileError openError(const QString &path, ErrorNumber reason)
 HostFile::HostFile(const QString &path, Mode mode, Links links)
 {
     const Opening opening = mode == Mode::Read ? Opening::Read : Opening::Append;
-    m_handle = qintptr(uninterrupted([&] { return openFile(path, opening, links); }));
-    if (m_handle == notOpen)
+    const auto open = [&] {
+        m_handle = qintptr(uninterrupted([&] { return openFile(path, opening, links); }));
+        return m_handle != notOpen;
+    };
+    if (!patiently(open, Held::InUse))
         throw openError(path, systemError());
 }
 
 std::unique_ptr<HostFile> HostFile::createNew(const QString &path)
 {
-    const auto handle =
-        qintptr(uninterrupted([&] { return openFile(path, Opening::Create, Links::Followed); }));
-    if (handle == notOpen && existsAlready())
-        return {};
-    if (handle == notOpen)
+    qintptr handle = notOpen;
+    // On Windows a name stays taken, and is denied, while somebody still reads what was deleted.
+    const auto create = [&] {
+        handle = qintptr(
+            uninterrupted([&] { return openFile(path, Opening::Create, Links::Followed); }));
+        return handle != notOpen || existsAlready();
+    };
+    if (!patiently(create))
         throw openError(path, systemError());
-    return std::unique_ptr<HostFile>(new HostFile(handle));
+    return handle == notOpen ? nullptr : std::unique_ptr<HostFile>(new HostFile(handle));
 }
 
 HostFile::~HostFile()

@@ -18,7 +18,8 @@ inline constexpr qint64 largestFile = 64LL << 20; // bytes
 // An ordinary file that is open as long as this object lives, without a buffer: what a function
 // does is on its way when it returns, in one call to the system, because on a slow share calls are
 // what takes the time. Everything throws FileError: 76 for a missing folder, 53 for a missing
-// file, 75 for a folder, a device, a pipe or a refused link in its place. Opening never waits.
+// file, 75 for a folder, a device, a pipe or a refused link in its place. Opening waits
+// for nothing but another program that has the file to itself: about 2 s, then 70.
 class HostFile
 {
 public:

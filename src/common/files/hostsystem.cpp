@@ -46,13 +46,14 @@ bool isDeadShare(int code)
 #endif
 }
 
-bool isHeldByAnother()
+bool isHeldByAnother(Held held)
 {
 #ifdef Q_OS_WIN
     const DWORD code = GetLastError();
-    return code == ERROR_ACCESS_DENIED || code == ERROR_SHARING_VIOLATION
-           || code == ERROR_LOCK_VIOLATION;
+    return code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION
+           || (code == ERROR_ACCESS_DENIED && held == Held::InUseOrDenied);
 #else
+    Q_UNUSED(held);
     return errno == EBUSY || errno == ETXTBSY;
 #endif
 }
@@ -202,7 +203,7 @@ ErrorNumber systemError(ErrorNumber unsaid)
 #endif
 }
 
-bool patiently(const std::function<bool()> &work)
+bool patiently(const std::function<bool()> &work, Held held)
 {
     constexpr qint64 patience = 2000; // milliseconds
     constexpr unsigned long pause = 50;
@@ -212,7 +213,7 @@ bool patiently(const std::function<bool()> &work)
         forgetSystemError();
         if (work())
             return true;
-        if (!isHeldByAnother() || waiting.hasExpired(patience))
+        if (!isHeldByAnother(held) || waiting.hasExpired(patience))
             return false;
         QThread::msleep(pause);
     }

@@ -21,9 +21,13 @@ void forgetSystemError();
 // Why the call after that failed; \a unsaid when the system gave no reason.
 ErrorNumber systemError(ErrorNumber unsaid = ErrorNumber::DeviceIoError);
 
+// How a system says that another program holds a file: to who opens it, that it is in use; to who
+// makes, replaces or deletes it, Windows may say just that access is denied.
+enum class Held { InUse, InUseOrDenied };
+
 // Does what fails as long as another program holds the file: another computer, a virus scanner, a
 // sync client. Tries again for about 2 s; false when it failed, for the reason systemError gives.
-bool patiently(const std::function<bool()> &work);
+bool patiently(const std::function<bool()> &work, Held held = Held::InUseOrDenied);
 
 // Makes a rename or a new name in \a folder survive a power loss, where the system offers it.
 void flushFolder(const QString &folder);
