@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs by apt what the named groups of packages lack; nothing when all is there.
-# Usage: install-packages.sh GROUP..., with the groups run, wayland, display, test, windows, package, root,
-# icons, guide, bench and share.
+# Usage: install-packages.sh GROUP..., with the groups run, wayland, display, test, windows, wine, package,
+# root, icons, guide, bench and share.
 set -euo pipefail
 
 declare -A groups=(
@@ -10,6 +10,7 @@ declare -A groups=(
     [display]="tigervnc-standalone-server openbox"
     [test]="git clang clang-format clang-tidy libclang-rt-dev poppler-utils cups-daemon cups-client xvfb at-spi2-core dbus python3-gi gir1.2-atspi-2.0"
     [windows]="g++-mingw-w64-x86-64-posix"
+    [wine]="wine wine64 dpkg-dev fonts-liberation"
     [bench]="libbenchmark-dev mawk sqlite3"
     [package]="lintian desktop-file-utils appstream man-db dpkg-dev"
     [root]="debootstrap xvfb openbox xdotool imagemagick cups-daemon cups-client poppler-utils"

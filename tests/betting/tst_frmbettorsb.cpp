@@ -68,6 +68,7 @@ private slots:
     // without receipts it is listed.
     void refundWhenTheBackupFails()
     {
+        SKIP_ON_WINDOWS();
         event->session.settings.setReceiptPrinting(false);
         event->write(u"Bets Race1"_s, "2,1,1,5\r\n3,4,2,2\r\n");
         const QString twin = event->path(u"Betsbackup Race1"_s);

@@ -6,6 +6,7 @@
 #include "common/event/racefiles.h"
 #include "common/event/session.h"
 #include "common/files/fileerror.h"
+#include "common/files/hostsystem.h"
 #include "ui/mainwindow.h"
 #include "ui/navigator.h"
 #include "ui/slipprinter.h"
@@ -204,6 +205,11 @@ struct ProgramEntry
 };
 
 // Enters a test class into the program of its folder.
+// What is made with links, or with drives and shares that are folders.
+#define SKIP_ON_WINDOWS()                                                                          \
+    if (hasNativeDrives())                                                                         \
+    QSKIP("Windows has no such thing")
+
 #define TRELAWN_TEST(TestClass)                                                                    \
     static const ProgramEntry entryOf_##TestClass(#TestClass, runTest<TestClass>);
 

@@ -10,7 +10,7 @@ private slots:
     {
         const QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkpath(u"drives/Q"_s));
-        const HostPaths paths(folder.path());
+        const HostPaths paths = HostPaths::sealed(folder.path());
         // The path, where it lies below the data folder, and the error when it lies nowhere.
         const std::tuple<QString, QString, int> cases[] = {
             {u"C:\\Trelawn\\Bets Race1"_s, u"/drives/C/Trelawn/Bets Race1"_s, 0},
@@ -42,6 +42,7 @@ private slots:
 
     void drives()
     {
+        SKIP_ON_WINDOWS();
         const QTemporaryDir folder;
         const QTemporaryDir stick;
         for (const QString &name : {u"drives/Q"_s, u"drives/q"_s, u"drives/Long"_s})

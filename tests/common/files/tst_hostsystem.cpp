@@ -4,6 +4,10 @@
 
 #include <cerrno>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 class tst_hostsystem : public QObject
 {
     Q_OBJECT
@@ -23,10 +27,17 @@ private slots:
     // What another program holds is tried again, what fails for good is not.
     void patience()
     {
-        for (const auto &[error, tries] : {std::pair(EBUSY, 3), std::pair(ENOSPC, 1)}) {
+#ifdef Q_OS_WIN
+        constexpr unsigned long held = ERROR_SHARING_VIOLATION, full = ERROR_DISK_FULL;
+        const auto fail = SetLastError;
+#else
+        constexpr int held = EBUSY, full = ENOSPC;
+        const auto fail = [](int error) { errno = error; };
+#endif
+        for (const auto &[error, tries] : {std::pair(held, 3), std::pair(full, 1)}) {
             int tried = 0;
             const bool done = patiently([&, error = error] {
-                errno = error;
+                fail(error);
                 return ++tried == 3;
             });
             QCOMPARE(tried, tries);

@@ -1,11 +1,14 @@
 #include "common/files/recordfile.h"
 #include "kit/testkit.h"
 
+#ifdef Q_OS_UNIX
 #include <sys/stat.h>
 #include <unistd.h>
+#endif
 
 namespace {
 
+#ifdef Q_OS_UNIX
 // Takes the privileges away that let a system's administrator write where others may not.
 class OrdinaryUser
 {
@@ -25,6 +28,7 @@ private:
     static constexpr unsigned nobody = 65534;
     const bool m_lowered;
 };
+#endif
 
 QStringList filesOf(const TestEvent &event)
 {
@@ -55,6 +59,7 @@ private slots:
         QCOMPARE(filesOf(event), (QStringList{u"Bets Race1"_s, u"empty"_s}));
     }
 
+#ifdef Q_OS_UNIX
     // What stands in a record file's place on somebody else's drive.
     void foreignFiles()
     {
@@ -121,6 +126,7 @@ private slots:
         }
     }
 
+#endif
     void stored()
     {
         QCOMPARE(quotedField(u"\"BIG\" AL"_s), QByteArray("\"'BIG' AL\""));
