@@ -34,10 +34,11 @@ build_qt() {
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O1 -DNDEBUG" -DBUILD_SHARED_LIBS=OFF \
         -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no -DINPUT_openssl=no \
         -DFEATURE_opengl=OFF -DFEATURE_vulkan=OFF -DFEATURE_sql=OFF -DFEATURE_dbus=OFF \
-        -DFEATURE_concurrent=OFF -DFEATURE_icu=OFF -DFEATURE_glib=OFF -DFEATURE_tabletevent=OFF -DFEATURE_direct2d=OFF
+        -DFEATURE_concurrent=OFF -DFEATURE_icu=OFF -DFEATURE_glib=OFF -DFEATURE_tabletevent=OFF \
+        -DFEATURE_direct2d=OFF
     cmake --build "$work/qt-build"
     cmake --install "$work/qt-build"
-    mkdir "$qt/lib/fonts"
+    mkdir -p "$qt/lib/fonts"
     cp /usr/share/fonts/truetype/liberation*/*.ttf "$qt/lib/fonts"
     touch "$qt/complete"
 }
@@ -50,16 +51,17 @@ fi
 build=$work/trelawn
 prefix=$work/prefix
 mkdir -p "$prefix"
-emulator="env WINEPREFIX=$prefix WINEDEBUG=-all wine"
+windows=(env "HOME=$prefix" "WINEPREFIX=$prefix" WINEDEBUG=-all wine)
 if [ "$(id -u)" -eq 0 ]; then
     chown -R nobody "$prefix"
-    emulator="setpriv --reuid nobody --clear-groups env HOME=$prefix ${emulator#env }"
+    windows=(setpriv --reuid nobody --clear-groups "${windows[@]}")
 fi
 cmake --preset dev -B "$build" -DCMAKE_TOOLCHAIN_FILE="$qt/lib/cmake/Qt6/qt.toolchain.cmake" \
-    -DCMAKE_EXE_LINKER_FLAGS=-static "-DCMAKE_CROSSCOMPILING_EMULATOR=${emulator// /;}" >"$work/configure.log" 2>&1 ||
+    -DCMAKE_EXE_LINKER_FLAGS=-static \
+    "-DCMAKE_CROSSCOMPILING_EMULATOR=$(IFS=';' && echo "${windows[*]}")" >"$work/configure.log" 2>&1 ||
     { cat "$work/configure.log" && exit 1; }
 cmake --build "$build" -- --quiet
 
-$emulator wineboot --init >/dev/null 2>&1
+"${windows[@]}" wineboot --init >/dev/null 2>&1
 ctest --test-dir "$build" -j "$(nproc)" --output-on-failure ${1:+-R "$(IFS='|' && echo "$*")"}
 echo "The program is $build/src/trelawn.exe"
