@@ -2,7 +2,6 @@
 // Usage: paper DRAWINGS OUTPUT PAGE.md...
 // DRAWINGS holds each drawing NAME.svg of the pages as NAME.png: not every system can show SVG.
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>

@@ -204,12 +204,12 @@ struct ProgramEntry
     ProgramEntry(const char *name, int (*run)(int argc, char *argv[]));
 };
 
-// Enters a test class into the program of its folder.
 // What is made with links, or with drives and shares that are folders.
 #define SKIP_ON_WINDOWS()                                                                          \
     if (hasNativeDrives())                                                                         \
     QSKIP("Windows has no such thing")
 
+// Enters a test class into the program of its folder.
 #define TRELAWN_TEST(TestClass)                                                                    \
     static const ProgramEntry entryOf_##TestClass(#TestClass, runTest<TestClass>);
 
