@@ -1,7 +1,7 @@
 #include "ui/controls.h"
 
 #include "ui/colors.h"
-#include "ui/displayfield.h"
+#include "ui/fittingfield.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -290,12 +290,15 @@ QLabel *makeHeading(QWidget *parent, const QString &name, const QString &text,
 
 QLineEdit *makeField(QWidget *parent, const QString &name, const QString &toolTip)
 {
-    return named(new QLineEdit(parent), name, toolTip);
+    return named(new FittingField(parent), name, toolTip);
 }
 
 QLineEdit *makeDisplay(QWidget *parent, const QString &name, const QString &toolTip)
 {
-    return named(new DisplayField(parent), name, toolTip);
+    QLineEdit *field = makeField(parent, name, toolTip);
+    field->setReadOnly(true);
+    field->setFocusPolicy(Qt::ClickFocus);
+    return field;
 }
 
 QLineEdit *makeBanner(QWidget *parent, const QString &name, const QString &text,

@@ -76,6 +76,11 @@ private slots:
         const QImage image = field->grab().toImage();
         field->setText(u"$923,456.00"_s);
         QVERIFY(field->grab().toImage() != image);
+        // And the last one.
+        field->setText(u"$923,456.09"_s);
+        const QImage cents = field->grab().toImage();
+        field->setText(u"$923,456.04"_s);
+        QVERIFY(field->grab().toImage() != cents);
     }
 
     // Letters are handed on so that each button with a letter gets one of its own.
