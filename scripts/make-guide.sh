@@ -13,7 +13,7 @@ for drawing in docs/guide/*.svg; do
     rsvg-convert --zoom 3 "$drawing" --output "$output/$(basename "$drawing" .svg).png"
 done
 pages=(docs/guide/[a-z]*.md)
-QT_QPA_PLATFORM=offscreen build/release/docs/guide/paper "$output" "$output" "${pages[@]}"
+QT_QPA_PLATFORM=offscreen build/release/docs/guide/paper "$output" "${pages[@]}"
 rm "$output"/*.png
 sheets=$(pdfinfo "$output/cashier.pdf" | sed -n 's/^Pages: *//p')
 [ "$sheets" = 1 ] || { echo "The cashier's page takes $sheets sheets." >&2 && exit 1; }

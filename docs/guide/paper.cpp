@@ -1,6 +1,7 @@
 // Prints the pages of the guide as PDF, for helpers who have a printer but no reader of Markdown.
-// Usage: paper DRAWINGS OUTPUT PAGE.md...
-// DRAWINGS holds each drawing NAME.svg of the pages as NAME.png: not every system can show SVG.
+// Usage: paper FOLDER PAGE.md...
+// FOLDER gets the PDF files, and holds each drawing NAME.svg of the pages as NAME.png: not every
+// system can show SVG.
 
 #include <QDir>
 #include <QFile>
@@ -44,12 +45,12 @@ void changeForms(QTextDocument &page,
 }
 
 // Pictures are wide enough to be understood, drawings as wide as the text.
-QTextCharFormat fitted(QTextImageFormat image, const QDir &folder, const QDir &drawings)
+QTextCharFormat fitted(QTextImageFormat image, const QDir &source, const QDir &folder)
 {
-    const QFileInfo named(folder.filePath(image.name()));
+    const QFileInfo named(source.filePath(image.name()));
     const bool isDrawing = named.suffix() == "svg"_L1;
     const QString file =
-        isDrawing ? drawings.filePath(named.completeBaseName() + ".png"_L1) : named.filePath();
+        isDrawing ? folder.filePath(named.completeBaseName() + ".png"_L1) : named.filePath();
     const QSize size = QImageReader(file).size();
     if (size.isEmpty())
         qFatal("there is no picture %s", qPrintable(file));
@@ -76,7 +77,7 @@ void ruleTables(QTextDocument &page)
     }
 }
 
-void print(const QFileInfo &source, const QDir &drawings, const QDir &output)
+void print(const QFileInfo &source, const QDir &folder)
 {
     QFile file(source.filePath());
     if (!file.open(QIODevice::ReadOnly))
@@ -86,12 +87,12 @@ void print(const QFileInfo &source, const QDir &drawings, const QDir &output)
     page.setMarkdown(QString::fromUtf8(file.readAll()));
     changeForms(page, [&](const QTextCharFormat &form) -> QTextCharFormat {
         if (form.isImageFormat())
-            return fitted(form.toImageFormat(), source.dir(), drawings);
+            return fitted(form.toImageFormat(), source.dir(), folder);
         return form.isAnchor() ? QTextCharFormat() : form; // on paper a link leads nowhere
     });
     ruleTables(page);
 
-    QPdfWriter paper(output.filePath(source.completeBaseName() + ".pdf"_L1));
+    QPdfWriter paper(folder.filePath(source.completeBaseName() + ".pdf"_L1));
     paper.setTitle(page.firstBlock().text());
     paper.setPageSize(QPageSize(QPageSize::Letter));
     paper.setPageMargins({}); // the document leaves two centimeters
@@ -104,7 +105,7 @@ int main(int argc, char *argv[])
 {
     QGuiApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    for (const QString &page : arguments.sliced(3))
-        print(QFileInfo(page), QDir(arguments[1]), QDir(arguments[2]));
+    for (const QString &page : arguments.sliced(2))
+        print(QFileInfo(page), QDir(arguments[1]));
     return 0;
 }

@@ -204,6 +204,21 @@ qint64 uninterrupted(const auto &call)
     return result;
 }
 
+// The handle; notOpen when the file that should be made is there already. On Windows a name stays
+// taken, and is denied, while somebody still reads what was deleted.
+qintptr opened(const QString &path, Opening opening, Links links)
+{
+    const bool isNew = opening == Opening::Create;
+    qintptr handle = notOpen;
+    const auto open = [&] {
+        handle = qintptr(uninterrupted([&] { return openFile(path, opening, links); }));
+        return handle != notOpen || (isNew && existsAlready());
+    };
+    if (!patiently(open, isNew ? Held::InUseOrDenied : Held::InUse))
+        throw openError(path, systemError());
+    return handle;
+}
+
 // What cannot flush (a pipe, some network shares) says so; nothing is lost by that.
 bool isFlushed(qintptr handle)
 {
@@ -223,27 +238,13 @@ FileError openError(const QString &path, ErrorNumber reason)
 }
 
 HostFile::HostFile(const QString &path, Mode mode, Links links)
+    : m_handle(opened(path, mode == Mode::Read ? Opening::Read : Opening::Append, links))
 {
-    const Opening opening = mode == Mode::Read ? Opening::Read : Opening::Append;
-    const auto open = [&] {
-        m_handle = qintptr(uninterrupted([&] { return openFile(path, opening, links); }));
-        return m_handle != notOpen;
-    };
-    if (!patiently(open, Held::InUse))
-        throw openError(path, systemError());
 }
 
 std::unique_ptr<HostFile> HostFile::createNew(const QString &path)
 {
-    qintptr handle = notOpen;
-    // On Windows a name stays taken, and is denied, while somebody still reads what was deleted.
-    const auto create = [&] {
-        handle = qintptr(
-            uninterrupted([&] { return openFile(path, Opening::Create, Links::Followed); }));
-        return handle != notOpen || existsAlready();
-    };
-    if (!patiently(create))
-        throw openError(path, systemError());
+    const qintptr handle = opened(path, Opening::Create, Links::Followed);
     return handle == notOpen ? nullptr : std::unique_ptr<HostFile>(new HostFile(handle));
 }
 

@@ -125,8 +125,8 @@ private slots:
             QCOMPARE(event.read(u"readonly"_s), "1\r\n");
         }
     }
-
 #endif
+
     void stored()
     {
         QCOMPARE(quotedField(u"\"BIG\" AL"_s), QByteArray("\"'BIG' AL\""));
